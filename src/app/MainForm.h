@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/PictureRecorder.h"
+
+namespace velquist::app {
+
+enum class ControlKind { kButton, kLabel, kList, kCheck, kOption, kFrame, kMenu, kPicture };
+
+/// Pixels within the window's client area.
+struct Place {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+  friend bool operator==(const Place&, const Place&) = default;
+};
+
+/// One row of the design layout (FormControlSettings.cpp): what never changes about a control.
+/// Controls are named with views into that table, which lives as long as the program.
+struct ControlDesign {
+  std::string_view name;
+  int index = -1;  ///< place in its control array, -1 for a single control
+  ControlKind kind = ControlKind::kLabel;
+  std::string_view frame;   ///< name of the frame or menu around it, empty at the top
+  int frame_index = -1;
+  Place place;              ///< at a screen of 1280 x 1024; empty for menus
+  int font_size = 0;        ///< pixels of letter height at that screen
+  std::string_view caption; ///< initial text; `&` marks the mnemonic
+  std::string_view spoken;  ///< accessible name where the caption does not say it
+  std::string_view tip;
+  std::string_view shortcut;///< "Ctrl+O"
+};
+
+/// A control as the window shows it. `shown` is the control's own state; a control inside a hidden
+/// frame is hidden all the same (see MainForm::IsShown).
+struct Control {
+  const ControlDesign* design = nullptr;  ///< null for array places that no control fills
+  std::string text;
+  std::vector<std::string> items;  ///< of a list
+  int selection = -1;              ///< of a list, -1 for none
+  bool shown = true;
+  bool enabled = true;
+  bool checked = false;
+  Place place;        ///< scaled for the screen
+  int font_size = 0;  ///< pixels, scaled for the screen
+};
+
+/// Number of entries in the arrays indexed by parameter slot.
+inline constexpr int kSlotControls = 52;
+
+/// What the main window shows, as plain data: every control under its own name. The events write
+/// to it, the front end brings its widgets in line with it.
+struct MainForm {
+  std::string caption;  ///< of the window
+
+  // Indexed by parameter slot; only slots with such a control are filled.
+  std::array<Control, kSlotControls> CmdInc, CmdDec;
+  std::array<Control, kSlotControls> Label1;  ///< value
+  std::array<Control, kSlotControls> Label2;  ///< overall ratio (42 to 47), locking percent (49, 50)
+  std::array<Control, kSlotControls> Label3;  ///< row captions 0 to 22, gear and list captions by slot
+
+  std::array<Control, 4> Combo1;  ///< differential ratio, power angle, coast angle, clutches
+  Control Combo2;                 ///< mod year
+  Control Combo3;                 ///< chassis
+  Control Combo4;                 ///< player
+  Control Combo5;                 ///< track
+  Control Combo6;                 ///< formula
+  Control Combo7;                 ///< installation
+  Control Label4;                 ///< current file name
+  std::array<Control, 7> Label5;  ///< captions of the lists and of the file name
+  std::array<Control, 4> Label6;  ///< headings "Left" and "Right" over the front and rear wheels
+
+  std::array<Control, 2> OptUnits;
+  Control AsymmetricCheck, FineCheck, RollBarConstTotal, SpringStiffnessProportional;
+
+  std::array<Control, 9> Frame1;
+  Control Wings;
+
+  Control PictureChart;   ///< torque and power against rpm
+  Control PictureChart2;  ///< speed bands
+  Control GEMPic1;        ///< car picture
+  Control Picture1;       ///< box of the marquee
+  Control LblMarquee;
+
+  Control MnuFile, MnuNew, MnuOpen, MnuSave, MnuSaveAs, MnuRevert, MnuExport, MnuExit;
+  Control MnuTools, MnuImportChassis, MnuImportDrivetrain, MnuReverse, MnuSaveAsFormat,
+      MnuShortFormat, MnuLongFormat, MnuAddInstall, MnuDeleteInstall;
+  Control MnuHelp, MnuHelp2, MnuAbout;
+
+  // What is drawn in the picture boxes.
+  PictureRecorder chart;        ///< in PictureChart
+  PictureRecorder chart2;       ///< in PictureChart2
+  std::string car_picture;      ///< path of the picture in GEMPic1, empty for none
+
+  /// Every control captioned and placed as at a screen of 1280 x 1024.
+  MainForm();
+
+  /// The control of that name, null when there is none. `index` is -1 for a single control.
+  [[nodiscard]] Control* Find(std::string_view name, int index) noexcept;
+  [[nodiscard]] const Control* Find(std::string_view name, int index) const noexcept;
+
+  /// Shown itself and every frame or menu around it.
+  [[nodiscard]] bool IsShown(const Control& control) const noexcept;
+};
+
+}  // namespace velquist::app

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "app/Globals.h"
+#include "app/MainForm.h"
+#include "edit/StepEditing.h"
+#include "platform/Dialogs.h"
+#include "platform/FileSystem.h"
+#include "platform/System.h"
+
+namespace velquist::app {
+
+/// Everything outside the program, passed in at construction. Outlives the window.
+struct Outside {
+  platform::FileSystem& files;
+  platform::Dialogs& dialogs;
+  platform::Process& process;
+  platform::Clock& clock;
+  platform::Random& random;
+  platform::Screen& screen;
+  platform::PictureLoader& pictures;
+  platform::Resources& resources;
+  std::string program_directory;  ///< without trailing separator
+};
+
+/// The main window without a toolkit: all state, and one member function a user's action, named
+/// after its control. Each public function is one event, handled to completion: what goes wrong in
+/// it is caught and told here, and nothing half done stays.
+class MainWindow {
+ public:
+  explicit MainWindow(Outside outside);
+
+  /// Start-up; `command_line` is empty or the path of one setup file.
+  void Form_Load(std::string_view command_line);
+
+  /// A press of a button or menu item. False when there is no such control or it does nothing.
+  bool Click(std::string_view name, int index = -1);
+  /// The user sets a check box or chooses an option button.
+  bool Check(std::string_view name, int index, bool checked);
+  /// The user chooses an item of a drop-down list; choosing the chosen one is an event too.
+  bool Select(std::string_view name, int index, int selection);
+
+  /// The window's close request. True when the window may go.
+  bool CloseRequested();
+  /// A setup file was dropped on the window.
+  void FileDropped(std::string_view path);
+  /// Called by a timer: moves the marquee when it is due.
+  void Tick();
+  /// The window's client area has this size now.
+  void Resized(int client_width, int client_height);
+
+  [[nodiscard]] const MainForm& Form() const noexcept { return form_; }
+  [[nodiscard]] const Globals& State() const noexcept { return globals_; }
+  /// The program has ended: the window must go and nothing more is handled.
+  [[nodiscard]] bool Ended() const noexcept { return ended_; }
+
+ private:
+  struct Clickable;
+  struct Before;
+
+  // MainWindow.cpp: events
+  template <class Command>
+  void Event(Command&& command);
+  template <class Command>
+  void AllOrNothing(Command&& command);
+  void Fire(const Control& control);
+  void Choose(Control& list, int index);
+  bool ChooseText(Control& list, std::string_view text);
+  void ChooseOrAdd(Control& list, const std::string& name);
+  void SetChecked(Control& box, bool checked);
+  void Tell(std::string_view text, platform::Icon icon);
+  [[noreturn]] void EndWith(std::string_view text, platform::Icon icon);
+
+  // StartUp.cpp: start-up and shut-down
+  void LayOut();
+  void LoadProgramSettings();
+  void ReadSettingsFile(const std::string& path);
+  void FirstRun();
+  void SaveProgramSettings();
+  void DeriveInstallationFromCommandLine();
+  void LoadStartingSetup();
+  bool ReadCommandLineSetup();
+  void TakeStartingSetup();
+  void ApplyStoredUnits();
+  void LoadDefaultSetup();
+  void ReadDataFiles();
+  bool MayClose();
+
+  // Selections.cpp: the lists of the top row
+  void Combo2_Click();
+  void Combo3_Click();
+  void Combo4_Click();
+  void Combo5_Click();
+  void Combo6_Click();
+  void Combo7_Click();
+  void FillPlayersAndTracks();
+  void FillTracks();
+  void ChooseKept(Control& list, int saved);
+  void FillModYears();
+  void ListModYears();
+  void SelectModYear();
+  void FillChassis();
+  void ShowModYearControls();
+  void MnuAddInstall_Click();
+  void MnuDeleteInstall_Click();
+
+  // FileCommands.cpp: between disk and editor
+  void MnuNew_Click();
+  void MnuOpen_Click();
+  void MnuSave_Click();
+  void MnuSaveAs_Click();
+  void MnuRevert_Click();
+  void MnuExport_Click();
+  void MnuImportChassis_Click();
+  void MnuImportDrivetrain_Click();
+  void MnuReverse_Click();
+  void MnuFormat_Click(bool long_format);
+  void OpenPath(const std::string& path);
+  void TakeOpened(const std::string& path, const std::string& name);
+  void Write(const std::string& path, bool convert);
+  bool SaveFirst();
+  std::optional<std::string> AskForSetup();
+  template <class Import>
+  void ImportSetup(Import&& import);
+  [[nodiscard]] std::string SetupDirectory() const;
+  void ShowFileName(std::string name);
+
+  // Editing.cpp: values and options
+  void LoadValues();
+  void ShowSetup();
+  void Step_Click(int slot, edit::Direction direction);
+  void Combo1_Click(int list);
+  void OptUnits_Click();
+  void AsymmetricCheck_Click();
+  void FineCheck_Click();
+  void RollBarConstTotal_Click();
+  void SpringStiffnessProportional_Click();
+  void FillDrivetrainLists();
+  void RefreshDisplay();
+  void ShowSlotValue(int slot);
+  void ShowGear(int slot);
+  void ShowOverallRatio(int slot, int final_drive_row);
+  void ShowLockingPercent();
+  void ShowGearRows();
+  [[nodiscard]] int FinalDriveRow() const;
+
+  // Pictures.cpp: charts, car picture, marquee
+  void DrawCharts();
+  void DrawEngineChart();
+  void DrawSpeedBands();
+  [[nodiscard]] int EngineSlot() const;
+  void ShowCarPicture();
+  void MoveMarquee();
+  void PlaceMarquee();
+  void MnuAbout_Click();
+  void MnuHelp2_Click();
+
+  Outside outside_;
+  Globals globals_;
+  MainForm form_;
+  bool ended_ = false;
+};
+
+}  // namespace velquist::app

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+#include "app/CarPictures.h"
+#include "app/EventEntry.h"
+#include "app/MainWindow.h"
+#include "app/Quotations.h"
+#include "charts/EngineChart.h"
+#include "charts/SpeedBands.h"
+#include "data/ChassisCatalogue.h"
+#include "data/Numbers.h"
+#include "edit/Drivetrain.h"
+#include "setup/SlotTable.h"
+
+namespace velquist::app {
+namespace {
+
+using platform::Icon;
+
+constexpr std::uint64_t kMarqueePause = 30000;  ///< ms from a new quotation to its first step
+constexpr std::uint64_t kMarqueePeriod = 15;    ///< ms from one step to the next
+constexpr int kMarqueeStep = 10;                ///< units to the left
+constexpr int kUnitsPerPixel = 15;
+
+}  // namespace
+
+int MainWindow::EngineSlot() const
+{
+  return data::EngineSlot(globals_.chassis_index, globals_.formula_index)
+      .value_or(globals_.chassis_index);
+}
+
+void MainWindow::DrawCharts()
+{
+  DrawSpeedBands();
+  DrawEngineChart();
+}
+
+void MainWindow::DrawEngineChart()
+{
+  charts::DrawEngineChart(form_.chart, globals_.ModYearIndex, globals_.curve);
+}
+
+/// Recomputes the engine curve, too.
+void MainWindow::DrawSpeedBands()
+{
+  const int engine_slot = EngineSlot();
+  const auto& engine = data::EngineOf(globals_.ModYearIndex, engine_slot);
+  data::ComputeEngineCurve(globals_.ModYearIndex, engine_slot, globals_.curve);
+  std::array<float, data::kMostGears> ratios{};
+  const auto gears = static_cast<std::size_t>(
+      std::min(data::GearCount(globals_.ModYearIndex, engine_slot), data::kMostGears));
+  for (std::size_t gear = 0; gear < gears; ++gear)
+    ratios[gear] = globals_.GearData.Ratio(
+        edit::GearRowOf(globals_.setup_data, setup::kFirstGear + static_cast<int>(gear)));
+  const float final_drive =
+      globals_.GearData.Ratio(edit::GearRowOf(globals_.setup_data, setup::kFinalDrive));
+  globals_.bands = charts::ComputeSpeedBands(
+      globals_.curve, data::ToInt32(engine.maximum_rpm), globals_.ModYearIndex,
+      globals_.chassis_index, std::span(ratios).first(gears), final_drive, globals_.Units != 0);
+  charts::DrawSpeedBands(form_.chart2, globals_.ModYearIndex, globals_.bands);
+}
+
+void MainWindow::ShowCarPicture()
+{
+  const auto path =
+      CarPicturePath(globals_.installation, globals_.ModYearIndex, globals_.chassis_index);
+  if (!path.empty() && outside_.pictures.Load(path).width > 0) {
+    form_.car_picture = path;
+    return;
+  }
+  form_.car_picture.clear();
+  const auto temporary = outside_.program_directory + "\\MyPicture.tmp";
+  try {
+    const auto picture = outside_.resources.Picture();
+    outside_.files.WriteText(
+        temporary, {reinterpret_cast<const char*>(picture.data()), picture.size()});
+    form_.car_picture = temporary;
+  } catch (const FileError&) {
+    // Without a place for the file there is no picture; the setup does not need it.
+  }
+}
+
+/// Picks a quotation and lets it wait beyond the right edge, then moves it to the left until it has
+/// passed the left edge.
+void MainWindow::MoveMarquee()
+{
+  auto& marquee = globals_.marquee;
+  const auto now = outside_.clock.TickCount();
+  Control& label = form_.LblMarquee;
+  if (!marquee.scrolling) {
+    outside_.random.Seed(now);
+    label.text = Quotation(static_cast<int>(outside_.random.Next() * kQuotationCount));
+    marquee = {.scrolling = true,
+               .left = form_.Picture1.place.width * kUnitsPerPixel,
+               .next_step = now + kMarqueePause};
+  }
+  PlaceMarquee();
+  for (; marquee.scrolling && now >= marquee.next_step; marquee.next_step += kMarqueePeriod) {
+    marquee.left -= kMarqueeStep;
+    PlaceMarquee();
+    if (label.place.left + label.place.width < form_.Picture1.place.left) marquee.scrolling = false;
+  }
+}
+
+void MainWindow::PlaceMarquee()
+{
+  Control& label = form_.LblMarquee;
+  PictureRecorder measure;
+  measure.Resize(0, 0, label.font_size);
+  label.place.left = form_.Picture1.place.left + globals_.marquee.left / kUnitsPerPixel;
+  label.place.width = static_cast<int>(std::ceil(measure.Extent(label.text).width)) + 2;
+}
+
+void MainWindow::MnuAbout_Click()
+{
+  Tell("v" + std::to_string(VELQUIST_VERSION_MAJOR) + "." + std::to_string(VELQUIST_VERSION_MINOR) +
+           "." + std::to_string(VELQUIST_VERSION_REVISION) + " by Velquist Project",
+       Icon::kInformation);
+}
+
+void MainWindow::MnuHelp2_Click()
+{
+  outside_.dialogs.ShowHelp();
+}
+
+}  // namespace velquist::app

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "app/Quotations.h"
+
+#include <array>
+#include <cstddef>
+
+#include "platform/Errors.h"
+
+namespace velquist::app {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr auto kQuotations = std::to_array<std::string_view>({
+    "Better to lose honourably in a British car than win in a foreign one. -- Stirling Moss"sv,
+    "Aerodynamics are for people who can't build engines. -- Enzo Ferrari"sv,
+    "Adding power makes you faster on the straights. Subtracting weight makes you faster "
+    "everywhere. -- Colin Chapman"sv,
+    "I would have been a much more popular World Champion if I had always said what people wanted "
+    "to hear. I might have been dead, but definitely more popular. -- Jackie Stewart"sv,
+    "You must always strive to be the best, but you must never believe that you are. "
+    "-- Juan Manuel Fangio"sv,
+    "If you no longer go for a gap that exists, you are no longer a racing driver. "
+    "-- Ayrton Senna"sv,
+    "And suddenly I realised that I was no longer driving the car consciously. I was driving it by "
+    "a kind of instinct, only I was in a different dimension. -- Ayrton Senna"sv,
+    "It is amazing how many drivers, even at the Formula One level, think that the brakes are for "
+    "slowing the car down. -- Mario Andretti"sv,
+    "A lot of people criticize Formula 1 as an unnecessary risk. But what would life be like if we "
+    "only did what is necessary? -- Niki Lauda"sv,
+    "From success, you learn absolutely nothing. From failure and setbacks, conclusions can be "
+    "drawn. -- Niki Lauda"sv,
+    "At no time did we exceed 175 miles per hour. -- Dan Gurney"sv,
+    "There is no doubt about precisely when folks began racing each other in automobiles. It was "
+    "the day they built the second automobile. -- Richard Petty"sv,
+    "To do something well is so worthwhile that to die trying to do it better cannot be foolhardy. "
+    "-- Bruce McLaren"sv,
+    "If someone said to me that you can have three wishes, my first would have been to get into "
+    "racing, my second to be in Formula 1, my third to drive for Ferrari. -- Gilles Villeneuve"sv,
+    "I've always been asked, 'What is my favorite car?' and I've always said, 'The next one.' "
+    "-- Carroll Shelby"sv,
+    "And I've got to stop, because I've got a lump in my throat. -- Murray Walker"sv,
+    "We have to remember these days. There's no guarantee that they will last forever. Enjoy them "
+    "as long as they last. -- Sebastian Vettel"sv,
+    "Winning is everything. The only ones who remember you when you come second are your wife and "
+    "your dog. -- Damon Hill"sv,
+    "I should like to drive a Formula One machine, not for the grand prize, but just to see what "
+    "it is like. I should think it would be jolly good fun! -- Ken Miles"sv,
+    "If Honda does not race, there is no Honda. -- Soichiro Honda"sv,
+    "Boogity, boogity, boogity! Let's go racing, boys! -- Darrell Waltrip"sv,
+    "I feel safer on a race track than I do on Houston's freeways. -- A. J. Foyt"sv,
+    "I've always believed that you should never, ever give up and you should always keep fighting "
+    "even when there's only a slightest chance. -- Michael Schumacher"sv,
+});
+
+static_assert(kQuotations.size() == kQuotationCount);
+
+}  // namespace
+
+std::string_view Quotation(int index)
+{
+  if (index < 0 || index >= kQuotationCount) {
+    throw BoundsError("no quotation of that number");
+  }
+  return kQuotations[static_cast<std::size_t>(index)];
+}
+
+}  // namespace velquist::app

@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <utility>
+
+#include "app/EventEntry.h"
+#include "app/MainWindow.h"
+#include "data/ChassisCatalogue.h"
+#include "install/Installations.h"
+#include "platform/Paths.h"
+#include "setup/Identification.h"
+
+namespace velquist::app {
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+/// Place of the formula list's caption in Label5.
+constexpr std::size_t kFormulaCaption = 3;
+
+/// A saved position, or the first one where the list is shorter.
+int KeptPosition(int saved, const Control& list)
+{
+  return saved >= 0 && static_cast<std::size_t>(saved) < list.items.size() ? saved : 0;
+}
+
+std::int16_t Position(const Control& list)
+{
+  return static_cast<std::int16_t>(list.selection);
+}
+
+/// The form that deletes installations; it shows what the installation list holds.
+class DeleteForm final : public platform::InstallDeleteForm {
+ public:
+  /// `remove` takes a position off the list; false when the program has ended.
+  DeleteForm(const std::vector<std::string>& list, std::function<bool(int)> remove)
+      : list_(list), remove_(std::move(remove))
+  {
+  }
+  [[nodiscard]] const std::vector<std::string>& Items() const override { return list_; }
+  [[nodiscard]] int Selection() const override { return selection_; }
+  void Combo1_Click(int position) override { selection_ = position; }
+  void DeleteButton_Click() override
+  {
+    // The last installation stays.
+    if (list_.size() <= 1 || must_close_) return;
+    must_close_ = !remove_(std::exchange(selection_, 0));
+  }
+  [[nodiscard]] bool MustClose() const override { return must_close_; }
+
+ private:
+  const std::vector<std::string>& list_;
+  std::function<bool(int)> remove_;
+  int selection_ = 0;
+  bool must_close_ = false;
+};
+
+}  // namespace
+
+void MainWindow::FillPlayersAndTracks()
+{
+  form_.Combo4.items = install::ListPlayers(outside_.files, globals_.installation);
+  const auto player = globals_.from_command_line ? install::PlayerOfPath(globals_.command_line)
+                                                 : std::nullopt;
+  if (player)
+    ChooseOrAdd(form_.Combo4, *player);
+  else
+    ChooseKept(form_.Combo4, globals_.player_index);
+  FillTracks();
+}
+
+/// Selects a saved position or the first one; an empty list has no selection.
+void MainWindow::ChooseKept(Control& list, int saved)
+{
+  if (list.items.empty()) {
+    list.selection = -1;
+    list.text.clear();
+  } else {
+    Choose(list, KeptPosition(saved, list));
+  }
+}
+
+void MainWindow::FillTracks()
+{
+  form_.Combo5.items =
+      install::ListTracks(outside_.files, globals_.installation, form_.Combo4.text);
+  if (globals_.from_command_line) {
+    const auto track = platform::FileNameOf(platform::DirectoryOf(globals_.command_line));
+    if (ChooseText(form_.Combo5, track)) return;
+  }
+  ChooseKept(form_.Combo5, globals_.track_index);
+}
+
+void MainWindow::Combo4_Click()
+{
+  if (!globals_.ready) return;
+  globals_.player_index = Position(form_.Combo4);
+  // The track that was chosen last is looked for at the same place in the new player's list; what
+  // stands there now is shown, the number is the user's.
+  const auto track_index = globals_.track_index;
+  FillTracks();
+  globals_.track_index = track_index;
+}
+
+void MainWindow::Combo5_Click()
+{
+  if (!globals_.ready) return;
+  globals_.track_index = Position(form_.Combo5);
+}
+
+void MainWindow::ListModYears()
+{
+  form_.Combo2.items.clear();
+  for (const auto& marker : setup::ModMarkers())
+    if (outside_.files.Exists(globals_.installation + std::string(marker.file)))
+      form_.Combo2.items.emplace_back(setup::ModYearText(marker.ModYearIndex));
+}
+
+void MainWindow::SelectModYear()
+{
+  globals_.filling_mod_years = true;
+  ChooseText(form_.Combo2, setup::ModYearText(globals_.ModYearIndex));
+  globals_.filling_mod_years = false;
+  ShowModYearControls();
+}
+
+/// What is offered for some mod years alone.
+void MainWindow::ShowModYearControls()
+{
+  const bool wings = globals_.ModYearIndex == setup::kModYear1969;
+  form_.Wings.shown = form_.Wings.enabled = wings;
+  const bool gt = globals_.ModYearIndex == setup::kModYearGT;
+  for (Control* control : {&form_.AsymmetricCheck, &form_.MnuReverse})
+    control->shown = control->enabled = !gt;
+  form_.Combo6.shown = !gt;
+  form_.Label5[kFormulaCaption].shown = !gt;
+  if (gt) {
+    globals_.formula_index = 0;
+    if (!form_.Combo6.items.empty()) Choose(form_.Combo6, 0);
+  }
+}
+
+void MainWindow::FillChassis()
+{
+  form_.Combo3.items.clear();
+  for (int slot = 0; slot < data::ChassisCount(globals_.ModYearIndex); ++slot)
+    form_.Combo3.items.emplace_back(data::ChassisName(globals_.ModYearIndex, slot));
+  globals_.chassis_index =
+      static_cast<std::int16_t>(KeptPosition(globals_.chassis_index, form_.Combo3));
+}
+
+void MainWindow::FillModYears()
+{
+  ListModYears();
+  if (globals_.from_command_line) {
+    const auto chassis = setup::ChassisIndexOf(
+        globals_.ModYearIndex, setup::ChassisCodeOf(globals_.command_line));
+    if (chassis) globals_.chassis_index = static_cast<std::int16_t>(*chassis);
+    const auto formula = setup::FormulaIndexOf(globals_.command_line);
+    if (formula) globals_.formula_index = static_cast<std::int16_t>(*formula);
+  }
+  FillChassis();
+  Choose(form_.Combo3, globals_.chassis_index);
+  form_.Combo6.items = {"F1", "F2", "F3"};
+  globals_.formula_index =
+      static_cast<std::int16_t>(KeptPosition(globals_.formula_index, form_.Combo6));
+  Choose(form_.Combo6, globals_.formula_index);
+  SelectModYear();
+}
+
+void MainWindow::Combo2_Click()
+{
+  if (globals_.filling_mod_years) return;
+  const auto mod_year = setup::ModYearOfText(form_.Combo2.text);
+  if (!mod_year) return;
+  globals_.ModYearIndex = static_cast<std::int16_t>(*mod_year);
+  ShowModYearControls();
+  FillChassis();
+  ReadDataFiles();
+  LoadDefaultSetup();
+  ShowSetup();
+  Choose(form_.Combo3, globals_.chassis_index);
+  globals_.changed = false;
+}
+
+void MainWindow::Combo3_Click()
+{
+  if (!globals_.ready) return;
+  globals_.chassis_index = Position(form_.Combo3);
+  ShowCarPicture();
+  ShowGearRows();
+  DrawCharts();
+}
+
+void MainWindow::Combo6_Click()
+{
+  if (!globals_.ready) return;
+  globals_.formula_index = Position(form_.Combo6);
+  ShowGearRows();
+  DrawCharts();
+}
+
+void MainWindow::Combo7_Click()
+{
+  if (!globals_.ready) return;
+  globals_.installation = form_.Combo7.text;
+  globals_.ModYearIndex = setup::kModYear1967;
+  globals_.chassis_index = globals_.formula_index = 0;
+  globals_.player_index = globals_.track_index = 0;
+  globals_.ready = false;
+  FillPlayersAndTracks();
+  ReadDataFiles();
+  LoadDefaultSetup();
+  LoadValues();
+  FillModYears();
+  SetChecked(form_.OptUnits[0], true);
+  FillDrivetrainLists();
+  RefreshDisplay();
+  globals_.ready = true;
+  ShowCarPicture();
+  DrawCharts();
+  globals_.changed = false;
+}
+
+void MainWindow::MnuAddInstall_Click()
+{
+  if (!SaveFirst()) return;
+  const auto chosen = outside_.dialogs.AskOpenFile({.filter = "GPL .exe Files|*.exe",
+                                                    .start = {},
+                                                    .directory = outside_.program_directory});
+  if (!chosen) return;
+  const auto installation = std::string(platform::DirectoryOf(*chosen));
+  if (std::ranges::find(form_.Combo7.items, installation) != form_.Combo7.items.end()) {
+    Tell("This installation directory is already installed.", Icon::kInformation);
+  } else if (!outside_.files.Exists(installation + "\\players")) {
+    Tell("This is not a valid GPL directory as it is missing the Players directory.",
+         Icon::kInformation);
+  } else {
+    AllOrNothing([&] {
+      form_.Combo7.items.push_back(installation);
+      Choose(form_.Combo7, static_cast<int>(form_.Combo7.items.size()) - 1);
+    });
+  }
+}
+
+void MainWindow::MnuDeleteInstall_Click()
+{
+  DeleteForm form(form_.Combo7.items, [&](int position) {
+    Event([&] {
+      AllOrNothing([&] {
+        form_.Combo7.items.erase(form_.Combo7.items.begin() + position);
+        Choose(form_.Combo7, 0);
+      });
+    });
+    return !ended_;
+  });
+  outside_.dialogs.ShowInstallDelete(form);
+}
+
+}  // namespace velquist::app

@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+
+#include "app/EventEntry.h"
+#include "app/FormControlSettings.h"
+#include "app/MainWindow.h"
+#include "data/ReadText.h"
+#include "edit/Display.h"
+#include "install/Installations.h"
+#include "install/ProgramSettings.h"
+#include "platform/Paths.h"
+#include "setup/Identification.h"
+#include "setup/Layouts.h"
+
+namespace velquist::app {
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+constexpr int kNarrowestScreen = 800;
+constexpr int kMostChartLetterHeight = 14;  ///< pixels; the chart's margins have room for no more
+
+constexpr std::string_view kCorruptedSettings =
+    "Your saved Velquist Program Settings.ini file is probably corrupted.  Please delete the file "
+    "and restart Velquist.";
+
+std::string Version()
+{
+  return std::to_string(VELQUIST_VERSION_MAJOR) + "." + std::to_string(VELQUIST_VERSION_MINOR) +
+         "." + std::to_string(VELQUIST_VERSION_REVISION);
+}
+
+}  // namespace
+
+void MainWindow::Form_Load(std::string_view command_line)
+{
+  bool finished = false;
+  Event([&] {
+    globals_.command_line = command_line;
+    globals_.from_command_line = !command_line.empty();
+    globals_.ready = false;
+    const auto& screen = outside_.screen;
+    if (screen.Width() < kNarrowestScreen)
+      Tell("Velquist does not support screen resolutions less than 800x600.  You should increase "
+           "your screen resolution if possible.",
+           Icon::kInformation);
+    ScaleControls(form_, ScaleFor(screen.Width(), screen.Height()));
+    LayOut();
+    form_.caption = "Velquist v" + Version();
+    LoadProgramSettings();
+    DeriveInstallationFromCommandLine();
+    FillPlayersAndTracks();
+    LoadStartingSetup();
+    globals_.from_command_line = false;
+    globals_.ready = true;
+    globals_.changed = false;
+    ShowGearRows();
+    DrawCharts();
+    ShowCarPicture();
+    finished = true;
+  });
+  // Without its data the program cannot go on; the reason has been told.
+  if (!finished) ended_ = true;
+}
+
+/// Sizes the chart pictures after their boxes and draws them anew.
+void MainWindow::LayOut()
+{
+  const auto resize = [](PictureRecorder& picture, const Control& box) {
+    picture.Resize(box.place.width, box.place.height,
+                   std::min(box.font_size, kMostChartLetterHeight));
+  };
+  resize(form_.chart, form_.PictureChart);
+  resize(form_.chart2, form_.PictureChart2);
+  if (globals_.ready) DrawCharts();
+}
+
+void MainWindow::LoadProgramSettings()
+{
+  const auto path = outside_.program_directory + "\\" + std::string(install::kSettingsFileName);
+  try {
+    if (outside_.files.Exists(path))
+      ReadSettingsFile(path);
+    else
+      FirstRun();
+    return;
+  } catch (const install::SettingsError&) {
+  } catch (const FileError&) {
+  }
+  EndWith("Your saved Velquist Program Settings.ini file is not valid.  Please delete any existing "
+          "file and restart the program to try again.",
+          Icon::kInformation);
+}
+
+void MainWindow::ReadSettingsFile(const std::string& path)
+{
+  const auto settings = install::ParseProgramSettings(data::ReadText(outside_.files, path));
+  globals_.installation = settings.installation;
+  globals_.player_index = settings.player_index;
+  globals_.ModYearIndex = settings.ModYearIndex;
+  globals_.chassis_index = settings.chassis_index;
+  globals_.formula_index = settings.formula_index;
+  globals_.track_index = settings.track_index;
+  globals_.Units = settings.units;
+  form_.Combo7.items = settings.installations;
+  ChooseOrAdd(form_.Combo7, settings.installation);
+  if (!install::HasPlayers(outside_.files, settings.installation))
+    EndWith("The Velquist Program Settings.ini file is bad.\r"
+            "Delete your program settings .ini file and restart the program to try again.",
+            Icon::kCritical);
+  MnuFormat_Click(settings.format_flag != 0);
+}
+
+void MainWindow::FirstRun()
+{
+  Tell("You are missing the program's saved Program Settings file.  Please select your gpl.exe "
+       "file.",
+       Icon::kExclamation);
+  const auto chosen = outside_.dialogs.AskOpenFile({.filter = "GPL .exe Files|*.exe",
+                                                    .start = {},
+                                                    .directory = outside_.program_directory});
+  if (!chosen || platform::LastSeparator(*chosen) == std::string::npos)
+    throw install::SettingsError("no gpl.exe was chosen");
+  const auto installation = std::string(platform::DirectoryOf(*chosen));
+  if (!install::HasPlayers(outside_.files, installation))
+    EndWith("This is not a valid GPL directory as it is missing the Players directory.  Restart "
+            "the program to try again.",
+            Icon::kInformation);
+  globals_.installation = installation;
+  form_.Combo7.items = {installation};
+  ChooseText(form_.Combo7, installation);
+  MnuFormat_Click(false);
+}
+
+void MainWindow::SaveProgramSettings()
+{
+  const install::ProgramSettings settings{
+      .installation = form_.Combo7.text,
+      .player_index = globals_.player_index,
+      .ModYearIndex = globals_.ModYearIndex,
+      .format_flag = static_cast<std::int16_t>(form_.MnuShortFormat.checked ? 0 : 1),
+      .chassis_index = globals_.chassis_index,
+      .formula_index = globals_.formula_index,
+      .track_index = globals_.track_index,
+      .units = globals_.Units,
+      .installations = form_.Combo7.items,
+  };
+  outside_.files.WriteText(
+      outside_.program_directory + "\\" + std::string(install::kSettingsFileName),
+      install::ProgramSettingsText(settings));
+}
+
+void MainWindow::DeriveInstallationFromCommandLine()
+{
+  if (!globals_.from_command_line) return;
+  const auto installation = install::InstallationOfPath(globals_.command_line);
+  if (!installation)
+    EndWith("This setup file does not lie in a player's directory of a GPL installation:\n" +
+                globals_.command_line,
+            Icon::kCritical);
+  globals_.installation = *installation;
+  ChooseOrAdd(form_.Combo7, *installation);
+}
+
+/// The setup of the command line or, without one or when it cannot be used, the default setup of
+/// the saved mod year, with everything that depends on it.
+void MainWindow::LoadStartingSetup()
+{
+  const auto saved_mod_year = globals_.ModYearIndex;
+  if (globals_.from_command_line && ReadCommandLineSetup()) {
+    try {
+      AllOrNothing([&] {
+        ReadDataFiles();
+        TakeStartingSetup();
+      });
+      return;
+    } catch (const BoundsError&) {
+      Tell("There is something wrong with this setup file.  Please select another file.",
+           Icon::kInformation);
+    }
+  }
+  globals_.from_command_line = false;
+  globals_.ModYearIndex = saved_mod_year;
+  LoadDefaultSetup();
+  ReadDataFiles();
+  TakeStartingSetup();
+}
+
+void MainWindow::TakeStartingSetup()
+{
+  LoadValues();
+  FillModYears();
+  ApplyStoredUnits();
+  FillDrivetrainLists();
+  RefreshDisplay();
+}
+
+/// Reads the file of the command line and finds its mod year; false when it cannot be used.
+bool MainWindow::ReadCommandLineSetup()
+{
+  const auto& path = globals_.command_line;
+  try {
+    globals_.SetupBuffer.clear();
+    if (!setup::IsSetupFile(outside_.files, path, globals_.SetupBuffer)) {
+      Tell("This is not a valid GPL setup file.  Please select another file.", Icon::kInformation);
+      return false;
+    }
+    const auto name = std::string(platform::FileNameOf(path));
+    if (!setup::ModYearFromFile(name, globals_.SetupBuffer, globals_.installation, outside_.files,
+                                outside_.dialogs, globals_.ModYearIndex))
+      return false;
+    ShowFileName(name);
+    return true;
+  } catch (const FileError&) {
+  } catch (const BoundsError&) {
+  }
+  Tell("There is something wrong with this setup file.  Please select another file.",
+       Icon::kInformation);
+  return false;
+}
+
+void MainWindow::ApplyStoredUnits()
+{
+  if (globals_.Units != edit::kEnglish && globals_.Units != edit::kMetric)
+    EndWith(kCorruptedSettings, Icon::kCritical);
+  SetChecked(form_.OptUnits[static_cast<std::size_t>(globals_.Units)], true);
+}
+
+/// Asks about unsaved changes; unless the answer is No, writes the settings and ends the program.
+bool MainWindow::MayClose()
+{
+  if (globals_.changed &&
+      outside_.dialogs.ShowMessage(
+          "You have made changes that are not saved.  Do you still want to quit?", Icon::kQuestion,
+          Buttons::kYesNo) != Answer::kYes)
+    return false;
+  try {
+    SaveProgramSettings();
+  } catch (const FileError& error) {
+    Tell(error.Path() + "\n" + error.Reason() + ".", Icon::kExclamation);
+  }
+  throw ProgramEnd{};
+}
+
+void MainWindow::LoadDefaultSetup()
+{
+  static constexpr std::array<std::string_view, 5> kDefaults = {
+      "67 Velquist Default.vqset", "65 Velquist Default.vqset", "66 Velquist Default.vqset",
+      "69 Velquist Default.vqset", "GT Velquist Default.vqset"};
+  const auto year = static_cast<std::size_t>(globals_.ModYearIndex);
+  if (year >= kDefaults.size()) EndWith(kCorruptedSettings, Icon::kCritical);
+  const std::string name(kDefaults[year]);
+  const auto path = outside_.program_directory + "\\" + name;
+  if (!outside_.files.Exists(path))
+    EndWith("You are missing the program's saved default setup file for this mod year.  Please "
+            "reinstall Velquist.",
+            Icon::kCritical);
+  setup::ReadSetupFile(outside_.files, path, globals_.SetupBuffer);
+  ShowFileName(name);
+}
+
+void MainWindow::ReadDataFiles()
+{
+  if (!data::ReadSetupData(outside_.files, outside_.program_directory, globals_.ModYearIndex,
+                           globals_.setup_data))
+    EndWith("You are missing the program's saved setup data file.  Please reinstall Velquist.",
+            Icon::kCritical);
+  if (!data::ReadGearData(outside_.files, outside_.program_directory, globals_.ModYearIndex,
+                          globals_.GearData))
+    EndWith("You are missing the program's saved gearset data file.  Please reinstall Velquist.",
+            Icon::kCritical);
+}
+
+}  // namespace velquist::app

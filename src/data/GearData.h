@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "platform/FileSystem.h"
+
+namespace velquist::data {
+
+inline constexpr int kGearRows = 90;
+
+/// The ratios that gears and final drives are chosen from: label, display text such as "31/9",
+/// ratio as text. A gear or final-drive value of a setup is a row number.
+/// A row outside 0 to 89 throws BoundsError.
+class GearData {
+ public:
+  [[nodiscard]] const std::string& Text(int row, int field) const;
+  [[nodiscard]] const std::string& DisplayText(int row) const { return Text(row, 1); }
+  /// Field 2 as a number.
+  [[nodiscard]] float Ratio(int row) const;
+
+  /// Overwrites one row.
+  void SetRow(int row, std::array<std::string, 3> fields);
+
+ private:
+  std::array<std::array<std::string, 3>, kGearRows> text_;
+  std::array<float, kGearRows> ratio_{};
+};
+
+/// File name by mod year; empty outside 0 to 4.
+[[nodiscard]] std::string_view GearDataFileName(int ModYearIndex) noexcept;
+
+/// Reads the mod year's file from the program directory. Rows that the file does not have keep
+/// what an earlier read left, lines behind the 90th are not read. False when the file does not
+/// exist. A file that cannot be read leaves `gears` as it was.
+[[nodiscard]] bool ReadGearData(const platform::FileSystem& files,
+                                std::string_view program_directory, int ModYearIndex,
+                                GearData& gears);
+
+}  // namespace velquist::data

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "install/Installations.h"
+
+#include "platform/Paths.h"
+
+namespace velquist::install {
+namespace {
+
+constexpr std::string_view kPlayers = "\\Players";
+constexpr std::string_view kPlayersDirectory = "\\Players\\";
+constexpr std::string_view kSetups = "\\Setups";
+
+}  // namespace
+
+std::optional<std::string> InstallationOfPath(std::string_view setup_path)
+{
+  const auto at = platform::FindPart(setup_path, kPlayers);
+  if (at == std::string_view::npos) return std::nullopt;
+  return std::string(setup_path.substr(0, at));
+}
+
+std::optional<std::string> PlayerOfPath(std::string_view setup_path)
+{
+  const auto players = platform::FindPart(setup_path, kPlayersDirectory);
+  const auto setups = platform::FindPart(setup_path, kSetups);
+  if (players == std::string_view::npos || setups == std::string_view::npos ||
+      setups < players + kPlayersDirectory.size())
+    return std::nullopt;
+  const auto start = players + kPlayersDirectory.size();
+  return std::string(setup_path.substr(start, setups - start));
+}
+
+std::string SetupDirectory(std::string_view installation, std::string_view player,
+                           std::string_view track)
+{
+  std::string directory(installation);
+  directory.append("\\players\\").append(player).append("\\setups\\").append(track);
+  return directory;
+}
+
+bool HasPlayers(const platform::FileSystem& files, std::string_view installation)
+{
+  return files.Exists(std::string(installation).append(kPlayers));
+}
+
+std::vector<std::string> ListPlayers(const platform::FileSystem& files,
+                                     std::string_view installation)
+{
+  return files.ListSubdirectories(std::string(installation).append(kPlayersDirectory), kMostNames);
+}
+
+std::vector<std::string> ListTracks(const platform::FileSystem& files,
+                                    std::string_view installation, std::string_view player)
+{
+  return files.ListSubdirectories(std::string(installation)
+                                      .append(kPlayersDirectory)
+                                      .append(player)
+                                      .append(kSetups)
+                                      .append("\\"),
+                                  kMostNames);
+}
+
+}  // namespace velquist::install

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "install/ProgramSettings.h"
+
+#include <charconv>
+#include <optional>
+
+namespace velquist::install {
+namespace {
+
+/// Takes one value after the other from the text.
+class Values {
+ public:
+  explicit Values(std::string_view text) : rest_(text) {}
+
+  std::optional<std::string> Next()
+  {
+    if (rest_.empty()) return std::nullopt;
+    const auto start = rest_.find_first_not_of(" \t");
+    if (start != std::string_view::npos && rest_[start] == '"') {
+      rest_.remove_prefix(start + 1);
+      return Quoted();
+    }
+    const auto end = rest_.find_first_of(",\r\n");
+    auto value = std::string(Trimmed(rest_.substr(0, end)));
+    SkipTo(end);
+    return value;
+  }
+
+  std::string String()
+  {
+    auto value = Next();
+    if (!value) throw SettingsError("value missing");
+    return std::move(*value);
+  }
+
+  std::int16_t Whole()
+  {
+    const auto text = String();
+    std::int16_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc{} || stop != end) throw SettingsError("not a whole number: " + text);
+    return number;
+  }
+
+ private:
+  static std::string_view Trimmed(std::string_view text)
+  {
+    const auto first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+  }
+
+  /// Up to the quote that ends the value; a quote before other characters belongs to the value.
+  std::string Quoted()
+  {
+    std::size_t end = rest_.find('"');
+    while (end != std::string_view::npos && end + 1 < rest_.size() &&
+           std::string_view(",\r\n").find(rest_[end + 1]) == std::string_view::npos)
+      end = rest_.find('"', end + 1);
+    auto value = std::string(rest_.substr(0, end));
+    SkipTo(end == std::string_view::npos ? end : end + 1);
+    return value;
+  }
+
+  /// Goes behind the comma or line end at `end`.
+  void SkipTo(std::size_t end)
+  {
+    if (end == std::string_view::npos || end >= rest_.size()) {
+      rest_ = {};
+      return;
+    }
+    const bool pair = rest_[end] == '\r' && end + 1 < rest_.size() && rest_[end + 1] == '\n';
+    rest_.remove_prefix(end + (pair ? 2 : 1));
+  }
+
+  std::string_view rest_;
+};
+
+}  // namespace
+
+ProgramSettings ParseProgramSettings(std::string_view text)
+{
+  Values values(text);
+  ProgramSettings settings;
+  settings.installation = values.String();
+  settings.player_index = values.Whole();
+  settings.ModYearIndex = values.Whole();
+  settings.format_flag = values.Whole();
+  settings.chassis_index = values.Whole();
+  settings.formula_index = values.Whole();
+  settings.track_index = values.Whole();
+  settings.units = values.Whole();
+  while (auto installation = values.Next())
+    if (!installation->empty()) settings.installations.push_back(std::move(*installation));
+  return settings;
+}
+
+std::string ProgramSettingsText(const ProgramSettings& settings)
+{
+  std::string text;
+  const auto write_string = [&](std::string_view value) {
+    text += '"';
+    text += value;
+    text += "\"\r\n";
+  };
+  const auto write_whole = [&](std::int16_t value) { text += std::to_string(value) + "\r\n"; };
+  write_string(settings.installation);
+  write_whole(settings.player_index);
+  write_whole(settings.ModYearIndex);
+  write_whole(settings.format_flag);
+  write_whole(settings.chassis_index);
+  write_whole(settings.formula_index);
+  write_whole(settings.track_index);
+  write_whole(settings.units);
+  for (const auto& installation : settings.installations) write_string(installation);
+  return text;
+}
+
+}  // namespace velquist::install

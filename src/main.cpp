@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include <wx/app.h>
+#include <wx/filename.h>
+#include <wx/init.h>
+#include <wx/log.h>
+#include <wx/stdpaths.h>
+
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/MainWindow.h"
+#include "platform/HostFileSystem.h"
+#include "platform/wx/CommandLine.h"
+#include "platform/wx/WxDialogs.h"
+#include "platform/wx/WxPictureLoader.h"
+#include "platform/wx/WxResources.h"
+#include "platform/wx/WxSystem.h"
+#include "platform/wx/WxText.h"
+#include "ui/FrmMain.h"
+
+namespace velquist {
+namespace {
+
+constexpr int kStartUpFailed = 1;
+constexpr int kNoDisplay = 2;
+
+/// The whole program: the real things outside it, the main window's state, and the window.
+class Program final : public wxApp {
+ public:
+  explicit Program(platform::CommandLine command_line)
+      : command_line_(std::move(command_line)),
+        dialogs_(resources_),
+        process_(CopyOptions()),
+        pictures_(files_, resources_)
+  {
+    SetAppName("velquist");
+    SetAppDisplayName("Velquist");
+  }
+
+  bool OnInit() override
+  {
+    window_.emplace(app::Outside{files_, dialogs_, process_, clock_, random_, screen_, pictures_,
+                                 resources_, ProgramDirectory()});
+    window_->Form_Load(command_line_.text);
+    if (window_->Ended()) return false;
+    auto* const frame = new ui::FrmMain(*window_, screen_, pictures_);
+    dialogs_.SetOwner(frame);
+    frame->FitToDesktop();
+    frame->Show();
+    frame->RunMarquee();
+    return true;
+  }
+
+ private:
+  [[nodiscard]] std::string ProgramDirectory() const
+  {
+    if (command_line_.program_directory) return *command_line_.program_directory;
+    return platform::ToText(wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath());
+  }
+
+  /// What a second copy must be told to use the same files.
+  [[nodiscard]] std::vector<std::string> CopyOptions() const
+  {
+    if (!command_line_.program_directory) return {};
+    return {"--program-directory=" + *command_line_.program_directory};
+  }
+
+  platform::CommandLine command_line_;
+  platform::HostFileSystem files_;
+  platform::WxResources resources_;
+  platform::WxDialogs dialogs_;
+  platform::WxProcess process_;
+  platform::WxClock clock_;
+  platform::WxRandom random_;
+  platform::WxScreen screen_;
+  platform::WxPictureLoader pictures_;
+  std::optional<app::MainWindow> window_;
+};
+
+int Run(int argc, char** argv)
+{
+  wxApp::SetInstance(new Program(platform::ReadCommandLine(argc, argv)));
+  int own_words = 1;  // the toolkit gets the program's name alone
+  bool up = false;
+  {
+    const wxLogNull quiet;
+    up = wxEntryStart(own_words, argv);
+  }
+  if (!up) {
+    std::fputs("velquist: there is no display to open the window on\n", stderr);
+    return kNoDisplay;
+  }
+  int result = kStartUpFailed;
+  if (wxTheApp->CallOnInit()) {
+    result = wxTheApp->OnRun();
+    wxTheApp->OnExit();
+  }
+  wxEntryCleanup();
+  return result;
+}
+
+}  // namespace
+}  // namespace velquist
+
+int main(int argc, char** argv)
+{
+  return velquist::Run(argc, argv);
+}

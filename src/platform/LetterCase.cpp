@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "platform/LetterCase.h"
+
+#include <array>
+
+namespace velquist::platform {
+namespace {
+
+/// Capitals from `first` to `last` whose small letters lie `distance` higher; `every_other` where
+/// capital and small letter alternate.
+struct Capitals {
+  unsigned first;
+  unsigned last;
+  unsigned distance;
+  bool every_other;
+};
+
+constexpr std::array<Capitals, 10> kCapitals = {{
+    {0x0041, 0x005A, 32, false},  // A to Z
+    {0x00C0, 0x00D6, 32, false},  // Latin-1
+    {0x00D8, 0x00DE, 32, false},
+    {0x0100, 0x0136, 1, true},    // Latin Extended-A
+    {0x0139, 0x0147, 1, true},
+    {0x014A, 0x0176, 1, true},
+    {0x0391, 0x03AB, 32, false},  // Greek
+    {0x0400, 0x040F, 80, false},  // Cyrillic
+    {0x0410, 0x042F, 32, false},
+    {0x0460, 0x0480, 1, true},
+}};
+
+unsigned Small(unsigned letter)
+{
+  for (const auto& range : kCapitals)
+    if (letter >= range.first && letter <= range.last &&
+        !(range.every_other && (letter - range.first) % 2 != 0))
+      return letter + range.distance;
+  return letter;
+}
+
+}  // namespace
+
+std::string FoldCase(std::string_view text)
+{
+  std::string folded;
+  folded.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto lead = static_cast<unsigned char>(text[i]);
+    if (lead < 0x80) {
+      folded += static_cast<char>(Small(lead));
+      continue;
+    }
+    // All letters of the table that are not ASCII take two bytes.
+    const bool pair = (lead & 0xE0U) == 0xC0 && i + 1 < text.size() &&
+                      (static_cast<unsigned char>(text[i + 1]) & 0xC0U) == 0x80;
+    if (!pair) {
+      folded += text[i];
+      continue;
+    }
+    const unsigned letter =
+        Small((lead & 0x1FU) << 6 | (static_cast<unsigned char>(text[++i]) & 0x3FU));
+    folded += static_cast<char>(0xC0U | letter >> 6);
+    folded += static_cast<char>(0x80U | (letter & 0x3FU));
+  }
+  return folded;
+}
+
+}  // namespace velquist::platform

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace velquist::platform {
+
+/// `text` (UTF-8) with the capitals of Latin, Greek and Cyrillic letters made small, for comparing
+/// file names as the game's system does. Bytes that are not UTF-8 stay as they are.
+[[nodiscard]] std::string FoldCase(std::string_view text);
+
+}  // namespace velquist::platform

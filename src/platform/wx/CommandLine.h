@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velquist::platform {
+
+/// What the program was started with: the path of one setup file or nothing and, in front of it,
+/// the option --program-directory=DIRECTORY.
+struct CommandLine {
+  std::string text;  ///< the path as it was given, blanks included
+  std::optional<std::string> program_directory;
+};
+
+/// For systems that pass single words: the words of the path are joined with blanks.
+[[nodiscard]] CommandLine FromWords(const std::vector<std::string>& words);
+
+/// For systems that pass one text: `text` is what stands behind the program's name. A pair of
+/// quotes around the path is taken off.
+[[nodiscard]] CommandLine FromWholeText(std::string_view text);
+
+/// The command line of this process.
+[[nodiscard]] CommandLine ReadCommandLine(int argc, char** argv);
+
+}  // namespace velquist::platform

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "platform/wx/FrmHelp.h"
+
+#include <wx/sizer.h>
+
+#include <algorithm>
+
+#include "platform/wx/NativeLook.h"
+#include "platform/wx/WxText.h"
+
+namespace velquist::platform {
+namespace {
+
+// Client area and text box as designed; a resize keeps the proportions.
+constexpr int kClientWidth = 820;
+constexpr int kClientHeight = 620;
+constexpr int kTextLeft = 10;
+constexpr int kTextTop = 10;
+constexpr int kTextWidth = kClientWidth - 2 * kTextLeft;
+constexpr int kTextHeight = kClientHeight - 2 * kTextTop;
+
+int Scaled(int design, int now, int designed_whole)
+{
+  return design * now / designed_whole;
+}
+
+}  // namespace
+
+FrmHelp::FrmHelp(wxWindow* parent, std::string_view manual)
+    : wxFrame(parent, wxID_ANY, "Velquist Help", wxDefaultPosition, wxDefaultSize,
+              wxDEFAULT_FRAME_STYLE, "FrmHelp")
+{
+  panel_ = new wxPanel(this);
+  text_ = new wxTextCtrl(panel_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                         wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2 | wxTE_NOHIDESEL,
+                         wxDefaultValidator, "Text1");
+  SetSpoken(*text_, "User manual", {});
+  text_->Hide();
+  text_->ChangeValue(FromText(manual));
+  text_->Show();
+  text_->SetInsertionPoint(0);
+  text_->ShowPosition(0);
+  searched_ = text_->GetValue().Lower();
+
+  MakeSearchBar();
+  BindKeys();
+  panel_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) { PlaceControls(); event.Skip(); });
+  SetClientSize(FromDIP(wxSize(kClientWidth, kClientHeight)));
+  ShowSearchBar(false);
+  if (parent != nullptr)
+    CentreOnParent();
+  else
+    CentreOnScreen();
+}
+
+void FrmHelp::MakeSearchBar()
+{
+  bar_ = new wxPanel(panel_);
+  auto* const label = new wxStaticText(bar_, wxID_ANY, "F&ind:");
+  wanted_ = new wxTextCtrl(bar_, wxID_ANY, wxString(), wxDefaultPosition,
+                           wxSize(FromDIP(220), -1), wxTE_PROCESS_ENTER, wxDefaultValidator,
+                           "FindText");
+  SetMnemonicTarget(*label, *wanted_);
+  SetSpoken(*wanted_, "Find", {});
+  auto* const next = new wxButton(bar_, wxID_ANY, "&Next", wxDefaultPosition, wxDefaultSize, 0,
+                                  wxDefaultValidator, "FindNext");
+  next->SetToolTip("Goes to the next place (Enter or F3)");
+  auto* const previous = new wxButton(bar_, wxID_ANY, "&Previous", wxDefaultPosition,
+                                      wxDefaultSize, 0, wxDefaultValidator, "FindPrevious");
+  previous->SetToolTip("Goes to the place before (Shift+F3)");
+  result_ = new wxStaticText(bar_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                             wxST_NO_AUTORESIZE, "FindResult");
+
+  wanted_->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { FindNext(true); });
+  next->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { FindNext(true); });
+  previous->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { FindNext(false); });
+
+  const auto beside = wxSizerFlags().CentreVertical().Border(wxLEFT, FromDIP(8));
+  auto* const row = new wxBoxSizer(wxHORIZONTAL);
+  row->Add(label, beside);
+  row->Add(wanted_, beside);
+  row->Add(next, beside);
+  row->Add(previous, beside);
+  row->Add(result_, wxSizerFlags(beside).Proportion(1));
+  bar_->SetSizerAndFit(row);
+}
+
+void FrmHelp::BindKeys()
+{
+  Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    if (key == WXK_ESCAPE) {
+      if (bar_->IsShown())
+        ShowSearchBar(false);
+      else
+        Close();
+    } else if (key == 'F' && event.GetModifiers() == wxMOD_CONTROL) {
+      ShowSearchBar(true);
+    } else if (key == WXK_F3) {
+      if (!bar_->IsShown()) ShowSearchBar(true);
+      if (!wanted_->IsEmpty()) FindNext(!event.ShiftDown());
+    } else {
+      event.Skip();
+    }
+  });
+}
+
+void FrmHelp::ShowSearchBar(bool shown)
+{
+  bar_->Show(shown);
+  PlaceControls();
+  if (shown) {
+    wanted_->SetFocus();
+    wanted_->SelectAll();
+  } else {
+    text_->SetFocus();
+  }
+}
+
+void FrmHelp::FindNext(bool forward)
+{
+  const wxString wanted = wanted_->GetValue().Lower();
+  if (wanted.empty()) return;
+  long from = 0;
+  long to = 0;
+  text_->GetSelection(&from, &to);
+  const auto start = static_cast<std::size_t>(from);
+  const auto again = from == to ? start : start + 1;
+  std::size_t found = wxString::npos;
+  if (forward) {
+    found = searched_.find(wanted, again);
+    if (found == wxString::npos) found = searched_.find(wanted);
+  } else {
+    if (start > 0) found = searched_.rfind(wanted, start - 1);
+    if (found == wxString::npos) found = searched_.rfind(wanted);
+  }
+  if (found == wxString::npos) {
+    result_->SetLabel("Not found");
+    return;
+  }
+  result_->SetLabel(wxString());
+  const auto begin = static_cast<long>(found);
+  text_->SetSelection(begin, begin + static_cast<long>(wanted.length()));
+  text_->ShowPosition(begin);
+}
+
+void FrmHelp::PlaceControls()
+{
+  const wxSize client = panel_->GetClientSize();
+  const wxSize design = FromDIP(wxSize(kClientWidth, kClientHeight));
+  const wxPoint corner = FromDIP(wxPoint(kTextLeft, kTextTop));
+  const wxSize extent = FromDIP(wxSize(kTextWidth, kTextHeight));
+  wxRect text(Scaled(corner.x, client.x, design.x), Scaled(corner.y, client.y, design.y),
+              Scaled(extent.x, client.x, design.x), Scaled(extent.y, client.y, design.y));
+  if (bar_->IsShown()) {
+    const int height = bar_->GetBestSize().y;
+    bar_->SetSize(0, client.y - height - text.y, client.x, height);
+    text.height -= height + text.y;
+  }
+  text_->SetSize(text.x, text.y, std::max(text.width, 1), std::max(text.height, 1));
+}
+
+}  // namespace velquist::platform

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/choice.h>
+#include <wx/dialog.h>
+
+#include "platform/Dialogs.h"
+
+namespace velquist::platform {
+
+/// Takes installations off the list: the list `Combo1`, `DeleteButton`, and `CancelButton` to go.
+class FrmInstallDelete final : public wxDialog {
+ public:
+  FrmInstallDelete(wxWindow* parent, InstallDeleteForm& form);
+
+ private:
+  /// Shows the form's items and selection, and goes when the form says so.
+  void ShowForm();
+
+  InstallDeleteForm& form_;
+  wxChoice* list_ = nullptr;
+};
+
+}  // namespace velquist::platform

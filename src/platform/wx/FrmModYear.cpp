@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "platform/wx/FrmModYear.h"
+
+#include <wx/button.h>
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+#include <wx/stattext.h>
+
+#include <array>
+
+#include "platform/wx/WxText.h"
+
+namespace velquist::platform {
+namespace {
+
+constexpr std::array kYears{"196&5", "196&6", "196&7", "196&9"};
+constexpr int kMessageWidth = 420;
+
+const char* NameOf(ModYearForm form)
+{
+  return form == ModYearForm::kFrmModYear1 ? "FrmModYear1" : "FrmModYear2";
+}
+
+}  // namespace
+
+FrmModYear::FrmModYear(wxWindow* parent, ModYearForm form, std::string_view message)
+    : wxDialog(parent, wxID_ANY, "Mod Year Selection", wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE, NameOf(form))
+{
+  const int gap = FromDIP(12);
+  auto* const label = new wxStaticText(this, wxID_ANY, FromPlainText(message), wxDefaultPosition,
+                                       wxDefaultSize, 0, "Label1");
+  label->Wrap(FromDIP(kMessageWidth));
+
+  auto* const frame = new wxStaticBox(this, wxID_ANY, "Mod Year", wxDefaultPosition,
+                                      wxDefaultSize, 0, "Frame1");
+  auto* const buttons = new wxStaticBoxSizer(frame, wxHORIZONTAL);
+  for (std::size_t i = 0; i < kYears.size(); ++i) {
+    auto* const button = new wxButton(frame, wxID_ANY, kYears[i], wxDefaultPosition, wxDefaultSize,
+                                      0, wxDefaultValidator, wxString::Format("Command1(%zu)", i));
+    button->Bind(wxEVT_BUTTON, [this, i](wxCommandEvent&) {
+      pressed_ = static_cast<int>(i);
+      EndModal(wxID_OK);
+    });
+    buttons->Add(button, wxSizerFlags(1).Border(wxALL, FromDIP(6)));
+  }
+
+  auto* const all = new wxBoxSizer(wxVERTICAL);
+  all->Add(label, wxSizerFlags().Border(wxALL, gap));
+  all->Add(buttons, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+  SetSizerAndFit(all);
+  CentreOnParent();
+
+  Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    if (event.GetKeyCode() == WXK_ESCAPE)
+      EndModal(wxID_CANCEL);
+    else
+      event.Skip();
+  });
+  Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { EndModal(wxID_CANCEL); });
+}
+
+std::optional<int> FrmModYear::Ask()
+{
+  pressed_.reset();
+  ShowModal();
+  return pressed_;
+}
+
+}  // namespace velquist::platform

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include <gtk/gtk.h>
+
+#include "platform/wx/NativeLook.h"
+
+namespace velquist::platform {
+namespace {
+
+constexpr char kStyleClass[] = "velquist-tight";
+
+// Sizes are those of the control's own font, so that they shrink with a small screen.
+constexpr char kTightStyle[] = R"css(
+.velquist-tight button, .velquist-tight combobox button, .velquist-tight button.combo {
+  padding: 0 0.15em; min-width: 0; min-height: 0; margin: 0; border-radius: 3px;
+}
+.velquist-tight button label { padding: 0; margin: 0; }
+.velquist-tight combobox, .velquist-tight combobox box, .velquist-tight combobox cellview {
+  padding: 0; margin: 0; min-width: 0; min-height: 0;
+}
+.velquist-tight combobox button.combo { padding: 0 0.25em 0 0.35em; }
+.velquist-tight combobox arrow { min-width: 0.9em; min-height: 0.9em; }
+.velquist-tight checkbutton, .velquist-tight radiobutton {
+  padding: 0; margin: 0; min-width: 0; min-height: 0;
+}
+.velquist-tight check, .velquist-tight radio {
+  min-width: 0.95em; min-height: 0.95em; margin: 0 0.35em 0 0; padding: 0;
+}
+.velquist-tight frame, .velquist-tight frame > border, .velquist-tight frame > label {
+  padding: 0; margin: 0; min-width: 0; min-height: 0;
+}
+.velquist-tight frame > label { padding: 0 0.2em; }
+.velquist-tight label { padding: 0; min-width: 0; min-height: 0; }
+)css";
+
+constexpr char kSelectionAtOpening[] = "velquist-selection-at-opening";
+
+/// The last entry of a style sheet provider is in force for all windows of the screen; what it
+/// says holds for marked panels alone.
+void LoadStyleOnce()
+{
+  static bool loaded = false;
+  if (loaded) return;
+  loaded = true;
+  GtkCssProvider* provider = gtk_css_provider_new();
+  gtk_css_provider_load_from_data(provider, kTightStyle, -1, nullptr);
+  gtk_style_context_add_provider_for_screen(gdk_screen_get_default(),
+                                            GTK_STYLE_PROVIDER(provider),
+                                            GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+  g_object_unref(provider);
+}
+
+void TellChosenAgain(wxChoice& list, int chosen)
+{
+  wxCommandEvent event(wxEVT_CHOICE, list.GetId());
+  event.SetEventObject(&list);
+  event.SetInt(chosen);
+  event.SetString(list.GetString(static_cast<unsigned>(chosen)));
+  list.GetEventHandler()->AddPendingEvent(event);
+}
+
+/// The list tells only of a choice that differs; this is called for every one.
+void OnMenuActivate(GtkWidget*, const char* path, gpointer list)
+{
+  auto& choice = *static_cast<wxChoice*>(list);
+  const auto before = GPOINTER_TO_INT(
+      g_object_get_data(G_OBJECT(choice.GetHandle()), kSelectionAtOpening));
+  long chosen = -1;
+  if (!wxString::FromUTF8(path).ToLong(&chosen)) return;
+  if (chosen == before && chosen == choice.GetSelection())
+    TellChosenAgain(choice, static_cast<int>(chosen));
+}
+
+void OnPopupShown(GObject* combo, GParamSpec*, gpointer list)
+{
+  gboolean shown = FALSE;
+  g_object_get(combo, "popup-shown", &shown, nullptr);
+  if (shown == FALSE) return;
+  g_object_set_data(combo, kSelectionAtOpening,
+                    GINT_TO_POINTER(gtk_combo_box_get_active(GTK_COMBO_BOX(combo))));
+  AtkObject* spoken = gtk_combo_box_get_popup_accessible(GTK_COMBO_BOX(combo));
+  if (spoken == nullptr || !GTK_IS_ACCESSIBLE(spoken)) return;
+  GtkWidget* menu = gtk_accessible_get_widget(GTK_ACCESSIBLE(spoken));
+  if (menu == nullptr || g_signal_lookup("menu-activate", G_OBJECT_TYPE(menu)) == 0) return;
+  if (g_signal_handler_find(menu, G_SIGNAL_MATCH_FUNC, 0, 0, nullptr,
+                            reinterpret_cast<gpointer>(OnMenuActivate), nullptr) == 0)
+    g_signal_connect_after(menu, "menu-activate", G_CALLBACK(OnMenuActivate), list);
+}
+
+}  // namespace
+
+void AllowSmallControls(wxWindow& panel)
+{
+  LoadStyleOnce();
+  gtk_style_context_add_class(gtk_widget_get_style_context(panel.GetHandle()), kStyleClass);
+}
+
+void SetSpoken(wxWindow& control, const wxString& name, const wxString& description)
+{
+  AtkObject* spoken = gtk_widget_get_accessible(control.GetHandle());
+  if (spoken == nullptr) return;
+  if (!name.empty()) atk_object_set_name(spoken, name.utf8_str());
+  if (!description.empty()) atk_object_set_description(spoken, description.utf8_str());
+}
+
+void CentreVertically(wxStaticText& label)
+{
+  auto* const widget = GTK_LABEL(label.GetHandle());
+  gtk_label_set_line_wrap(widget, FALSE);
+  gtk_label_set_yalign(widget, 0.5F);
+}
+
+void SetMnemonicTarget(wxStaticText& label, wxWindow& target)
+{
+  gtk_label_set_mnemonic_widget(GTK_LABEL(label.GetHandle()), target.GetHandle());
+}
+
+void ReportEveryChoice(wxChoice& list)
+{
+  list.Bind(wxEVT_MOUSEWHEEL, [](wxMouseEvent&) {});
+  g_signal_connect(list.GetHandle(), "notify::popup-shown", G_CALLBACK(OnPopupShown), &list);
+}
+
+}  // namespace velquist::platform

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include <wx/access.h>
+#include <wx/msw/wrapwin.h>
+
+#include "platform/wx/NativeLook.h"
+
+namespace velquist::platform {
+namespace {
+
+/// Adds a name and a description to what the system tells about a control.
+class Spoken final : public wxAccessible {
+ public:
+  Spoken(wxWindow* window, wxString name, wxString description)
+      : wxAccessible(window), name_(std::move(name)), description_(std::move(description))
+  {
+  }
+
+  wxAccStatus GetName(int child, wxString* name) override
+  {
+    return Tell(child, name_, name);
+  }
+
+  wxAccStatus GetDescription(int child, wxString* description) override
+  {
+    return Tell(child, description_, description);
+  }
+
+ private:
+  static wxAccStatus Tell(int child, const wxString& text, wxString* told)
+  {
+    if (child != wxACC_SELF || text.empty()) return wxACC_NOT_IMPLEMENTED;
+    *told = text;
+    return wxACC_OK;
+  }
+
+  wxString name_;
+  wxString description_;
+};
+
+}  // namespace
+
+void AllowSmallControls(wxWindow&)
+{
+  // Controls have any size here.
+}
+
+void SetSpoken(wxWindow& control, const wxString& name, const wxString& description)
+{
+  if (!name.empty() || !description.empty())
+    control.SetAccessible(new Spoken(&control, name, description));
+}
+
+void CentreVertically(wxStaticText& label)
+{
+  const HWND window = label.GetHWND();
+  ::SetWindowLongPtrW(window, GWL_STYLE,
+                      ::GetWindowLongPtrW(window, GWL_STYLE) | SS_CENTERIMAGE);
+}
+
+void SetMnemonicTarget(wxStaticText&, wxWindow&)
+{
+  // The system goes to the control behind the label.
+}
+
+void ReportEveryChoice(wxChoice& list)
+{
+  list.Bind(wxEVT_MOUSEWHEEL, [](wxMouseEvent&) {});
+}
+
+}  // namespace velquist::platform

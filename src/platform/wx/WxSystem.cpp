@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "platform/wx/WxSystem.h"
+
+#include <wx/display.h>
+#include <wx/filename.h>
+#include <wx/stdpaths.h>
+#include <wx/utils.h>
+
+#include <chrono>
+
+#include "platform/Errors.h"
+#include "platform/HostFileSystem.h"
+#include "platform/wx/WxText.h"
+
+namespace velquist::platform {
+
+void WxProcess::Start(std::string_view path)
+{
+  wxString program = FromText(PathText(HostPath(path)));
+  std::vector<std::string> options;
+  if (!wxFileName::FileExists(program)) {
+    program = wxStandardPaths::Get().GetExecutablePath();
+    options = options_;
+  }
+  const auto program_text = program.wc_str();
+  std::vector<wxWCharBuffer> texts;
+  std::vector<const wchar_t*> words{program_text};
+  texts.reserve(options.size());
+  for (const auto& option : options) words.push_back(texts.emplace_back(FromText(option).wc_str()));
+  words.push_back(nullptr);
+  if (wxExecute(words.data(), wxEXEC_ASYNC) == 0)
+    throw FileError(std::string(path), "the program could not be started");
+}
+
+std::uint64_t WxClock::TickCount() const
+{
+  using namespace std::chrono;
+  return static_cast<std::uint64_t>(
+      duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
+}
+
+double WxRandom::Next()
+{
+  return std::generate_canonical<double, 53>(engine_);
+}
+
+int WxScreen::Width() const
+{
+  return wxDisplay(0U).GetGeometry().GetWidth();
+}
+
+int WxScreen::Height() const
+{
+  return wxDisplay(0U).GetGeometry().GetHeight();
+}
+
+}  // namespace velquist::platform

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <random>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/System.h"
+
+namespace velquist::platform {
+
+/// Starts programs. A path that names no file, as where the program is installed apart from its
+/// data, starts this very program again.
+class WxProcess final : public Process {
+ public:
+  /// `options` go to each copy of this program.
+  explicit WxProcess(std::vector<std::string> options) : options_(std::move(options)) {}
+
+  /// Throws FileError when the program cannot be started.
+  void Start(std::string_view path) override;
+
+ private:
+  std::vector<std::string> options_;
+};
+
+class WxClock final : public Clock {
+ public:
+  [[nodiscard]] std::uint64_t TickCount() const override;
+};
+
+class WxRandom final : public Random {
+ public:
+  void Seed(std::uint64_t seed) override { engine_.seed(seed); }
+  [[nodiscard]] double Next() override;
+
+ private:
+  std::mt19937_64 engine_;
+};
+
+/// The screen that holds the desktop's panel or task bar, in the pixels that places of controls
+/// are counted in.
+class WxScreen final : public Screen {
+ public:
+  [[nodiscard]] int Width() const override;
+  [[nodiscard]] int Height() const override;
+};
+
+}  // namespace velquist::platform

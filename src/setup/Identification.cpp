@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "setup/Identification.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "platform/Errors.h"
+#include "setup/SetupRecord.h"
+#include "setup/SlotTable.h"
+
+namespace velquist::setup {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::array kModYearTexts = {"1967"sv, "1965"sv, "1966"sv, "1969"sv, "GT"sv};
+
+constexpr std::array kSharedCodes = {"bb"sv, "br"sv, "co"sv, "ea"sv, "fe"sv, "lo"sv, "mu"sv};
+// "mu" stands before "lo" here, as in the car list of 1966.
+constexpr std::array kCodes1966 = {"bb"sv, "bc"sv, "bd"sv, "be"sv, "br"sv, "bs"sv, "co"sv, "eb"sv,
+                                   "ea"sv, "fe"sv, "ff"sv, "mu"sv, "lo"sv, "lp"sv, "lq"sv, "mc"sv};
+constexpr std::array kCodesGT = {"ga"sv, "gb"sv, "gc"sv, "gd"sv, "ge"sv,
+                                 "gf"sv, "gg"sv, "gh"sv, "gi"sv};
+
+/// Codes that no other mod year has.
+constexpr std::array kOnly1966 = {"bc"sv, "bd"sv, "be"sv, "bs"sv, "eb"sv,
+                                  "ff"sv, "lp"sv, "lq"sv, "mc"sv};
+
+constexpr std::array kModMarkers = {
+    ModMarker{kModYear1965, "\\gpla65.ini"}, ModMarker{kModYear1966, "\\gpla66.ini"},
+    ModMarker{kModYear1967, "\\gpl_ai.ini"}, ModMarker{kModYear1969, "\\gpla69.ini"},
+    ModMarker{kModYearGT, "\\gplaGT.ini"},
+};
+
+/// Steepest wing setting of the 1969 cars, degrees.
+constexpr float kSteepestWing = 16.0F;
+
+template <class Range>
+bool Contains(const Range& range, std::string_view code)
+{
+  return std::ranges::find(range, code) != std::ranges::end(range);
+}
+
+}  // namespace
+
+std::string_view ModYearText(int ModYearIndex) noexcept
+{
+  const auto year = static_cast<std::size_t>(ModYearIndex);
+  return year < kModYearTexts.size() ? kModYearTexts[year] : std::string_view{};
+}
+
+std::optional<int> ModYearOfText(std::string_view text) noexcept
+{
+  const auto found = std::ranges::find(kModYearTexts, text);
+  if (found == kModYearTexts.end()) return std::nullopt;
+  return static_cast<int>(found - kModYearTexts.begin());
+}
+
+std::span<const std::string_view> ChassisCodeTable(int ModYearIndex) noexcept
+{
+  switch (ModYearIndex) {
+    case kModYear1967:
+    case kModYear1965:
+    case kModYear1969: return kSharedCodes;
+    case kModYear1966: return kCodes1966;
+    case kModYearGT: return kCodesGT;
+    default: return {};
+  }
+}
+
+std::string_view ChassisCodeOf(std::string_view file_name) noexcept
+{
+  if (file_name.empty()) return {};
+  const auto end = file_name.size() - 1;
+  return file_name.substr(end < 2 ? 0 : end - 2, std::min<std::size_t>(end, 2));
+}
+
+std::optional<int> ChassisIndexOf(int ModYearIndex, std::string_view code) noexcept
+{
+  const auto codes = ChassisCodeTable(ModYearIndex);
+  const auto found = std::ranges::find(codes, code);
+  if (found == codes.end()) return std::nullopt;
+  return static_cast<int>(found - codes.begin());
+}
+
+std::optional<int> FormulaIndexOf(std::string_view file_name) noexcept
+{
+  if (file_name.empty() || file_name.back() < '1' || file_name.back() > '3') return std::nullopt;
+  return file_name.back() - '1';
+}
+
+std::string ExtensionOf(int ModYearIndex, int chassis, int formula_index)
+{
+  const auto codes = ChassisCodeTable(ModYearIndex);
+  if (chassis < 0 || static_cast<std::size_t>(chassis) >= codes.size())
+    throw BoundsError("chassis " + std::to_string(chassis));
+  return std::string(codes[static_cast<std::size_t>(chassis)]) + std::to_string(formula_index + 1);
+}
+
+std::span<const ModMarker> ModMarkers() noexcept
+{
+  return kModMarkers;
+}
+
+Identity Identify(std::string_view file_name, std::span<const std::byte> SetupBuffer)
+{
+  const auto code = ChassisCodeOf(file_name);
+  if (Contains(kOnly1966, code)) return {kModYear1966, {}};
+  if (Contains(kCodesGT, code)) return {kModYearGT, {}};
+  if (SetupBuffer.size() != kLongLayoutSize) return {{}, platform::ModYearForm::kFrmModYear2};
+  const float rear_wing = ReadSingleAt(
+      SetupBuffer, static_cast<std::size_t>(SlotOffset[static_cast<std::size_t>(kRearWing)]));
+  if (rear_wing == kNoWing) return {{}, platform::ModYearForm::kFrmModYear1};
+  // Only 1969 cars carry wing values; any other value, NaN too, says nothing about the year.
+  if (rear_wing >= 0 && rear_wing <= kSteepestWing) return {kModYear1969, {}};
+  return {};
+}
+
+std::string_view ModYearMessage(platform::ModYearForm form) noexcept
+{
+  return form == platform::ModYearForm::kFrmModYear1
+             ? "Velquist cannot determine which mod this setup file is for, but it is definitely "
+               "in the new format.  Please select the mod year."
+             : "Velquist cannot determine which mod this setup file is for, but it is definitely "
+               "a 1965 or 1967 file in the old format.  Please select the mod year.";
+}
+
+int ModYearOfButton(int button)
+{
+  constexpr std::array kYears = {kModYear1965, kModYear1966, kModYear1967, kModYear1969};
+  return kYears.at(static_cast<std::size_t>(button));
+}
+
+bool ModYearFromFile(std::string_view file_name, std::span<const std::byte> SetupBuffer,
+                     std::string_view installation, const platform::FileSystem& files,
+                     platform::Dialogs& dialogs, std::int16_t& ModYearIndex)
+{
+  const auto identity = Identify(file_name, SetupBuffer);
+  if (identity.ModYearIndex) ModYearIndex = static_cast<std::int16_t>(*identity.ModYearIndex);
+  if (identity.question) {
+    const auto button = dialogs.AskModYear(*identity.question, ModYearMessage(*identity.question));
+    if (button) ModYearIndex = static_cast<std::int16_t>(ModYearOfButton(*button));
+  }
+  const bool installed = std::ranges::any_of(kModMarkers, [&](const ModMarker& marker) {
+    return marker.ModYearIndex == ModYearIndex &&
+           files.Exists(std::string(installation) + std::string(marker.file));
+  });
+  if (!installed)
+    dialogs.ShowMessage("You are attempting to load a setup file for a mod that isn't installed.",
+                        platform::Icon::kExclamation, platform::Buttons::kOk);
+  return installed;
+}
+
+}  // namespace velquist::setup

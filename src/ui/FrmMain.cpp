@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: MIT
+#include "ui/FrmMain.h"
+
+#include <wx/display.h>
+#include <wx/dnd.h>
+#include <wx/stattext.h>
+#include <wx/wupdlock.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "app/FormControlSettings.h"
+#include "platform/wx/NativeLook.h"
+#include "platform/wx/WxText.h"
+#include "ui/StepButton.h"
+
+namespace velquist::ui {
+namespace {
+
+using app::ControlKind;
+
+/// Row N of the layout has the window id kFirstId + N.
+constexpr int kFirstId = wxID_HIGHEST + 1;
+
+constexpr int kLeastClientWidth = 700;
+constexpr int kLeastClientHeight = 440;
+
+constexpr int kScrollInterval = 15;  ///< milliseconds between steps of the marquee
+constexpr int kPauseInterval = 500;  ///< milliseconds between looks at the clock meanwhile
+
+class FileDrop final : public wxFileDropTarget {
+ public:
+  explicit FileDrop(std::function<void(const wxString&)> dropped) : dropped_(std::move(dropped)) {}
+
+  bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override
+  {
+    if (files.size() != 1) return false;
+    dropped_(files[0]);
+    return true;
+  }
+
+ private:
+  std::function<void(const wxString&)> dropped_;
+};
+
+/// True while it lives.
+class Flag {
+ public:
+  explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
+  Flag(const Flag&) = delete;
+  Flag& operator=(const Flag&) = delete;
+  ~Flag() { flag_ = false; }
+
+ private:
+  bool& flag_;
+};
+
+int Rounded(float value)
+{
+  return static_cast<int>(std::nearbyint(value));
+}
+
+/// Its steps repeat while it is held.
+bool IsStepButton(const app::ControlDesign& design)
+{
+  return design.name == "CmdInc" || design.name == "CmdDec";
+}
+
+}  // namespace
+
+FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
+                 platform::WxPictureLoader& pictures)
+    : wxFrame(nullptr, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+              wxDEFAULT_FRAME_STYLE, "FrmMain"),
+      window_(window),
+      panel_(new wxPanel(this)),
+      menus_(window.Form(), kFirstId),
+      timer_(this)
+{
+  SetMenuBar(menus_.Bar());
+  platform::AllowSmallControls(*panel_);
+  MakeWidgets(pictures);
+  LinkMnemonics();
+
+  const auto scale = app::ScaleFor(screen.Width(), screen.Height());
+  laid_out_for_ = wxSize(Rounded(static_cast<float>(app::kDesignClientWidth) * scale.fx),
+                         Rounded(static_cast<float>(app::kDesignClientHeight) * scale.fy));
+  SetMinClientSize(wxSize(std::min(kLeastClientWidth, laid_out_for_.x),
+                          std::min(kLeastClientHeight, laid_out_for_.y)));
+  SetClientSize(laid_out_for_);
+  ShowChanges();
+  BindEvents();
+}
+
+void FrmMain::FitToDesktop()
+{
+  const int at = wxDisplay::GetFromWindow(this);
+  const wxRect desktop = wxDisplay(at == wxNOT_FOUND ? 0U : static_cast<unsigned>(at))
+                             .GetClientArea();
+  const wxSize size = GetSize();
+  const wxSize fitting(std::min(size.x, desktop.width), std::min(size.y, desktop.height));
+  if (fitting != size) SetSize(fitting);
+  Move(desktop.x + (desktop.width - fitting.x) / 2, desktop.y + (desktop.height - fitting.y) / 2);
+}
+
+void FrmMain::RunMarquee()
+{
+  marquee_runs_ = true;
+  SetTimer();
+}
+
+void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
+{
+  int id = kFirstId;
+  const app::ControlDesign* previous = nullptr;
+  for (const auto& design : app::FormControlSettings()) {
+    if (design.kind != ControlKind::kMenu) {
+      const bool goes_on = previous != nullptr && previous->kind == ControlKind::kOption &&
+                           previous->name == design.name;
+      wxWindow* const made = MakeWindow(design, id, !goes_on, pictures);
+      Describe(*made, design);
+      widgets_.emplace_back(*window_.Form().Find(design.name, design.index), *made);
+      previous = &design;
+    }
+    ++id;
+  }
+}
+
+wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id, bool first_option,
+                              platform::WxPictureLoader& pictures)
+{
+  const auto& form = window_.Form();
+  const wxString name = WindowName(design);
+  if (IsStepButton(design))
+    return new StepButton(panel_, id, name, *form.Find("Label1", design.index));
+  if (design.kind != ControlKind::kPicture) {
+    // What stands in a picture box is cut off at its edge; frames only stand around things.
+    const auto* const around = form.Find(design.frame, design.frame_index);
+    wxWindow* parent = panel_;
+    if (around != nullptr && around->design->kind == ControlKind::kPicture)
+      parent = FindWindowByName(WindowName(*around->design), panel_);
+    return MakeWidget(design, parent, id, first_option);
+  }
+  if (design.name == "PictureChart") return chart_ = new ChartBox(panel_, id, name, form.chart);
+  if (design.name == "PictureChart2") return chart2_ = new ChartBox(panel_, id, name, form.chart2);
+  if (design.name == "GEMPic1") return car_ = new CarPictureBox(panel_, id, name, pictures);
+  return new MarqueeBox(panel_, id, name);
+}
+
+void FrmMain::LinkMnemonics()
+{
+  for (auto label = widgets_.begin(); label != widgets_.end(); ++label) {
+    const auto& design = label->Design();
+    if (design.kind != ControlKind::kLabel || design.caption.find('&') == std::string_view::npos)
+      continue;
+    const auto target = std::find_if(label, widgets_.end(), [](const ControlWidget& widget) {
+      return widget.Window().AcceptsFocus();
+    });
+    if (target != widgets_.end())
+      platform::SetMnemonicTarget(static_cast<wxStaticText&>(label->Window()), target->Window());
+  }
+}
+
+void FrmMain::BindEvents()
+{
+  Bind(wxEVT_BUTTON, &FrmMain::OnButton, this);
+  Bind(wxEVT_CHOICE, &FrmMain::OnChosen, this);
+  Bind(wxEVT_CHECKBOX, &FrmMain::OnChecked, this);
+  Bind(wxEVT_RADIOBUTTON, &FrmMain::OnChecked, this);
+  Bind(wxEVT_SIZE, &FrmMain::OnSize, this);
+  Bind(wxEVT_CLOSE_WINDOW, &FrmMain::OnClose, this);
+  Bind(wxEVT_MENU, &FrmMain::OnButton, this);
+  Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Handle([this] { window_.Tick(); }); });
+  Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
+    SetTimer();
+    event.Skip();
+  });
+  // Outside the drop itself, which the other program waits for.
+  SetDropTarget(new FileDrop([this](const wxString& path) {
+    CallAfter([this, path] { Handle([&] { window_.FileDropped(platform::ToText(path)); }); });
+  }));
+}
+
+void FrmMain::Handle(const std::function<void()>& event)
+{
+  if (handling_ || IsBeingDeleted() || window_.Ended()) return;
+  {
+    const Flag under_way(handling_);
+    event();
+  }
+  if (window_.Ended()) {
+    timer_.Stop();
+    Destroy();
+    return;
+  }
+  ShowChanges();
+  CallAfter(&FrmMain::LayOut);  // the size may have changed under a box on the screen
+}
+
+void FrmMain::LayOut()
+{
+  const wxSize now = GetClientSize();
+  if (now == laid_out_for_ || handling_ || IsIconized() || now.x < 1 || now.y < 1) return;
+  laid_out_for_ = now;
+  const wxWindowUpdateLocker still(panel_);
+  Handle([&] { window_.Resized(now.x, now.y); });
+}
+
+void FrmMain::ShowChanges()
+{
+  const auto& form = window_.Form();
+  const wxString caption = platform::FromText(form.caption);
+  if (GetTitle() != caption) SetTitle(caption);
+  for (auto& widget : widgets_) {
+    const auto& control = *form.Find(widget.Design().name, widget.Design().index);
+    wxWindow* const parent = widget.Window().GetParent();
+    widget.BringInLine(form.IsShown(control),
+                       parent == panel_ ? wxPoint() : parent->GetPosition());
+  }
+  menus_.BringInLine();
+  chart_->BringInLine();
+  chart2_->BringInLine();
+  car_->ShowPicture(form.car_picture);
+  SetTimer();
+}
+
+void FrmMain::SetTimer()
+{
+  if (!marquee_runs_ || IsIconized()) {
+    timer_.Stop();
+    return;
+  }
+  const auto& form = window_.Form();
+  const auto& box = form.Picture1.place;
+  const bool in_sight = window_.State().marquee.scrolling &&
+                        form.LblMarquee.place.left < box.left + box.width;
+  const int wanted = in_sight ? kScrollInterval : kPauseInterval;
+  if (!timer_.IsRunning() || timer_.GetInterval() != wanted) timer_.Start(wanted);
+}
+
+const app::ControlDesign* FrmMain::DesignOf(int id) const
+{
+  const auto rows = app::FormControlSettings();
+  if (id < kFirstId || id - kFirstId >= static_cast<int>(rows.size())) return nullptr;
+  return &rows[static_cast<std::size_t>(id - kFirstId)];
+}
+
+void FrmMain::TakeUserChange(const wxCommandEvent& event)
+{
+  for (auto& widget : widgets_)
+    if (&widget.Window() == event.GetEventObject() || event.GetEventType() == wxEVT_RADIOBUTTON)
+      widget.TakeUserChange();
+}
+
+void FrmMain::OnButton(wxCommandEvent& event)
+{
+  const auto* const design = DesignOf(event.GetId());
+  if (design != nullptr) Handle([&] { window_.Click(design->name, design->index); });
+}
+
+void FrmMain::OnChosen(wxCommandEvent& event)
+{
+  TakeUserChange(event);
+  const auto* const design = DesignOf(event.GetId());
+  if (design != nullptr)
+    Handle([&] { window_.Select(design->name, design->index, event.GetSelection()); });
+}
+
+void FrmMain::OnChecked(wxCommandEvent& event)
+{
+  TakeUserChange(event);
+  const auto* const design = DesignOf(event.GetId());
+  if (design != nullptr)
+    Handle([&] { window_.Check(design->name, design->index, event.IsChecked()); });
+}
+
+void FrmMain::OnSize(wxSizeEvent& event)
+{
+  event.Skip();
+  CallAfter(&FrmMain::LayOut);  // the client area follows after this event
+}
+
+void FrmMain::OnClose(wxCloseEvent& event)
+{
+  if (!event.CanVeto()) {
+    Destroy();
+    return;
+  }
+  bool may_go = false;
+  if (!handling_) Handle([&] { may_go = window_.CloseRequested(); });
+  if (may_go)
+    Destroy();
+  else
+    event.Veto();
+}
+
+}  // namespace velquist::ui

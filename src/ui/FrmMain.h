@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/frame.h>
+#include <wx/panel.h>
+#include <wx/timer.h>
+
+#include <functional>
+#include <vector>
+
+#include "app/MainWindow.h"
+#include "platform/wx/WxPictureLoader.h"
+#include "ui/Menus.h"
+#include "ui/PictureBoxes.h"
+#include "ui/Widgets.h"
+
+namespace velquist::ui {
+
+/// The main window on the screen: hands what the user does to app::MainWindow and shows what its
+/// form says afterwards. Goes away when the program has ended.
+class FrmMain final : public wxFrame {
+ public:
+  /// `window` is started and has not ended; it and `pictures` outlive this window. The client
+  /// area is that of the layout on `screen`.
+  FrmMain(app::MainWindow& window, const platform::Screen& screen,
+          platform::WxPictureLoader& pictures);
+
+  /// Makes the window no larger than the desktop leaves room for, and puts it in the middle.
+  void FitToDesktop();
+
+  /// Lets the time run for the marquee; without it only timer events given to the window do.
+  void RunMarquee();
+
+  [[nodiscard]] const Menus& GetMenus() const { return menus_; }
+  [[nodiscard]] wxTimer& MarqueeTimer() { return timer_; }
+
+ private:
+  void MakeWidgets(platform::WxPictureLoader& pictures);
+  wxWindow* MakeWindow(const app::ControlDesign& design, wxWindowID id, bool first_option,
+                       platform::WxPictureLoader& pictures);
+  void LinkMnemonics();
+  void BindEvents();
+
+  /// Gives `event` to the program, unless one is under way, and shows what came of it.
+  void Handle(const std::function<void()>& event);
+  void ShowChanges();
+  /// Has everything placed anew when the client area has another size.
+  void LayOut();
+  void SetTimer();
+
+  void OnButton(wxCommandEvent& event);
+  void OnChosen(wxCommandEvent& event);
+  void OnChecked(wxCommandEvent& event);
+  void OnSize(wxSizeEvent& event);
+  void OnClose(wxCloseEvent& event);
+
+  [[nodiscard]] const app::ControlDesign* DesignOf(int id) const;
+  void TakeUserChange(const wxCommandEvent& event);
+
+  app::MainWindow& window_;
+  wxPanel* panel_ = nullptr;
+  Menus menus_;
+  std::vector<ControlWidget> widgets_;
+  ChartBox* chart_ = nullptr;
+  ChartBox* chart2_ = nullptr;
+  CarPictureBox* car_ = nullptr;
+  wxTimer timer_;
+  bool marquee_runs_ = false;
+  wxSize laid_out_for_;    ///< client area that the places in the form are for
+  bool handling_ = false;  ///< an event is under way, which may have a box on the screen
+};
+
+}  // namespace velquist::ui

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "ui/StepButton.h"
+
+namespace velquist::ui {
+namespace {
+
+constexpr int kDelay = 400;    ///< milliseconds until a held button repeats
+constexpr int kInterval = 50;  ///< milliseconds between repeats
+
+}  // namespace
+
+StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& name,
+                       const app::Control& value)
+    : wxButton(parent, id, " ", wxDefaultPosition, wxSize(1, 1), 0, wxDefaultValidator, name),
+      value_(value),
+      held_(this)
+{
+  Bind(wxEVT_LEFT_DOWN, &StepButton::OnPress, this);
+  Bind(wxEVT_LEFT_DCLICK, &StepButton::OnPress, this);
+  Bind(wxEVT_LEFT_UP, &StepButton::OnRelease, this);
+  Bind(wxEVT_TIMER, &StepButton::OnHeld, this);
+  Bind(wxEVT_BUTTON, &StepButton::OnClicked, this);
+  Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+    held_.Stop();
+    event.Skip();
+  });
+}
+
+bool StepButton::Step()
+{
+  const std::string before = value_.text;
+  wxCommandEvent step(wxEVT_BUTTON, GetId());
+  step.SetEventObject(this);
+  stepping_ = true;
+  ProcessWindowEvent(step);
+  stepping_ = false;
+  return value_.text != before;
+}
+
+void StepButton::OnPress(wxMouseEvent& event)
+{
+  event.Skip();
+  pressed_ = true;
+  if (Step()) held_.StartOnce(kDelay);
+}
+
+void StepButton::OnRelease(wxMouseEvent& event)
+{
+  event.Skip();
+  held_.Stop();
+  // The system's own click of this press comes yet, if at all, and has been answered.
+  CallAfter([this] { pressed_ = false; });
+}
+
+void StepButton::OnHeld(wxTimerEvent&)
+{
+  const auto mouse = wxGetMouseState();
+  if (!mouse.LeftIsDown() || !IsShownOnScreen() || !IsEnabled()) return;
+  const bool over = GetScreenRect().Contains(mouse.GetPosition());
+  if (!over || Step()) held_.StartOnce(kInterval);
+}
+
+void StepButton::OnClicked(wxCommandEvent& event)
+{
+  event.Skip(stepping_ || !pressed_);
+}
+
+}  // namespace velquist::ui

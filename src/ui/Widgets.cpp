@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+#include "ui/Widgets.h"
+
+#include <wx/button.h>
+#include <wx/checkbox.h>
+#include <wx/choice.h>
+#include <wx/radiobut.h>
+#include <wx/statbox.h>
+#include <wx/stattext.h>
+
+#include "platform/wx/NativeLook.h"
+#include "platform/wx/WxText.h"
+
+namespace velquist::ui {
+namespace {
+
+using app::ControlKind;
+
+constexpr char kFace[] = "Arial";
+
+/// The text with its mnemonic while it is the caption of the design.
+wxString LabelText(const app::Control& control)
+{
+  const wxString caption = platform::FromText(control.design->caption);
+  const wxString text = platform::FromText(control.text);
+  if (text == caption || text == wxControl::RemoveMnemonics(caption)) return caption;
+  return wxControl::EscapeMnemonics(text);
+}
+
+/// Captions in the middle of their place, but those that stand beside or above a list.
+long Alignment(const app::ControlDesign& design)
+{
+  const bool left = design.name == "Label4" || design.name == "Label5" ||
+                    design.name == "LblMarquee";
+  return left ? wxALIGN_LEFT : wxALIGN_CENTRE_HORIZONTAL;
+}
+
+}  // namespace
+
+wxString WindowName(const app::ControlDesign& design)
+{
+  const wxString name = platform::FromText(design.name);
+  return design.index < 0 ? name : wxString::Format("%s(%d)", name, design.index);
+}
+
+wxFont ControlFont(int pixels)
+{
+  return wxFont(wxFontInfo(wxSize(0, pixels)).FaceName(kFace));
+}
+
+ControlWidget::ControlWidget(const app::Control& control, wxWindow& window)
+    : control_(&control), window_(&window)
+{
+  last_.design = control.design;
+  last_.shown = window.IsShown();
+}
+
+void ControlWidget::BringInLine(bool shown, wxPoint origin)
+{
+  if (control_->font_size != last_.font_size) {
+    window_->SetFont(ControlFont(control_->font_size));
+    last_.font_size = control_->font_size;
+  }
+  if (Design().kind == ControlKind::kList)
+    ShowItems();
+  else if (control_->text != last_.text)
+    ShowText();
+  if (control_->checked != last_.checked) ShowChecked();
+  if (control_->place != last_.place || origin != last_origin_) ShowPlace(origin);
+  if (control_->enabled != last_.enabled) {
+    window_->Enable(control_->enabled);
+    last_.enabled = control_->enabled;
+  }
+  if (shown != last_.shown) {
+    window_->Show(shown);
+    last_.shown = shown;
+  }
+}
+
+void ControlWidget::TakeUserChange()
+{
+  switch (Design().kind) {
+    case ControlKind::kList:
+      last_.selection = static_cast<wxChoice*>(window_)->GetSelection();
+      break;
+    case ControlKind::kCheck:
+      last_.checked = static_cast<wxCheckBox*>(window_)->GetValue();
+      break;
+    case ControlKind::kOption:
+      last_.checked = static_cast<wxRadioButton*>(window_)->GetValue();
+      break;
+    default: break;
+  }
+}
+
+void ControlWidget::ShowText()
+{
+  if (Design().kind != ControlKind::kPicture) window_->SetLabel(LabelText(*control_));
+  last_.text = control_->text;
+}
+
+void ControlWidget::ShowItems()
+{
+  auto& list = *static_cast<wxChoice*>(window_);
+  if (control_->items != last_.items) {
+    wxArrayString items;
+    for (const auto& item : control_->items) items.Add(platform::FromText(item));
+    list.Set(items);
+    last_.items = control_->items;
+    last_.selection = wxNOT_FOUND;
+  }
+  if (control_->selection != last_.selection) {
+    list.SetSelection(control_->selection);
+    last_.selection = control_->selection;
+  }
+}
+
+void ControlWidget::ShowChecked()
+{
+  if (Design().kind == ControlKind::kCheck) {
+    static_cast<wxCheckBox*>(window_)->SetValue(control_->checked);
+  } else if (Design().kind == ControlKind::kOption && control_->checked) {
+    // The other option buttons of the group are cleared by this one.
+    static_cast<wxRadioButton*>(window_)->SetValue(true);
+  }
+  last_.checked = control_->checked;
+}
+
+void ControlWidget::ShowPlace(wxPoint origin)
+{
+  const auto& place = control_->place;
+  window_->SetSize(place.left - origin.x, place.top - origin.y, place.width, place.height,
+                   wxSIZE_FORCE);
+  last_.place = place;
+  last_origin_ = origin;
+}
+
+wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindowID id,
+                     bool first_option)
+{
+  const wxPoint at = wxDefaultPosition;
+  const wxSize size(1, 1);
+  const wxString name = WindowName(design);
+  switch (design.kind) {
+    case ControlKind::kButton:
+      return new wxButton(parent, id, wxString(" "), at, size, 0, wxDefaultValidator, name);
+    case ControlKind::kList: {
+      auto* const list =
+          new wxChoice(parent, id, at, size, 0, nullptr, 0, wxDefaultValidator, name);
+      platform::ReportEveryChoice(*list);
+      return list;
+    }
+    case ControlKind::kCheck:
+      return new wxCheckBox(parent, id, wxString(), at, size, 0, wxDefaultValidator, name);
+    case ControlKind::kOption:
+      return new wxRadioButton(parent, id, wxString(), at, size, first_option ? wxRB_GROUP : 0,
+                               wxDefaultValidator, name);
+    case ControlKind::kFrame:
+      return new wxStaticBox(parent, id, wxString(), at, size, 0, name);
+    default: {
+      const long style = wxST_NO_AUTORESIZE | Alignment(design);
+      auto* const label = new wxStaticText(parent, id, wxString(), at, size, style, name);
+      platform::CentreVertically(*label);
+      return label;
+    }
+  }
+}
+
+void Describe(wxWindow& window, const app::ControlDesign& design)
+{
+  const wxString tip = platform::FromText(design.tip);
+  if (!tip.empty()) window.SetToolTip(tip);
+  platform::SetSpoken(window, platform::FromText(design.spoken), tip);
+}
+
+}  // namespace velquist::ui

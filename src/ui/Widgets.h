@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/font.h>
+#include <wx/window.h>
+
+#include "app/MainForm.h"
+
+namespace velquist::ui {
+
+/// "CmdInc(4)", or the name alone for a single control.
+[[nodiscard]] wxString WindowName(const app::ControlDesign& design);
+
+/// Arial, or what the system has in its place, of `pixels` letter height.
+[[nodiscard]] wxFont ControlFont(int pixels);
+
+/// A control of the main form and the widget that shows it.
+class ControlWidget {
+ public:
+  /// `window` was made for `control`, is empty, and belongs to its parent window.
+  ControlWidget(const app::Control& control, wxWindow& window);
+
+  [[nodiscard]] const app::ControlDesign& Design() const { return *control_->design; }
+  [[nodiscard]] wxWindow& Window() const { return *window_; }
+
+  /// Brings the widget in line with the control; touches only what differs from the last time.
+  /// `shown` is that of the control and everything around it, `origin` the place of the parent
+  /// window's corner.
+  void BringInLine(bool shown, wxPoint origin);
+
+  /// The user has changed the widget itself: what it shows now counts as the last time.
+  void TakeUserChange();
+
+ private:
+  void ShowText();
+  void ShowItems();
+  void ShowChecked();
+  void ShowPlace(wxPoint origin);
+
+  const app::Control* control_;
+  wxWindow* window_;
+  app::Control last_;     ///< as last shown; an empty text, no items and no place at first
+  wxPoint last_origin_;
+};
+
+/// Makes the empty widget of a button (but a step button), label, list, check box, option button
+/// or frame. `first_option` begins a group of option buttons.
+[[nodiscard]] wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent,
+                                   wxWindowID id, bool first_option);
+
+/// What a screen reader and a tool tip say about the control.
+void Describe(wxWindow& window, const app::ControlDesign& design);
+
+}  // namespace velquist::ui

@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <iomanip>
+#include <map>
+#include <sstream>
+
+#include "app/FormControlSettings.h"
+#include "runner/Play.h"
+#include "runner/Texts.h"
+#include "setup/SlotTable.h"
+
+namespace velquist::runner {
+namespace {
+
+using app::ControlKind;
+using app::Primitive;
+
+const app::Globals& StateOf(const Play& play)
+{
+  return play.driver.Window().State();
+}
+
+void DumpSlots(Play& play)
+{
+  for (int slot = 0; slot < setup::kSlots; ++slot) {
+    const auto row = setup::RowOf(slot);
+    play.out << "slot " << slot << ' ' << row << ' '
+             << Hex8(StateOf(play).setup_data.Value(row, data::kCurrent)) << '\n';
+  }
+}
+
+void DumpBuffer(Play& play)
+{
+  constexpr std::size_t kBytesALine = 16;
+  const std::span<const std::byte> bytes = StateOf(play).SetupBuffer;
+  play.out << "buffer " << bytes.size() << '\n';
+  for (std::size_t offset = 0; offset < bytes.size(); offset += kBytesALine) {
+    std::ostringstream line;
+    line << std::hex << std::setw(4) << std::setfill('0') << offset;
+    play.out << line.str() << ": "
+             << HexBytes(bytes.subspan(offset, std::min(kBytesALine, bytes.size() - offset)))
+             << '\n';
+  }
+}
+
+void DumpData(Play& play)
+{
+  const auto& data = StateOf(play).setup_data;
+  play.out << "data " << data.SetupDataValues.size() << '\n';
+  for (std::size_t row = 0; row < data.SetupDataValues.size(); ++row) {
+    play.out << row;
+    for (const auto column : {data::kMinimum, data::kMaximum, data::kStep, data::kFineStep})
+      play.out << ' ' << Hex8(data.Value(row, column));
+    play.out << '\n' << row << " text";
+    for (const auto& field : data.SetupDataText.at(row)) play.out << ' ' << Quoted(field);
+    play.out << '\n';
+  }
+}
+
+void DumpGears(Play& play)
+{
+  constexpr int kFields = 3;
+  for (int row = 0; row < data::kGearRows; ++row) {
+    play.out << "gear " << row;
+    for (int field = 0; field < kFields; ++field)
+      play.out << ' ' << Quoted(StateOf(play).GearData.Text(row, field));
+    play.out << '\n';
+  }
+}
+
+void DumpCurve(Play& play)
+{
+  const auto& curve = StateOf(play).curve;
+  for (std::size_t sample = 0; sample < curve.rpm.size(); ++sample)
+    play.out << "sample " << sample << ' ' << Hex8(curve.rpm[sample]) << ' '
+             << Hex8(curve.power[sample]) << ' ' << Hex8(curve.torque[sample]) << '\n';
+}
+
+void DumpBands(Play& play)
+{
+  const auto& bands = StateOf(play).bands;
+  play.out << "torque " << bands.torque.low << ' ' << bands.torque.high << '\n'
+           << "power " << bands.power.low << ' ' << bands.power.high << '\n'
+           << "maxrpm " << bands.maximum_rpm << '\n'
+           << "maxspeed " << Shortest(bands.maximum_speed) << '\n';
+  for (const auto& gear : bands.gears)
+    play.out << "gear " << gear.gear << ' ' << Shortest(gear.speed_per_rpm) << '\n';
+}
+
+std::string ColourText(platform::Colour colour)
+{
+  const std::array bytes = {std::byte{colour.red}, std::byte{colour.green},
+                            std::byte{colour.blue}};
+  auto digits = HexBytes(bytes);
+  std::erase(digits, ' ');
+  return "#" + digits;
+}
+
+std::string PrimitiveText(const Primitive& drawn)
+{
+  const auto from = Decimal(drawn.x1) + " " + Decimal(drawn.y1);
+  const auto to = Decimal(drawn.x2) + " " + Decimal(drawn.y2);
+  const auto colour = ColourText(drawn.colour);
+  switch (drawn.kind) {
+    case Primitive::Kind::kLine:
+      return "line " + from + " " + to + " " + colour + " " + Decimal(drawn.width) +
+             (drawn.style == platform::LineStyle::kSolid ? " solid" : " dotted");
+    case Primitive::Kind::kBox:
+      return "box " + from + " " + to + " " + colour + " " +
+             (drawn.fill ? ColourText(*drawn.fill) : "none");
+    case Primitive::Kind::kDot: return "dot " + from + " " + colour;
+    case Primitive::Kind::kText: return "text " + from + " " + Quoted(drawn.text);
+  }
+  return {};
+}
+
+void DumpChart(Play& play, bool second)
+{
+  const auto& form = play.driver.Window().Form();
+  for (const auto& drawn : (second ? form.chart2 : form.chart).Drawn())
+    play.out << PrimitiveText(drawn) << '\n';
+}
+
+bool HasCheckMark(const ControlName& control, ControlKind kind)
+{
+  return kind == ControlKind::kCheck || kind == ControlKind::kOption ||
+         control.name == "MnuShortFormat" || control.name == "MnuLongFormat";
+}
+
+void DumpControls(Play& play)
+{
+  std::vector<ControlName> controls;
+  for (const auto& design : app::FormControlSettings())
+    controls.push_back({std::string(design.name), design.index});
+  std::ranges::sort(controls, [](const ControlName& a, const ControlName& b) {
+    return std::tie(a.name, a.index) < std::tie(b.name, b.index);
+  });
+  for (const auto& control : controls) {
+    const auto seen = play.Seen(control);
+    play.out << control.Text() << ' ' << KindName(seen.kind)
+             << (seen.shown ? " shown" : " hidden") << (seen.enabled ? " enabled" : " disabled");
+    if (HasCheckMark(control, seen.kind)) play.out << (seen.checked ? " checked" : " unchecked");
+    if (seen.kind == ControlKind::kList) play.out << " #" << seen.selection;
+    play.out << ' ' << Quoted(seen.text);
+    if (seen.kind == ControlKind::kList) {
+      play.out << " items";
+      for (const auto& item : seen.items) play.out << ' ' << Quoted(item);
+    }
+    play.out << '\n';
+  }
+}
+
+void DumpState(Play& play)
+{
+  const auto& state = StateOf(play);
+  const auto whole = [](bool value) { return value ? -1 : 0; };
+  play.out << "modyear " << state.ModYearIndex << '\n'
+           << "chassis " << state.chassis_index << '\n'
+           << "formula " << state.formula_index << '\n'
+           << "player " << state.player_index << '\n'
+           << "track " << state.track_index << '\n'
+           << "units " << state.Units << '\n'
+           << "fine " << whole(state.options.fine) << '\n'
+           << "asymmetric " << whole(state.options.asymmetric) << '\n'
+           << "rollbars " << whole(state.options.constant_roll_bars) << '\n'
+           << "springs " << whole(state.options.proportional_springs) << '\n'
+           << "changed " << whole(state.changed) << '\n'
+           << "installation " << Quoted(state.installation) << '\n'
+           << "file " << Quoted(state.file_name) << '\n';
+}
+
+const std::map<std::string_view, void (*)(Play&)> kDumps = {
+    {"slots", DumpSlots}, {"buffer", DumpBuffer}, {"data", DumpData},
+    {"gears", DumpGears}, {"curve", DumpCurve},   {"bands", DumpBands},
+    {"state", DumpState}, {"controls", DumpControls},
+};
+
+}  // namespace
+
+Step ReadDump(WordReader& words)
+{
+  if (words.Take("chart")) {
+    const bool second = words.Take("PictureChart2");
+    if (!second) words.Expect("PictureChart");
+    return [second](Play& play) {
+      play.NeedRunning();
+      DumpChart(play, second);
+    };
+  }
+  const auto name = words.Next("what to dump").text;
+  const auto dump = kDumps.find(name);
+  if (dump == kDumps.end()) words.Fail("\"" + name + "\" is nothing to dump");
+  return [function = dump->second](Play& play) {
+    play.NeedRunning();
+    function(play);
+  };
+}
+
+Step ReadPrint(WordReader& words)
+{
+  return [text = words.Next("a text").text](Play& play) { play.out << text << '\n'; };
+}
+
+}  // namespace velquist::runner

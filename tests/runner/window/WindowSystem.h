@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace velquist::runner {
+
+/// Lets the toolkit do all that is waiting: events, repaints, and windows that have gone. Throws
+/// when a box came up that nobody expected.
+void LetWindowSystemWork();
+
+}  // namespace velquist::runner

@@ -1,0 +1,302 @@
+// SPDX-License-Identifier: MIT
+#include "data/ChassisCatalogue.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstddef>
+#include <fstream>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/EnginePoints.h"
+#include "platform/Errors.h"
+
+namespace velquist::data {
+namespace {
+
+constexpr int k1967 = 0;
+constexpr int k1965 = 1;
+constexpr int k1966 = 2;
+constexpr int k1969 = 3;
+constexpr int kGT = 4;
+
+constexpr std::size_t kPointsPerEngine = 18;
+
+/// The numbers of a fixture list, its heading line left out.
+std::vector<float> NumbersOf(const std::string& name)
+{
+  std::ifstream file(std::string(VELQUIST_SOURCE_DIR) + "/tests/fixtures/" + name);
+  std::string word;
+  std::getline(file, word);
+  std::vector<float> numbers;
+  while (file >> word) {
+    numbers.push_back(std::stof(word));
+  }
+  return numbers;
+}
+
+std::array<float, 8> FieldsOf(const Engine& engine)
+{
+  return {engine.c0,           engine.c1,          engine.c2,    engine.c3,
+          engine.displacement, engine.maximum_rpm, engine.gears, engine.rear_weight_fraction};
+}
+
+bool Filled(int ModYearIndex, int engine_slot)
+{
+  return engine_slot < ChassisCount(ModYearIndex) || engine_slot >= kFormula2Slot;
+}
+
+void ExpectPointsMatchList(int ModYearIndex, std::size_t list_start)
+{
+  const std::vector<float> list = NumbersOf("engine_points.txt");
+  ASSERT_EQ(list.size(), 2U * 792U);
+  for (int slot = 0; slot < kEngineSlots; ++slot) {
+    const auto points = EnginePoints(ModYearIndex, slot);
+    for (std::size_t k = 0; k < kPointsPerEngine; ++k) {
+      SCOPED_TRACE("slot " + std::to_string(slot) + ", point " + std::to_string(k));
+      const std::size_t element = list_start + static_cast<std::size_t>(slot) + 22 * k;
+      EXPECT_EQ(points[k].rpm, list[element]);
+      EXPECT_EQ(points[k].pressure, list[element + 396]);
+    }
+  }
+}
+
+struct SlotPair {
+  int ModYearIndex;
+  int first;
+  int second;
+};
+
+constexpr SlotPair kSameEngine[] = {
+    {k1965, 2, 3},  {k1966, 2, 8}, {k1966, 3, 14}, {k1966, 4, 12}, {k1969, 0, 2},
+    {k1969, 0, 3},  {k1969, 0, 5}, {k1969, 0, 6},  {kGT, 0, 5},    {kGT, 1, 3},
+};
+
+constexpr SlotPair kSamePoints[] = {
+    {k1966, 2, 8}, {k1966, 3, 14}, {k1966, 4, 12}, {k1966, 13, 20}, {k1966, 13, 21},
+    {kGT, 0, 5},   {kGT, 1, 3},    {kGT, 1, 6},    {kGT, 20, 21},
+};
+
+TEST(ChassisCatalogue, EachModYearHasItsNumberOfChassis)
+{
+  EXPECT_EQ(ChassisCount(k1967), 7);
+  EXPECT_EQ(ChassisCount(k1965), 7);
+  EXPECT_EQ(ChassisCount(k1966), 16);
+  EXPECT_EQ(ChassisCount(k1969), 7);
+  EXPECT_EQ(ChassisCount(kGT), 9);
+}
+
+TEST(ChassisCatalogue, EveryChassisIsNamedInDropBoxOrder)
+{
+  const std::array<std::vector<std::string_view>, kModYearCount> names = {{
+      {"Brabham BT24-Repco V8", "BRM P115-BRM H16", "Cooper T81-Maserati V12",
+       "Eagle AAR103-Weslake V12", "Ferrari 312-Ferrari V12", "Lotus 49-Ford V8 DFV",
+       "Honda RA300-Honda V12"},
+      {"Brabham BT11-Climax V8", "BRM P261-BRM V8", "Cooper T77-Climax V8",
+       "Brabham BT7-Climax V8", "Ferrari 1512-Ferrari V12", "Lotus 33-Climax V8",
+       "Honda RA272-Honda V12"},
+      {"Brabham BT19-Repco V8 3.0L", "Brabham BT11-Climax S4 2.5L", "Brabham BT11-Climax S4 2.7L",
+       "Brabham BT11-BRM V8 1.9L", "BRM P83-BRM H16 3.0L", "BRM P261-BRM V8 2.1L",
+       "Cooper T81-Maserati V12 3.0L", "Eagle AAR102-Weslake V12 3.0L",
+       "Eagle AAR101-Climax S4 2.7L", "Ferrari 312-Ferrari V12 3.0L",
+       "Ferrari 246-Ferrari V6 2.4L", "Honda RA273-Honda V12 3.0L", "Lotus 43-BRM H16 3.0L",
+       "Lotus 33-Climax V8 2.0L", "Lotus 33-BRM V8 1.9L", "McLaren M2B-Ford V8 3.0L"},
+      {"Brabham BT26A-Ford V8 DFV", "BRM P139-BRM V12", "Lotus 63-Ford V8 DFV",
+       "McLaren M7-Ford V8 DFV", "Ferrari 312--Ferrari V12", "Lotus 49B-Ford V8 DFV",
+       "Matra MS80-Ford V8 DFV"},
+      {"Ford MkIIB-Ford V8 7.0L", "Chaparral 2D-Chevrolet V8 7.0L",
+       "Lola T70 MkIII-Chevrolet V8 5.4L", "Chaparral 2F-Chevrolet V8 7.0L",
+       "Ferrari 330/P4-Ferrari V12 4.0L", "Ford MkIV-Ford V8 7.0L", "Mirage M1-Ford V8 5.7L",
+       "Ford MkI-Ford V8 4.7L", "Porsche 910-Porsche F8 2.2L"},
+  }};
+
+  for (int m = 0; m < kModYearCount; ++m) {
+    const auto& expected = names[static_cast<std::size_t>(m)];
+    ASSERT_EQ(ChassisCount(m), static_cast<int>(expected.size()));
+    for (int slot = 0; slot < ChassisCount(m); ++slot) {
+      EXPECT_EQ(ChassisName(m, slot), expected[static_cast<std::size_t>(slot)]);
+    }
+  }
+}
+
+TEST(ChassisCatalogue, NamesAndCountsOutsideTheCatalogueThrow)
+{
+  EXPECT_THROW((void)ChassisCount(-1), BoundsError);
+  EXPECT_THROW((void)ChassisCount(kModYearCount), BoundsError);
+  EXPECT_THROW((void)ChassisName(-1, 0), BoundsError);
+  EXPECT_THROW((void)ChassisName(kModYearCount, 0), BoundsError);
+  for (int m = 0; m < kModYearCount; ++m) {
+    EXPECT_THROW((void)ChassisName(m, -1), BoundsError);
+    EXPECT_THROW((void)ChassisName(m, ChassisCount(m)), BoundsError);
+  }
+}
+
+TEST(ChassisCatalogue, EveryEngineNumberMatchesTheList)
+{
+  const std::vector<float> list = NumbersOf("engine_table.txt");
+  ASSERT_EQ(list.size(), 880U);
+  for (int m = 0; m < kModYearCount; ++m) {
+    for (int c = 0; c < kEngineSlots; ++c) {
+      const std::array<float, 8> fields = FieldsOf(EngineOf(m, c));
+      for (std::size_t f = 0; f < fields.size(); ++f) {
+        SCOPED_TRACE("mod year " + std::to_string(m) + ", slot " + std::to_string(c) +
+                     ", field " + std::to_string(f));
+        EXPECT_EQ(fields[f], list[static_cast<std::size_t>(m + 5 * c) + 110 * f]);
+      }
+    }
+  }
+}
+
+TEST(ChassisCatalogue, ThePracticallyZeroCubicTermOfThe1967BrabhamIsKept)
+{
+  EXPECT_EQ(EngineOf(k1967, 0).c3, -8.43e-15F);
+}
+
+TEST(ChassisCatalogue, SlotsWithoutAnEngineAreAllZero)
+{
+  int filled = 0;
+  for (int m = 0; m < kModYearCount; ++m) {
+    for (int slot = 0; slot < kEngineSlots; ++slot) {
+      SCOPED_TRACE("mod year " + std::to_string(m) + ", slot " + std::to_string(slot));
+      if (Filled(m, slot)) {
+        EXPECT_GT(EngineOf(m, slot).displacement, 0.0F);
+        ++filled;
+      } else {
+        EXPECT_EQ(FieldsOf(EngineOf(m, slot)), (std::array<float, 8>{}));
+      }
+    }
+  }
+  EXPECT_EQ(filled, 56);
+}
+
+TEST(ChassisCatalogue, EnginesOutsideTheCatalogueThrow)
+{
+  EXPECT_THROW((void)EngineOf(-1, 0), BoundsError);
+  EXPECT_THROW((void)EngineOf(kModYearCount, 0), BoundsError);
+  EXPECT_THROW((void)EngineOf(k1967, -1), BoundsError);
+  EXPECT_THROW((void)EngineOf(k1967, kEngineSlots), BoundsError);
+  EXPECT_THROW((void)GearCount(k1967, kEngineSlots), BoundsError);
+  EXPECT_THROW((void)RearWeightFraction(kModYearCount, 0), BoundsError);
+}
+
+TEST(ChassisCatalogue, CarsWithTheSameEngineHaveACopyEach)
+{
+  for (const SlotPair& pair : kSameEngine) {
+    SCOPED_TRACE("mod year " + std::to_string(pair.ModYearIndex) + ", slot " +
+                 std::to_string(pair.second));
+    const Engine& first = EngineOf(pair.ModYearIndex, pair.first);
+    const Engine& second = EngineOf(pair.ModYearIndex, pair.second);
+    EXPECT_EQ(FieldsOf(first), FieldsOf(second));
+    EXPECT_NE(&first, &second);
+  }
+}
+
+TEST(ChassisCatalogue, GearCountAndRearWeightFractionComeFromTheEngineSlot)
+{
+  EXPECT_EQ(GearCount(k1967, 1), 6);
+  EXPECT_EQ(GearCount(k1967, kFormula3Slot), 4);
+  EXPECT_EQ(GearCount(k1965, kFormula2Slot), 6);
+  EXPECT_EQ(GearCount(kGT, 1), 3);
+  EXPECT_EQ(GearCount(k1967, 16), 0);
+  EXPECT_EQ(RearWeightFraction(k1965, 6), 0.58F);
+  EXPECT_EQ(RearWeightFraction(k1967, 0), 0.6F);
+  EXPECT_EQ(RearWeightFraction(k1967, kFormula2Slot), 0.64F);
+}
+
+TEST(ChassisCatalogue, NoGearboxHasMoreThanTheMostGears)
+{
+  for (int m = 0; m < kModYearCount; ++m) {
+    for (int slot = 0; slot < kEngineSlots; ++slot) {
+      if (Filled(m, slot)) {
+        EXPECT_GE(GearCount(m, slot), 3);
+        EXPECT_LE(GearCount(m, slot), kMostGears);
+      }
+    }
+  }
+}
+
+TEST(EngineSlot, FormulaOneUsesTheEngineOfTheChassis)
+{
+  for (int chassis = 0; chassis < kMostChassis; ++chassis) {
+    EXPECT_EQ(EngineSlot(chassis, 0), chassis);
+  }
+}
+
+TEST(EngineSlot, FormulaTwoAndThreeUseTheirOwnEngineWhateverTheChassis)
+{
+  for (int chassis = 0; chassis < kMostChassis; ++chassis) {
+    EXPECT_EQ(EngineSlot(chassis, 1), 20);
+    EXPECT_EQ(EngineSlot(chassis, 2), 21);
+  }
+}
+
+TEST(EngineSlot, AnyOtherFormulaHasNoAnswer)
+{
+  EXPECT_EQ(EngineSlot(3, -1), std::nullopt);
+  EXPECT_EQ(EngineSlot(3, 3), std::nullopt);
+}
+
+TEST(EnginePoints, EveryPointOf1966MatchesTheList)
+{
+  ExpectPointsMatchList(k1966, 0);
+}
+
+TEST(EnginePoints, EveryPointOfGTMatchesTheList)
+{
+  ExpectPointsMatchList(kGT, 792);
+}
+
+TEST(EnginePoints, RpmStartsAtZeroAndRisesStrictly)
+{
+  for (const int m : {k1966, kGT}) {
+    for (int slot = 0; slot < kEngineSlots; ++slot) {
+      if (!Filled(m, slot)) {
+        continue;
+      }
+      SCOPED_TRACE("mod year " + std::to_string(m) + ", slot " + std::to_string(slot));
+      const auto points = EnginePoints(m, slot);
+      EXPECT_EQ(points[0].rpm, 0.0F);
+      for (std::size_t k = 1; k < points.size(); ++k) {
+        EXPECT_LT(points[k - 1].rpm, points[k].rpm);
+      }
+    }
+  }
+}
+
+TEST(EnginePoints, EveryGTChassisEngineEndsWithoutPressure)
+{
+  for (int slot = 0; slot < ChassisCount(kGT); ++slot) {
+    EXPECT_EQ(EnginePoints(kGT, slot).back().pressure, 0.0F);
+  }
+  EXPECT_EQ(EnginePoints(kGT, 0).back().rpm, 7600.0F);
+}
+
+TEST(EnginePoints, CarsWithTheSameEngineHaveACopyEach)
+{
+  for (const SlotPair& pair : kSamePoints) {
+    SCOPED_TRACE("mod year " + std::to_string(pair.ModYearIndex) + ", slot " +
+                 std::to_string(pair.second));
+    const auto first = EnginePoints(pair.ModYearIndex, pair.first);
+    const auto second = EnginePoints(pair.ModYearIndex, pair.second);
+    EXPECT_NE(first.data(), second.data());
+    for (std::size_t k = 0; k < kPointsPerEngine; ++k) {
+      EXPECT_EQ(first[k].rpm, second[k].rpm);
+      EXPECT_EQ(first[k].pressure, second[k].pressure);
+    }
+  }
+}
+
+TEST(EnginePoints, YearsWithoutPointsAndSlotsOutsideTheTableThrow)
+{
+  for (const int m : {-1, k1967, k1965, k1969, kModYearCount}) {
+    EXPECT_THROW((void)EnginePoints(m, 0), BoundsError);
+  }
+  EXPECT_THROW((void)EnginePoints(k1966, -1), BoundsError);
+  EXPECT_THROW((void)EnginePoints(kGT, kEngineSlots), BoundsError);
+}
+
+}  // namespace
+}  // namespace velquist::data
