@@ -82,6 +82,9 @@ class Program final : public wxApp {
 
 int Run(int argc, char** argv)
 {
+#ifdef NDEBUG
+  wxDisableAsserts();  // the toolkit's own, which would ask the user what to do
+#endif
   wxApp::SetInstance(new Program(platform::ReadCommandLine(argc, argv)));
   int own_words = 1;  // the toolkit gets the program's name alone
   bool up = false;

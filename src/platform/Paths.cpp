@@ -46,7 +46,7 @@ std::string_view DirectoryOf(std::string_view path) noexcept
 std::string WithExtension(std::string_view path, std::string_view extension)
 {
   constexpr std::size_t kDotAndExtension = 4;
-  if (path.size() >= kDotAndExtension && path[path.size() - kDotAndExtension] == '.')
+  if (FileNameOf(path).size() >= kDotAndExtension && path[path.size() - kDotAndExtension] == '.')
     path.remove_suffix(kDotAndExtension);
   return std::string(path).append(".").append(extension);
 }

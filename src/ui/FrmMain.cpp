@@ -12,6 +12,7 @@
 
 #include "app/FormControlSettings.h"
 #include "platform/wx/NativeLook.h"
+#include "platform/wx/ProgramIcons.h"
 #include "platform/wx/WxText.h"
 #include "ui/StepButton.h"
 
@@ -78,6 +79,7 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
       menus_(window.Form(), kFirstId),
       timer_(this)
 {
+  SetIcons(platform::ProgramIcons());
   SetMenuBar(menus_.Bar());
   platform::AllowSmallControls(*panel_);
   MakeWidgets(pictures);
@@ -217,6 +219,8 @@ void FrmMain::ShowChanges()
     wxWindow* const parent = widget.Window().GetParent();
     widget.BringInLine(form.IsShown(control),
                        parent == panel_ ? wxPoint() : parent->GetPosition());
+    if (auto* const button = dynamic_cast<StepButton*>(&widget.Window()))
+      button->SayValue(widget.Design());
   }
   menus_.BringInLine();
   chart_->BringInLine();

@@ -31,9 +31,7 @@ void DrawLine(wxGraphicsContext& context, const Primitive& line)
       line.style == platform::LineStyle::kDotted ? wxPENSTYLE_DOT : wxPENSTYLE_SOLID;
   context.SetPen(context.CreatePen(
       wxGraphicsPenInfo(ToWx(line.colour)).Width(line.width).Style(style).Cap(wxCAP_BUTT)));
-  const bool upright = std::round(line.x1) == std::round(line.x2);
-  const bool level = std::round(line.y1) == std::round(line.y2);
-  if (upright || level) {
+  if (line.x1 == line.x2 || line.y1 == line.y2) {
     context.SetAntialiasMode(wxANTIALIAS_NONE);
     context.StrokeLine(std::round(line.x1), std::round(line.y1), std::round(line.x2),
                        std::round(line.y2));
@@ -131,10 +129,11 @@ void ChartBox::OnPaint()
 
 CarPictureBox::CarPictureBox(wxWindow* parent, wxWindowID id, const wxString& name,
                              platform::WxPictureLoader& pictures)
-    : wxWindow(parent, id, wxDefaultPosition, wxSize(1, 1), wxFULL_REPAINT_ON_RESIZE, name),
+    : wxPanel(parent, id, wxDefaultPosition, wxSize(1, 1),
+              wxFULL_REPAINT_ON_RESIZE | wxBORDER_NONE, name),
       pictures_(pictures)
 {
-  SetBackgroundStyle(wxBG_STYLE_PAINT);
+  SetDoubleBuffered(true);
   Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
 }
 
@@ -148,9 +147,7 @@ void CarPictureBox::ShowPicture(const std::string& path)
 
 void CarPictureBox::OnPaint()
 {
-  wxAutoBufferedPaintDC paint(this);
-  paint.SetBackground(wxBrush(GetParent()->GetBackgroundColour()));
-  paint.Clear();
+  wxPaintDC paint(this);
   const wxSize size = GetClientSize();
   const double scale = GetContentScaleFactor();
   const wxSize device = size * scale;
@@ -161,8 +158,7 @@ void CarPictureBox::OnPaint()
     scaled_ = Fitted(image, device, scale);
     scaled_for_ = device;
   }
-  const wxSize shown = scaled_.GetLogicalSize().IsFullySpecified() ? wxSize(scaled_.GetLogicalSize())
-                                                                   : scaled_.GetSize();
+  const wxSize shown(scaled_.GetLogicalSize());
   paint.DrawBitmap(scaled_, (size.x - shown.x) / 2, (size.y - shown.y) / 2);
 }
 

@@ -28,7 +28,7 @@ class ChartBox final : public wxWindow {
 };
 
 /// The picture of the car, as large as the box allows without more than doubling it.
-class CarPictureBox final : public wxWindow {
+class CarPictureBox final : public wxPanel {
  public:
   CarPictureBox(wxWindow* parent, wxWindowID id, const wxString& name,
                 platform::WxPictureLoader& pictures);

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/StepButton.h"
 
+#include "platform/wx/NativeLook.h"
+#include "platform/wx/WxText.h"
+
 namespace velquist::ui {
 namespace {
 
@@ -26,6 +29,13 @@ StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& name,
   });
 }
 
+void StepButton::SayValue(const app::ControlDesign& design)
+{
+  if (value_.text == said_) return;
+  said_ = value_.text;
+  platform::SetSpoken(*this, platform::FromText(design.spoken), platform::FromText(said_));
+}
+
 bool StepButton::Step()
 {
   const std::string before = value_.text;
@@ -40,6 +50,9 @@ bool StepButton::Step()
 void StepButton::OnPress(wxMouseEvent& event)
 {
   event.Skip();
+  // Some systems send a press and then the double click for one and the same press.
+  if (event.LeftDClick() && down_) return;
+  down_ = true;
   pressed_ = true;
   if (Step()) held_.StartOnce(kDelay);
 }
@@ -47,9 +60,10 @@ void StepButton::OnPress(wxMouseEvent& event)
 void StepButton::OnRelease(wxMouseEvent& event)
 {
   event.Skip();
+  down_ = false;
   held_.Stop();
   // The system's own click of this press comes yet, if at all, and has been answered.
-  CallAfter([this] { pressed_ = false; });
+  CallAfter([this] { pressed_ = down_; });
 }
 
 void StepButton::OnHeld(wxTimerEvent&)

@@ -4,6 +4,8 @@
 #include <wx/button.h>
 #include <wx/timer.h>
 
+#include <string>
+
 #include "app/MainForm.h"
 
 namespace velquist::ui {
@@ -16,6 +18,9 @@ class StepButton final : public wxButton {
   /// `value` is the label that the steps change; it outlives the button.
   StepButton(wxWindow* parent, wxWindowID id, const wxString& name, const app::Control& value);
 
+  /// Lets a screen reader tell the value beside the button's name.
+  void SayValue(const app::ControlDesign& design);
+
  private:
   /// One step; false when it moved nothing.
   bool Step();
@@ -25,8 +30,10 @@ class StepButton final : public wxButton {
   void OnClicked(wxCommandEvent& event);
 
   const app::Control& value_;
+  std::string said_;
   wxTimer held_;
-  bool pressed_ = false;   ///< the mouse holds the button down
+  bool down_ = false;      ///< the mouse holds the button down
+  bool pressed_ = false;   ///< and a click of the system's own belongs to that
   bool stepping_ = false;  ///< the event under way is a step of our own
 };
 

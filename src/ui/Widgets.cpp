@@ -18,6 +18,9 @@ using app::ControlKind;
 
 constexpr char kFace[] = "Arial";
 
+/// From this slot on, values are chosen from lists.
+constexpr int kFirstListSlot = 48;
+
 /// The text with its mnemonic while it is the caption of the design.
 wxString LabelText(const app::Control& control)
 {
@@ -27,12 +30,14 @@ wxString LabelText(const app::Control& control)
   return wxControl::EscapeMnemonics(text);
 }
 
-/// Captions in the middle of their place, but those that stand beside or above a list.
-long Alignment(const app::ControlDesign& design)
+/// In the middle, as between the columns of the two sides, but for the captions of lists and what
+/// is read as a line. A file name too long for its place keeps both its ends.
+long LabelStyle(const app::ControlDesign& design)
 {
-  const bool left = design.name == "Label4" || design.name == "Label5" ||
-                    design.name == "LblMarquee";
-  return left ? wxALIGN_LEFT : wxALIGN_CENTRE_HORIZONTAL;
+  if (design.name == "Label4") return wxALIGN_LEFT | wxST_ELLIPSIZE_MIDDLE;
+  const bool of_list = design.name == "Label5" ||
+                       (design.name == "Label3" && design.index >= kFirstListSlot);
+  return of_list || design.name == "LblMarquee" ? wxALIGN_LEFT : wxALIGN_CENTRE_HORIZONTAL;
 }
 
 }  // namespace
@@ -158,7 +163,7 @@ wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindo
     case ControlKind::kFrame:
       return new wxStaticBox(parent, id, wxString(), at, size, 0, name);
     default: {
-      const long style = wxST_NO_AUTORESIZE | Alignment(design);
+      const long style = wxST_NO_AUTORESIZE | LabelStyle(design);
       auto* const label = new wxStaticText(parent, id, wxString(), at, size, style, name);
       platform::CentreVertically(*label);
       return label;

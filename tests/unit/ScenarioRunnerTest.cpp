@@ -168,7 +168,9 @@ class ScenarioRunner : public testing::Test {
          chosen_ = outside.dialogs.AskOpenFile({"All|*.*", 2, "", outside.program_directory});
        }},
       {"Run",
-       [](const Outside& outside) { outside.process.Start(outside.program_directory + "\\x.exe"); }},
+       [](const Outside& outside) {
+         outside.process.Start(outside.program_directory + "\\x.exe");
+       }},
       {"Year",
        [this](const Outside& outside) {
          year_ = outside.dialogs.AskModYear(platform::ModYearForm::kFrmModYear2, "Which?");
@@ -313,11 +315,27 @@ TEST_F(ScenarioRunner, TheWorldIsWrittenAndComparedByteForByte)
                  "copy $G $T/Other/GPL\n"
                  "expect file $T/Other/GPL/Players/a.txt exists\n"
                  "remove $G\nexpect file $G missing\n"
-                 "setup $T/s/x.lp1 long 33=4 sym=0\nexpect file $T/s/x.lp1 hex 260 \"00 00008040\"\n"
+                 "setup $T/s/x.lp1 long 33=4 sym=0\n"
+                 "expect file $T/s/x.lp1 hex 260 \"00 00008040\"\n"
                  "start \"$G/x\"\nexpect caption $G/x\nprint \"a b\"\n"),
             Outcome::kPassed)
       << log_.str();
   EXPECT_EQ(out_.str(), "a b\n");
+}
+
+TEST_F(ScenarioRunner, WhatIsSeenIsReportedBesideWhatWasExpected)
+{
+  ExpectFailure("start now\nexpect caption \"no\"\n", "2: expected caption \"no\", got \"now\"");
+  ExpectFailure("start\nexpect ended\n", "2: expected the program ended, got running");
+  ExpectFailure("start\nexpect List items a\n",
+                "2: expected List items \"a\", got items \"a\" \"b\"");
+  ExpectFailure("start\nexpect Box unchecked\n", "2: expected Box unchecked, got checked");
+  ExpectFailure("start\nexpect Box at 1 2 3 4\n", "2: expected Box at 1 2 3 4, got 0 0 0 0");
+  ExpectFailure("file a hex 01\nexpect file a hex 0 0102\n",
+                "2: expected file a 01 02 at 0, got 01 and the end");
+  ExpectFailure("expect file b size 1\n", "1: expected file b exists, got missing");
+  ExpectFailure("file a text x\nfile b text y\nexpect file a same b\n",
+                "3: expected file a same b, got 1 bytes against 1, the first difference at 0");
 }
 
 TEST_F(ScenarioRunner, NothingOutsideTheScriptsDirectoryIsChanged)
@@ -334,6 +352,17 @@ TEST_F(ScenarioRunner, TheDirectoryGoesWhenTheScriptPassed)
   EXPECT_EQ(Play("print $T\n"), Outcome::kPassed);
   const auto directory = out_.str().substr(0, out_.str().size() - 1);
   EXPECT_FALSE(directory.empty() || fs::exists(directory));
+}
+
+TEST_F(ScenarioRunner, TheDirectoryStaysWhenItIsToBeKept)
+{
+  Runner runner({true, shipped_}, [this] { return std::make_unique<ButtonDriver>(actions_); },
+                resources_, out_, log_);
+  EXPECT_EQ(runner.PlayScript("file $T/a text b\nprint $T\n", "test.scn"), Outcome::kPassed);
+  const fs::path directory = out_.str().substr(0, out_.str().size() - 1);
+  EXPECT_EQ(log_.str(), "test.scn: files kept in " + directory.string() + "\n");
+  EXPECT_TRUE(fs::exists(directory / "a"));
+  RemoveKept();
 }
 
 TEST_F(ScenarioRunner, UnknownStatementsAndWrongWordsAreFoundBeforeAnythingIsPlayed)
@@ -383,18 +412,6 @@ TEST_F(ScenarioRunner, FilesAreCountedAndTheExitCodeSaysTheWorst)
   EXPECT_EQ(play({shipped_ / "wrong.scn", shipped_ / "fails.scn"}), kNotRead);
   EXPECT_EQ(play({shipped_ / "missing.scn"}), kNotRead);
   EXPECT_EQ(play({shipped_ / "sub"}), kNotRead);
-}
-
-TEST(ScenarioCommandLine, OptionsAndPathsStandInAnyOrder)
-{
-  const auto line = ReadCommandLine({"a.scn", "--ui", "--program-files", "d", "--keep", "b"}, "p");
-  EXPECT_TRUE(line.window && line.options.keep);
-  EXPECT_EQ(line.options.program_files, "d");
-  EXPECT_EQ(line.paths, (std::vector<fs::path>{"a.scn", "b"}));
-  EXPECT_EQ(ReadCommandLine({"a"}, "p").options.program_files, "p");
-  EXPECT_THROW((void)ReadCommandLine({}, "p"), std::invalid_argument);
-  EXPECT_THROW((void)ReadCommandLine({"--other", "a"}, "p"), std::invalid_argument);
-  EXPECT_THROW((void)ReadCommandLine({"a", "--program-files"}, "p"), std::invalid_argument);
 }
 
 }  // namespace

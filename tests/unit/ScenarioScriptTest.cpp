@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
-// The scenario language: words, numbers and setup files.
+// The scenario language: words, numbers and setup files; the runner's command line.
 #include "runner/Script.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <limits>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "runner/Runner.h"
 #include "runner/SetupFile.h"
 #include "runner/Texts.h"
 
@@ -53,7 +56,8 @@ TEST(ScenarioWords, PlacesAreReplacedAnywhereButNotWhenEscaped)
 
 TEST(ScenarioWords, BlankLinesAndCommentsAreSkippedAndLinesCounted)
 {
-  const auto statements = ReadScript("\xef\xbb\xbf# one\r\n\r\n  # \"three\r\nstart #4\r\n", kPlaces);
+  const auto statements =
+      ReadScript("\xef\xbb\xbf# one\r\n\r\n  # \"three\r\nstart #4\r\n", kPlaces);
   ASSERT_EQ(statements.size(), 1U);
   EXPECT_EQ(statements[0].line, 4);
   EXPECT_EQ(statements[0].words.at(1).text, "#4");
@@ -151,6 +155,18 @@ TEST(ScenarioSetup, WholeSlotsTakeNoFractions)
   EXPECT_FALSE(SlotBits(42, "nan"));
   EXPECT_FALSE(SlotBits(32, "4294967296"));
   EXPECT_TRUE(SlotBits(50, "1.5"));
+}
+
+TEST(ScenarioCommandLine, OptionsAndPathsStandInAnyOrder)
+{
+  const auto line = ReadCommandLine({"a.scn", "--ui", "--program-files", "d", "--keep", "b"}, "p");
+  EXPECT_TRUE(line.window && line.options.keep);
+  EXPECT_EQ(line.options.program_files, "d");
+  EXPECT_EQ(line.paths, (std::vector<std::filesystem::path>{"a.scn", "b"}));
+  EXPECT_EQ(ReadCommandLine({"a"}, "p").options.program_files, "p");
+  EXPECT_THROW((void)ReadCommandLine({}, "p"), std::invalid_argument);
+  EXPECT_THROW((void)ReadCommandLine({"--other", "a"}, "p"), std::invalid_argument);
+  EXPECT_THROW((void)ReadCommandLine({"a", "--program-files"}, "p"), std::invalid_argument);
 }
 
 }  // namespace

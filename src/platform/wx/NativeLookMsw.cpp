@@ -10,9 +10,12 @@ namespace {
 /// Adds a name and a description to what the system tells about a control.
 class Spoken final : public wxAccessible {
  public:
-  Spoken(wxWindow* window, wxString name, wxString description)
-      : wxAccessible(window), name_(std::move(name)), description_(std::move(description))
+  explicit Spoken(wxWindow* window) : wxAccessible(window) {}
+
+  void Set(const wxString& name, const wxString& description)
   {
+    name_ = name;
+    description_ = description;
   }
 
   wxAccStatus GetName(int child, wxString* name) override
@@ -46,8 +49,13 @@ void AllowSmallControls(wxWindow&)
 
 void SetSpoken(wxWindow& control, const wxString& name, const wxString& description)
 {
-  if (!name.empty() || !description.empty())
-    control.SetAccessible(new Spoken(&control, name, description));
+  auto* spoken = dynamic_cast<Spoken*>(control.GetAccessible());
+  if (spoken == nullptr) {
+    if (name.empty() && description.empty()) return;
+    spoken = new Spoken(&control);
+    control.SetAccessible(spoken);
+  }
+  spoken->Set(name, description);
 }
 
 void CentreVertically(wxStaticText& label)
