@@ -169,7 +169,7 @@ void OpenBeside(const fs::path& target, std::string_view shown_path, Temporary& 
 
 }  // namespace
 
-void ReplaceFile(const fs::path& target, std::span<const std::byte> bytes,
+void WriteAtomically(const fs::path& target, std::span<const std::byte> bytes,
                  std::string_view shown_path)
 {
   std::error_code error;

@@ -12,7 +12,7 @@ namespace velquist::platform {
 /// and renamed over it. A symbolic link stays one and its target is written; permissions stay. On
 /// failure the old file is whole, no temporary file is left, and FileError tells `shown_path` and
 /// the reason.
-void ReplaceFile(const std::filesystem::path& target, std::span<const std::byte> bytes,
+void WriteAtomically(const std::filesystem::path& target, std::span<const std::byte> bytes,
                  std::string_view shown_path);
 
 }  // namespace velquist::platform

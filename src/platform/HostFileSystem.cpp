@@ -167,12 +167,12 @@ void HostFileSystem::WriteOver(std::string_view path, std::span<const std::byte>
     if (old.size() > whole.size())
       whole.insert(whole.end(), old.begin() + static_cast<std::ptrdiff_t>(whole.size()), old.end());
   }
-  ReplaceFile(HostPath(path), whole, path);
+  WriteAtomically(HostPath(path), whole, path);
 }
 
 void HostFileSystem::WriteText(std::string_view path, std::string_view text)
 {
-  ReplaceFile(HostPath(path), std::as_bytes(std::span(text)), path);
+  WriteAtomically(HostPath(path), std::as_bytes(std::span(text)), path);
 }
 
 std::vector<std::string> HostFileSystem::ListSubdirectories(std::string_view directory,
