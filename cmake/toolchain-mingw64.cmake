@@ -37,6 +37,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# One file that needs nothing but Windows: no runtime libraries beside it.
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--gc-sections")
+# One file that needs nothing but Windows 10 or newer: no runtime libraries beside it. The same
+# sources make the same file at any time.
+set(CMAKE_EXE_LINKER_FLAGS_INIT
+  "-static -Wl,--gc-sections,--no-insert-timestamp,--major-os-version=10,--minor-os-version=0,--major-subsystem-version=10,--minor-subsystem-version=0")
 set(CMAKE_EXE_LINKER_FLAGS_RELEASE_INIT "-s")

@@ -34,7 +34,7 @@ class MainWindow {
  public:
   explicit MainWindow(Outside outside);
 
-  /// Start-up; `command_line` is empty or the path of one setup file.
+  /// Start-up; `command_line` is empty or the path of one setup file, quoted or not.
   void Form_Load(std::string_view command_line);
 
   /// A press of a button or menu item. False when there is no such control or it does nothing.

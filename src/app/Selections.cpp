@@ -8,14 +8,13 @@
 #include "app/MainWindow.h"
 #include "data/ChassisCatalogue.h"
 #include "install/Installations.h"
+#include "platform/LetterCase.h"
 #include "platform/Paths.h"
 #include "setup/Identification.h"
 
 namespace velquist::app {
 namespace {
 
-using platform::Answer;
-using platform::Buttons;
 using platform::Icon;
 
 /// Place of the formula list's caption in Label5.
@@ -25,6 +24,15 @@ constexpr std::size_t kFormulaCaption = 3;
 int KeptPosition(int saved, const Control& list)
 {
   return saved >= 0 && static_cast<std::size_t>(saved) < list.items.size() ? saved : 0;
+}
+
+/// A directory's name as the list spells it; the name itself where the list does not have it.
+std::string AsListed(const Control& list, std::string_view name)
+{
+  if (std::ranges::find(list.items, name) != list.items.end()) return std::string(name);
+  const auto other_case =
+      std::ranges::find(list.items, platform::FoldCase(name), platform::FoldCase);
+  return other_case != list.items.end() ? *other_case : std::string(name);
 }
 
 std::int16_t Position(const Control& list)
@@ -66,7 +74,7 @@ void MainWindow::FillPlayersAndTracks()
   const auto player = globals_.from_command_line ? install::PlayerOfPath(globals_.command_line)
                                                  : std::nullopt;
   if (player)
-    ChooseOrAdd(form_.Combo4, *player);
+    ChooseOrAdd(form_.Combo4, AsListed(form_.Combo4, *player));
   else
     ChooseKept(form_.Combo4, globals_.player_index);
   FillTracks();
@@ -89,7 +97,7 @@ void MainWindow::FillTracks()
       install::ListTracks(outside_.files, globals_.installation, form_.Combo4.text);
   if (globals_.from_command_line) {
     const auto track = platform::FileNameOf(platform::DirectoryOf(globals_.command_line));
-    if (ChooseText(form_.Combo5, track)) return;
+    if (ChooseText(form_.Combo5, AsListed(form_.Combo5, track))) return;
   }
   ChooseKept(form_.Combo5, globals_.track_index);
 }

@@ -38,8 +38,8 @@ void MainWindow::Form_Load(std::string_view command_line)
 {
   bool finished = false;
   Event([&] {
-    globals_.command_line = command_line;
-    globals_.from_command_line = !command_line.empty();
+    globals_.command_line = platform::WithoutQuotes(command_line);
+    globals_.from_command_line = !globals_.command_line.empty();
     globals_.ready = false;
     const auto& screen = outside_.screen;
     if (screen.Width() < kNarrowestScreen)

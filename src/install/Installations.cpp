@@ -22,11 +22,10 @@ std::optional<std::string> InstallationOfPath(std::string_view setup_path)
 std::optional<std::string> PlayerOfPath(std::string_view setup_path)
 {
   const auto players = platform::FindPart(setup_path, kPlayersDirectory);
-  const auto setups = platform::FindPart(setup_path, kSetups);
-  if (players == std::string_view::npos || setups == std::string_view::npos ||
-      setups < players + kPlayersDirectory.size())
-    return std::nullopt;
+  if (players == std::string_view::npos) return std::nullopt;
   const auto start = players + kPlayersDirectory.size();
+  const auto setups = platform::FindPart(setup_path, kSetups, start);
+  if (setups == std::string_view::npos) return std::nullopt;
   return std::string(setup_path.substr(start, setups - start));
 }
 

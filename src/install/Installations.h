@@ -17,8 +17,8 @@ inline constexpr std::size_t kMostNames = 1001;
 /// What stands before the first "\Players" of a setup file's path; nothing without it.
 [[nodiscard]] std::optional<std::string> InstallationOfPath(std::string_view setup_path);
 
-/// What stands between the first "\Players\" and the first "\Setups" of a setup file's path;
-/// nothing where one is missing.
+/// What stands between the first "\Players\" of a setup file's path and the first "\Setups" behind
+/// it; nothing where one is missing.
 [[nodiscard]] std::optional<std::string> PlayerOfPath(std::string_view setup_path);
 
 /// installation\players\player\setups\track, where a setup is opened from and saved to.

@@ -20,7 +20,7 @@ class Values {
       rest_.remove_prefix(start + 1);
       return Quoted();
     }
-    const auto end = rest_.find_first_of(",\r\n");
+    const auto end = rest_.find_first_of(kEnds);
     auto value = std::string(Trimmed(rest_.substr(0, end)));
     SkipTo(end);
     return value;
@@ -44,6 +44,8 @@ class Values {
   }
 
  private:
+  static constexpr std::string_view kEnds = ",\r\n";
+
   static std::string_view Trimmed(std::string_view text)
   {
     const auto first = text.find_first_not_of(" \t");
@@ -51,15 +53,21 @@ class Values {
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
   }
 
-  /// Up to the quote that ends the value; a quote before other characters belongs to the value.
+  /// Up to the quote that ends the value, which only blanks may follow; a quote before other
+  /// characters belongs to the value.
   std::string Quoted()
   {
-    std::size_t end = rest_.find('"');
-    while (end != std::string_view::npos && end + 1 < rest_.size() &&
-           std::string_view(",\r\n").find(rest_[end + 1]) == std::string_view::npos)
-      end = rest_.find('"', end + 1);
-    auto value = std::string(rest_.substr(0, end));
-    SkipTo(end == std::string_view::npos ? end : end + 1);
+    for (auto quote = rest_.find('"'); quote != std::string_view::npos;
+         quote = rest_.find('"', quote + 1)) {
+      const auto end = rest_.find_first_not_of(" \t", quote + 1);
+      if (end != std::string_view::npos && kEnds.find(rest_[end]) == std::string_view::npos)
+        continue;
+      auto value = std::string(rest_.substr(0, quote));
+      SkipTo(end);
+      return value;
+    }
+    auto value = std::string(rest_);
+    rest_ = {};
     return value;
   }
 

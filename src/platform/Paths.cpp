@@ -43,6 +43,12 @@ std::string_view DirectoryOf(std::string_view path) noexcept
   return at == std::string_view::npos ? std::string_view{} : path.substr(0, at);
 }
 
+std::string_view WithoutQuotes(std::string_view path) noexcept
+{
+  const bool quoted = path.size() >= 2 && path.front() == '"' && path.back() == '"';
+  return quoted ? path.substr(1, path.size() - 2) : path;
+}
+
 std::string WithExtension(std::string_view path, std::string_view extension)
 {
   constexpr std::size_t kDotAndExtension = 4;

@@ -28,6 +28,9 @@ namespace velquist::platform {
 /// What stands before the last separator; empty when there is none.
 [[nodiscard]] std::string_view DirectoryOf(std::string_view path) noexcept;
 
+/// `path` without a pair of quotes around it.
+[[nodiscard]] std::string_view WithoutQuotes(std::string_view path) noexcept;
+
 /// `path` without an extension of three characters, if its file name has one, and with `extension`
 /// appended.
 [[nodiscard]] std::string WithExtension(std::string_view path, std::string_view extension);

@@ -9,13 +9,13 @@
 #include <memory>
 
 #include "platform/wx/WxText.h"
+#include "ui/Widgets.h"
 
 namespace velquist::ui {
 namespace {
 
 using app::Primitive;
 
-constexpr char kFace[] = "Arial";
 constexpr double kMostEnlarged = 2;
 
 wxColour ToWx(const platform::Colour& colour)
@@ -68,21 +68,28 @@ void DrawDot(wxGraphicsContext& context, const Primitive& dot)
   context.DrawRectangle(std::round(dot.x1), std::round(dot.y1), 1, 1);
 }
 
-void Draw(wxGraphicsContext& context, const app::PictureRecorder& picture)
+void DrawShapes(wxGraphicsContext& context, const app::PictureRecorder& picture)
 {
-  const auto font = [&context, &picture](const platform::Colour& colour) {
-    return context.CreateFont(picture.FontSize(), kFace, wxFONTFLAG_DEFAULT, ToWx(colour));
-  };
   for (const auto& drawn : picture.Drawn()) {
     switch (drawn.kind) {
       case Primitive::Kind::kLine: DrawLine(context, drawn); break;
       case Primitive::Kind::kBox: DrawBox(context, drawn); break;
       case Primitive::Kind::kDot: DrawDot(context, drawn); break;
-      case Primitive::Kind::kText:
-        context.SetFont(font(drawn.colour));
-        context.DrawText(platform::FromText(drawn.text), drawn.x1, drawn.y1);
-        break;
+      case Primitive::Kind::kText: break;
     }
+  }
+}
+
+/// Above all shapes, with the system's own text, which finds a font in place of a missing one.
+void DrawTexts(wxDC& dc, const app::PictureRecorder& picture)
+{
+  dc.SetFont(ControlFont(static_cast<int>(std::lround(picture.FontSize()))));
+  dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
+  for (const auto& drawn : picture.Drawn()) {
+    if (drawn.kind != Primitive::Kind::kText) continue;
+    dc.SetTextForeground(ToWx(drawn.colour));
+    dc.DrawText(platform::FromText(drawn.text), static_cast<int>(std::lround(drawn.x1)),
+                static_cast<int>(std::lround(drawn.y1)));
   }
 }
 
@@ -122,9 +129,11 @@ void ChartBox::OnPaint()
   wxAutoBufferedPaintDC paint(this);
   paint.SetBackground(wxBrush(ToWx(picture_.Background())));
   paint.Clear();
-  const std::unique_ptr<wxGraphicsContext> context(
-      wxGraphicsContext::CreateFromUnknownDC(paint));
-  if (context) Draw(*context, picture_);
+  if (const std::unique_ptr<wxGraphicsContext> context(
+          wxGraphicsContext::CreateFromUnknownDC(paint));
+      context)
+    DrawShapes(*context, picture_);
+  DrawTexts(paint, picture_);
 }
 
 CarPictureBox::CarPictureBox(wxWindow* parent, wxWindowID id, const wxString& name,

@@ -69,6 +69,6 @@ class Driver {
 [[nodiscard]] std::unique_ptr<Driver> MakeWindowDriver();
 /// Initialises the toolkit, runs `body`, shuts the toolkit down and returns what `body` did.
 /// Without a display it says so on standard error and returns 2.
-int RunWithWindowSystem(std::function<int()> body);
+int RunWithWindowSystem(const std::function<int()>& body);
 
 }  // namespace velquist::runner

@@ -27,7 +27,7 @@ fs::path MakeFreshDirectory()
   const auto base = fs::canonical(fs::temp_directory_path());
   std::random_device random;
   for (;;) {
-    const auto path = base / ("velquist-" + std::to_string(random()));
+    auto path = base / ("velquist-" + std::to_string(random()));
     if (fs::create_directory(path)) return path;
   }
 }

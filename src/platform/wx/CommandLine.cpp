@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wx/CommandLine.h"
 
+#include "platform/Paths.h"
+
 #ifdef _WIN32
 #include <windows.h>
 
@@ -20,13 +22,6 @@ std::string_view WithoutBlanks(std::string_view text)
   const auto first = text.find_first_not_of(kBlanks);
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-std::string WithoutQuotes(std::string_view text)
-{
-  if (text.size() >= 2 && text.front() == '"' && text.back() == '"')
-    text = text.substr(1, text.size() - 2);
-  return std::string(text);
 }
 
 /// Takes the first word off `text`: up to a blank outside quotes, the quotes left out.

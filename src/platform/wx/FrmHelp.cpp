@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "platform/wx/NativeLook.h"
+#include "platform/wx/ProgramIcons.h"
 #include "platform/wx/WxText.h"
 
 namespace velquist::platform {
@@ -30,6 +31,7 @@ FrmHelp::FrmHelp(wxWindow* parent, std::string_view manual)
     : wxFrame(parent, wxID_ANY, "Velquist Help", wxDefaultPosition, wxDefaultSize,
               wxDEFAULT_FRAME_STYLE, "FrmHelp")
 {
+  SetIcons(ProgramIcons());
   panel_ = new wxPanel(this);
   text_ = new wxTextCtrl(panel_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                          wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2 | wxTE_NOHIDESEL,

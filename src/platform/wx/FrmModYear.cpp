@@ -8,6 +8,7 @@
 
 #include <array>
 
+#include "platform/wx/ProgramIcons.h"
 #include "platform/wx/WxText.h"
 
 namespace velquist::platform {
@@ -27,10 +28,12 @@ FrmModYear::FrmModYear(wxWindow* parent, ModYearForm form, std::string_view mess
     : wxDialog(parent, wxID_ANY, "Mod Year Selection", wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE, NameOf(form))
 {
+  SetIcons(ProgramIcons());
   const int gap = FromDIP(12);
   auto* const label = new wxStaticText(this, wxID_ANY, FromPlainText(message), wxDefaultPosition,
                                        wxDefaultSize, 0, "Label1");
   label->Wrap(FromDIP(kMessageWidth));
+  label->SetMinSize(label->GetBestSize() + FromDIP(wxSize(8, 0)));
 
   auto* const frame = new wxStaticBox(this, wxID_ANY, "Mod Year", wxDefaultPosition,
                                       wxDefaultSize, 0, "Frame1");

@@ -70,7 +70,7 @@ void LetWindowSystemWork()
   throw std::runtime_error("unexpected box \"" + title + "\"");
 }
 
-int RunWithWindowSystem(std::function<int()> body)
+int RunWithWindowSystem(const std::function<int()>& body)
 {
   KeepToOurselves();
   wxSetAssertHandler(OnAssert);
