@@ -12,8 +12,10 @@ namespace {
 
 using enum ControlKind;
 
-constexpr int kTextSize = 14;   ///< captions, lists, options
-constexpr int kValueSize = 16;  ///< values and step buttons
+constexpr int kTitleSize = 14;   ///< titles of frames
+constexpr int kTextSize = 15;    ///< lists and options
+constexpr int kCaptionSize = 16;
+constexpr int kValueSize = 18;   ///< values and step buttons
 constexpr int kStepHeight = 30;
 
 /// How a slot's buttons are called in tool tips and for screen readers.
@@ -60,7 +62,7 @@ class Designer {
   {
     frame_ = name;
     frame_index_ = index;
-    rows.push_back({name, index, kFrame, {}, -1, place, kTextSize, caption, {}, {}, {}});
+    rows.push_back({name, index, kFrame, {}, -1, place, kTitleSize, caption, {}, {}, {}});
   }
   void NoFrame()
   {
@@ -132,7 +134,7 @@ void Menus(Designer& form)
 void TopList(Designer& form, std::string_view name, int caption_index, std::string_view caption,
              std::string_view tip, int left, int width)
 {
-  form.Add(kLabel, "Label5", caption_index, caption, {left, 26, width, 18});
+  form.Add(kLabel, "Label5", caption_index, caption, {left, 24, width, 20});
   form.Add(kList, name, -1, "", {left, 46, width, 32}, kTextSize, {}, tip);
 }
 
@@ -163,8 +165,10 @@ void Axle(Designer& form, int frame_index, std::string_view title, int top, bool
   const int heading = front ? 0 : 2;
   const int first_caption = front ? 0 : 6;
   form.Frame("Frame1", frame_index, title, {8, top, 640, 316});
-  form.Add(kLabel, "Label6", heading, "Left", {kLeftColumn, top + 22, kColumnWidth, 20});
-  form.Add(kLabel, "Label6", heading + 1, "Right", {kRightColumn, top + 22, kColumnWidth, 20});
+  form.Add(kLabel, "Label6", heading, "Left", {kLeftColumn, top + 22, kColumnWidth, 20},
+           kCaptionSize);
+  form.Add(kLabel, "Label6", heading + 1, "Right", {kRightColumn, top + 22, kColumnWidth, 20},
+           kCaptionSize);
   // Camber's unit is spelled out until the first values are shown.
   constexpr std::array<std::string_view, 6> kCaptions = {
       "Tire Pressure, psi", "Wheel Rate, lbs/in", "Bump",
@@ -174,7 +178,7 @@ void Axle(Designer& form, int frame_index, std::string_view title, int top, bool
     const int y = top + 44 + row * kRowPitch;
     form.Stepper(left_slot, kLeftColumn, y, 34, 88);
     form.Add(kLabel, "Label3", first_caption + row, kCaptions[static_cast<std::size_t>(row)],
-             {kCaption, y, kCaptionWidth, kStepHeight});
+             {kCaption, y, kCaptionWidth, kStepHeight}, kCaptionSize);
     form.Stepper(left_slot + 1, kRightColumn, y, 34, 88);
   }
   const std::array<std::string_view, 3> captions = {
@@ -184,7 +188,7 @@ void Axle(Designer& form, int frame_index, std::string_view title, int top, bool
     const int slot = setup::kToeIn + 2 * cell + (front ? 0 : 1);
     const int x = 16 + cell * kCell;
     form.Add(kLabel, "Label3", (front ? 12 : 15) + cell, captions[static_cast<std::size_t>(cell)],
-             {x, top + 252, kCell, 20});
+             {x, top + 252, kCell, 20}, kCaptionSize);
     form.Stepper(slot, x + (kCell - kColumnWidth) / 2, top + 274, 34, 88);
   }
 }
@@ -196,13 +200,13 @@ void SingleValues(Designer& form)
                         int button_width) {
     constexpr int kGaps = 4;
     const int value_width = width - 2 * button_width - kGaps - 8;
-    form.Add(kLabel, "Label3", caption, text, {left, kTop + 20, width, 20});
+    form.Add(kLabel, "Label3", caption, text, {left, kTop + 20, width, 20}, kTextSize);
     form.Stepper(slot, left + 4, kTop + 44, button_width, value_width);
   };
   form.Frame("Frame1", 3, "", {8, kTop, 404, 86});
-  cell(setup::kFuel, 18, "Fuel Level, gals", 14, 128, 34);
-  cell(setup::kSteeringRatio, 19, "Steering Ratio", 144, 122, 34);
-  cell(setup::kBrakeBias, 20, "Front Brake Bias, %", 268, 140, 34);
+  cell(setup::kFuel, 18, "Fuel Level, gals", 14, 126, 34);
+  cell(setup::kSteeringRatio, 19, "Steering Ratio", 142, 118, 34);
+  cell(setup::kBrakeBias, 20, "Front Brake Bias, %", 262, 148, 34);
   form.Frame("Wings", -1, "", {420, kTop, 228, 86});
   cell(setup::kFrontWing, 21, "Front Wing, deg", 424, 110, 28);
   cell(setup::kRearWing, 22, "Rear Wing , deg", 534, 110, 28);
@@ -210,29 +214,29 @@ void SingleValues(Designer& form)
 
 void Gears(Designer& form)
 {
-  form.Frame("Frame1", 4, "Gearing", {656, 92, 204, 236});
+  form.Frame("Frame1", 4, "Gearing", {656, 92, 190, 236});
   constexpr std::array<std::string_view, 6> kNumbers = {"1", "2", "3", "4", "5", "6"};
   for (int gear = 0; gear < 6; ++gear) {
     const int slot = setup::kFirstGear + gear;
     const int y = 116 + gear * 34;
     form.Add(kLabel, "Label3", slot, kNumbers[static_cast<std::size_t>(gear)],
-             {660, y, 16, kStepHeight});
-    form.Stepper(slot, 676, y, 30, 62);
-    form.Add(kLabel, "Label2", slot, "", {806, y, 50, kStepHeight}, kTextSize);
+             {658, y, 14, kStepHeight}, kCaptionSize);
+    form.Stepper(slot, 674, y, 28, 58);
+    form.Add(kLabel, "Label2", slot, "", {794, y, 50, kStepHeight}, kCaptionSize);
   }
 }
 
 void Differential(Designer& form)
 {
-  form.Frame("Frame1", 5, "Differential Gearing", {868, 92, 232, 80});
-  form.Add(kLabel, "Label3", setup::kFinalDrive, "&Differential Ratio", {878, 112, 212, 18});
-  form.Add(kList, "Combo1", 0, "", {878, 132, 212, 32}, kTextSize, {}, "Final drive");
-  form.Frame("Frame1", 6, "Diff Settings and Locking Percent", {868, 180, 232, 148});
+  form.Frame("Frame1", 5, "Differential Gearing", {854, 92, 236, 80});
+  form.Add(kLabel, "Label3", setup::kFinalDrive, "&Differential Ratio", {864, 110, 216, 20});
+  form.Add(kList, "Combo1", 0, "", {864, 132, 216, 32}, kTextSize, {}, "Final drive");
+  form.Frame("Frame1", 6, "Diff Settings and Locking Percent", {854, 180, 236, 148});
   const auto row = [&](int list, int slot, std::string_view caption, std::string_view tip, int top,
                        bool locking) {
-    form.Add(kLabel, "Label3", slot, caption, {876, top, 94, 32});
-    form.Add(kList, "Combo1", list, "", {970, top, 76, 32}, kTextSize, {}, tip);
-    if (locking) form.Add(kLabel, "Label2", slot, "", {1050, top, 44, 32}, kValueSize);
+    form.Add(kLabel, "Label3", slot, caption, {862, top, 98, 32});
+    form.Add(kList, "Combo1", list, "", {960, top, 76, 32}, kTextSize, {}, tip);
+    if (locking) form.Add(kLabel, "Label2", slot, "", {1040, top, 44, 32}, kValueSize);
   };
   row(1, setup::kPowerAngle, "Po&wer Angle", "Ramp angle under power, degrees", 202, true);
   row(2, setup::kCoastAngle, "C&oast Angle", "Ramp angle off the throttle, degrees", 242, true);
@@ -241,20 +245,20 @@ void Differential(Designer& form)
 
 void Options(Designer& form)
 {
-  form.Frame("Frame1", 7, "Edit Options", {1108, 92, 148, 144});
+  form.Frame("Frame1", 7, "Edit Options", {1098, 92, 158, 144});
   const auto check = [&](std::string_view name, std::string_view caption, std::string_view tip,
                          int top) {
-    form.Add(kCheck, name, -1, caption, {1114, top, 138, 26}, 13, {}, tip);
+    form.Add(kCheck, name, -1, caption, {1103, top, 150, 26}, kTitleSize, {}, tip);
   };
   check("AsymmetricCheck", "Asy&mmetric Adjust", "Left and right sides can differ", 114);
   check("FineCheck", "Fi&ne Adjust", "Up and down edits are smaller", 144);
   check("RollBarConstTotal", "Constant Rol&bars", "Total roll bar stiffness is constant", 174);
   check("SpringStiffnessProportional", "Proportional &Springs",
         "Spring stiffness proportional to weight distribution", 204);
-  form.Frame("Frame1", 8, "Units", {1108, 244, 148, 84});
-  form.Add(kOption, "OptUnits", 0, "En&glish", {1114, 266, 138, 26}, 13, {},
+  form.Frame("Frame1", 8, "Units", {1098, 244, 158, 84});
+  form.Add(kOption, "OptUnits", 0, "En&glish", {1103, 266, 150, 26}, kTitleSize, {},
            "Show psi, lbs/in, inches, gallons and mph");
-  form.Add(kOption, "OptUnits", 1, "Me&tric", {1114, 296, 138, 26}, 13, {},
+  form.Add(kOption, "OptUnits", 1, "Me&tric", {1103, 296, 150, 26}, kTitleSize, {},
            "Show kPa, N/cm, cm, litres and km/h");
 }
 

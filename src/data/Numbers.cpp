@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "data/Numbers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 #include "platform/Errors.h"
@@ -13,6 +15,26 @@ namespace {
 bool IsDigit(char c) noexcept
 {
   return c >= '0' && c <= '9';
+}
+
+/// What a number beyond the range of a double comes to: infinity or 0, by the power of ten of its
+/// first digit that is not 0.
+double TooLargeOrTooSmall(std::string_view number) noexcept
+{
+  const auto mantissa = number.substr(0, number.find_first_of("eE"));
+  const auto point = std::min(mantissa.find('.'), mantissa.size());
+  const auto first = std::min(mantissa.find_first_not_of("0."), mantissa.size());
+  const auto places = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
+
+  auto exponent = number.substr(std::min(mantissa.size() + 1, number.size()));
+  const bool negative = exponent.starts_with('-');
+  if (negative || exponent.starts_with('+')) exponent.remove_prefix(1);
+  constexpr std::int64_t kBeyondAnyText = std::int64_t{1} << 62;
+  std::int64_t power = 0;
+  const auto [end, error] =
+      std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
+  if (error == std::errc::result_out_of_range || power > kBeyondAnyText) power = kBeyondAnyText;
+  return places + (negative ? -power : power) > 0 ? std::numeric_limits<double>::infinity() : 0.0;
 }
 
 template <class Whole>
@@ -38,13 +60,9 @@ double LeadingNumber(std::string_view text) noexcept
   if (text.empty() || !(IsDigit(text.front()) || text.front() == '.')) return 0;
   double value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error == std::errc::result_out_of_range) {
-    // Too large or too small for a double: the sign of the exponent tells which.
-    const auto number = text.substr(0, static_cast<std::size_t>(end - text.data()));
-    value = number.find("e-") == std::string_view::npos && number.find("E-") == number.npos
-                ? std::numeric_limits<double>::infinity()
-                : 0.0;
-  }
+  if (error == std::errc::invalid_argument) return 0;
+  if (error == std::errc::result_out_of_range)
+    value = TooLargeOrTooSmall(text.substr(0, static_cast<std::size_t>(end - text.data())));
   return negative ? -value : value;
 }
 

@@ -109,7 +109,7 @@ std::error_code MayWrite(const fs::path& target)
 {
   struct stat status {};
   if (::stat(target.c_str(), &status) != 0) return {};
-  if ((status.st_mode & S_IWUSR) == 0 || ::access(target.c_str(), W_OK) != 0)
+  if ((status.st_mode & S_IWUSR) == 0 || ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
     return std::make_error_code(std::errc::permission_denied);
   return {};
 }
@@ -127,13 +127,28 @@ std::error_code Rename(const fs::path& from, const fs::path& to)
 }
 void FlushDirectory(const fs::path& directory)
 {
-  const int file = ::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const int file = ::open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (file < 0) return;
   ::fsync(file);
   ::close(file);
 }
 
 #endif
+
+/// Where the links that start at `path` end; the last one's target need not exist.
+fs::path BehindLinks(fs::path path, std::string_view shown_path)
+{
+  constexpr int kMostLinks = 40;
+  std::error_code error;
+  for (int links = 0; fs::is_symlink(path, error); ++links) {
+    if (links == kMostLinks)
+      Fail(shown_path, std::make_error_code(std::errc::too_many_symbolic_link_levels));
+    const auto next = fs::read_symlink(path, error);
+    if (error) Fail(shown_path, error);
+    path = path.parent_path() / next;
+  }
+  return path;
+}
 
 /// Removes the temporary file unless it was renamed.
 struct Temporary {
@@ -172,10 +187,12 @@ void OpenBeside(const fs::path& target, std::string_view shown_path, Temporary& 
 void WriteAtomically(const fs::path& target, std::span<const std::byte> bytes,
                  std::string_view shown_path)
 {
+  const fs::path real = BehindLinks(target, shown_path);
   std::error_code error;
-  const fs::path real = fs::is_symlink(target, error) ? fs::weakly_canonical(target, error) : target;
-  if (error && error != std::errc::no_such_file_or_directory) Fail(shown_path, error);
-  if (fs::is_directory(real, error)) Fail(shown_path, std::make_error_code(std::errc::is_a_directory));
+  const auto status = fs::status(real, error);
+  if (fs::is_directory(status)) Fail(shown_path, std::make_error_code(std::errc::is_a_directory));
+  if (!fs::is_regular_file(status) && status.type() != fs::file_type::not_found)
+    Fail(shown_path, error ? error : std::make_error_code(std::errc::invalid_argument));
   if (const auto refused = MayWrite(real)) Fail(shown_path, refused);
 
   Temporary temporary;

@@ -83,9 +83,9 @@ bool Matches(std::string_view pattern, std::string_view name)
 
 bool ExistsMatching(const fs::path& directory, std::string_view pattern)
 {
-  const auto wanted = FoldCase(pattern);
+  const auto wanted = FoldCase(pattern == "*.*" ? "*" : pattern);
   std::error_code error;
-  for (fs::directory_iterator entry(directory, error), end; !error && entry != end;
+  for (fs::directory_iterator entry(directory.empty() ? fs::path(".") : directory, error), end; !error && entry != end;
        entry.increment(error))
     if (Matches(wanted, FoldCase(PathText(entry->path().filename())))) return true;
   return false;
@@ -130,9 +130,10 @@ bool HostFileSystem::Exists(std::string_view path) const
 {
   const auto name = FileNameOf(path);
   if (name.find_first_of("*?") != std::string_view::npos)
-    return ExistsMatching(HostPath(DirectoryOf(path)), name);
+    return ExistsMatching(HostPath(path.substr(0, path.size() - name.size())), name);
   std::error_code error;
-  return fs::exists(HostPath(path), error) && !error;
+  const auto status = fs::status(HostPath(path), error);
+  return fs::exists(status) && (!name.empty() || fs::is_directory(status));
 }
 
 std::vector<std::byte> HostFileSystem::ReadWhole(std::string_view path) const
@@ -140,7 +141,7 @@ std::vector<std::byte> HostFileSystem::ReadWhole(std::string_view path) const
   const auto host = HostPath(path);
   std::error_code error;
   const auto status = fs::status(host, error);
-  if (!fs::exists(status)) Fail(path, std::make_error_code(std::errc::no_such_file_or_directory));
+  if (!fs::exists(status)) Fail(path, error);
   if (fs::is_directory(status)) Fail(path, std::make_error_code(std::errc::is_a_directory));
   if (!fs::is_regular_file(status)) Fail(path, std::make_error_code(std::errc::invalid_argument));
   std::ifstream file(host, std::ios::binary);
@@ -162,12 +163,14 @@ std::vector<std::byte> HostFileSystem::ReadWhole(std::string_view path) const
 void HostFileSystem::WriteOver(std::string_view path, std::span<const std::byte> bytes)
 {
   std::vector<std::byte> whole(bytes.begin(), bytes.end());
-  if (Exists(path)) {
+  const auto host = HostPath(path);
+  std::error_code error;
+  if (fs::exists(host, error)) {
     const auto old = ReadWhole(path);
     if (old.size() > whole.size())
       whole.insert(whole.end(), old.begin() + static_cast<std::ptrdiff_t>(whole.size()), old.end());
   }
-  WriteAtomically(HostPath(path), whole, path);
+  WriteAtomically(host, whole, path);
 }
 
 void HostFileSystem::WriteText(std::string_view path, std::string_view text)

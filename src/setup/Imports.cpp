@@ -10,6 +10,15 @@
 namespace velquist::setup {
 namespace {
 
+/// Another mod year's gear set may end elsewhere: its IDs would name other gears here.
+void CheckGearId(int pair, const data::SetupData& values)
+{
+  const auto row = RowOf(kFirstGear + pair);
+  const float id = values.Value(row, data::kCurrent);
+  if (id < values.Whole(row, data::kMinimumField) || id > values.Whole(row, data::kMaximumField))
+    throw BoundsError("gear ID outside the mod year's rows");
+}
+
 /// The search runs opposite to the one for opened files and compares ratios as they stand.
 void RepairImportedGearId(int pair, const data::GearData& gears, data::SetupData& values)
 {
@@ -41,11 +50,8 @@ void ImportDrivetrain(std::span<const std::byte> SetupBuffer, const data::GearDa
 {
   LoadSlots(SetupBuffer, kFirstRatio, kClutches, values);
   for (int pair = 0; pair < kGearPairs; ++pair) {
+    CheckGearId(pair, values);
     RepairImportedGearId(pair, gears, values);
-    const auto row = RowOf(kFirstGear + pair);
-    const float id = values.Value(row, data::kCurrent);
-    if (id < values.Whole(row, data::kMinimumField) || id > values.Whole(row, data::kMaximumField))
-      throw BoundsError("gear ID outside the mod year's rows");
   }
 }
 

@@ -16,8 +16,9 @@ void ImportChassis(std::span<const std::byte> SetupBuffer, int ModYearIndex,
 
 /// Takes slots 35 to 51. A gear ID whose row does not have exactly the imported ratio number
 /// becomes the last row, counted from 0, of those in front whose ratio is not below it. Throws
-/// BoundsError for a buffer that ends before a field, for gear IDs outside 0 to 89 and for IDs
-/// outside the rows that the mod year's data file allows; some values may have been taken then.
+/// BoundsError for a buffer that ends before a field, for gear IDs outside 0 to 89 and for
+/// IDs in the file outside the rows that the mod year's data file allows; some values may have been
+/// taken then.
 void ImportDrivetrain(std::span<const std::byte> SetupBuffer, const data::GearData& gears,
                       data::SetupData& values);
 

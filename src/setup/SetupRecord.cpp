@@ -53,10 +53,10 @@ void RepairGearId(int pair, const data::GearData& gears, data::SetupData& values
   }
 }
 
-/// Minimum of a list's row plus `offset`, both and their sum within 16 bits.
+/// Minimum of a list's row plus `offset`; both and their sum must fit 16 bits.
 std::int16_t FromMinimum(const data::SetupData& values, int slot, int offset)
 {
-  return data::ToInt16(values.Whole(RowOf(slot), data::kMinimumField) + offset);
+  return data::ToInt16(values.Whole(RowOf(slot), data::kMinimumField) + data::ToInt16(offset));
 }
 
 }  // namespace

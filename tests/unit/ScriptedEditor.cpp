@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "ScriptedEditor.h"
+
+#include <span>
+
+#include <gtest/gtest.h>
+
+#include "app/FormControlSettings.h"
+#include "platform/HostFileSystem.h"
+#include "runner/Texts.h"
+
+namespace velquist::testing {
+namespace {
+
+using runner::Hex8;
+using runner::Quoted;
+using runner::Shortest;
+
+void Show(std::ostream& out, const char* name, std::span<const float> values)
+{
+  out << name;
+  for (const float value : values) out << ' ' << Hex8(value);
+  out << '\n';
+}
+
+void Show(std::ostream& out, const data::SetupData& setup_data, const data::GearData& gears)
+{
+  for (const auto& texts : setup_data.SetupDataText) {
+    out << "text";
+    for (const auto& text : texts) out << ' ' << Quoted(text);
+    out << '\n';
+  }
+  for (const auto& values : setup_data.SetupDataValues) Show(out, "values", values);
+  for (int row = 0; row < data::kGearRows; ++row)
+    out << "gear " << Quoted(gears.Text(row, 0)) << ' ' << Quoted(gears.Text(row, 1)) << ' '
+        << Quoted(gears.Text(row, 2)) << ' ' << Hex8(gears.Ratio(row)) << '\n';
+}
+
+void Show(std::ostream& out, const charts::SpeedBands& bands)
+{
+  out << "bands " << bands.torque.low << ' ' << bands.torque.high << ' ' << bands.power.low << ' '
+      << bands.power.high << ' ' << bands.maximum_rpm << ' ' << Shortest(bands.maximum_speed) << ' '
+      << bands.gear_rows << ' ' << bands.metric << '\n';
+  for (const auto& gear : bands.gears)
+    out << "band " << gear.gear << ' ' << Shortest(gear.speed_per_rpm) << '\n';
+}
+
+void Show(std::ostream& out, const app::Globals& globals)
+{
+  Show(out, globals.setup_data, globals.GearData);
+  Show(out, "rpm", globals.curve.rpm);
+  Show(out, "power", globals.curve.power);
+  Show(out, "torque", globals.curve.torque);
+  Show(out, globals.bands);
+  out << "indices " << globals.ModYearIndex << ' ' << globals.chassis_index << ' '
+      << globals.formula_index << ' ' << globals.player_index << ' ' << globals.track_index << ' '
+      << globals.Units << ' ' << globals.FineIndex << '\n'
+      << "options " << globals.options.asymmetric << globals.options.fine
+      << globals.options.constant_roll_bars << globals.options.proportional_springs << '\n'
+      << "installation " << Quoted(globals.installation) << '\n'
+      << "file " << Quoted(globals.file_name) << '\n'
+      << "flags " << globals.changed << globals.from_command_line << globals.ready
+      << globals.filling_mod_years << ' ' << Quoted(globals.command_line) << '\n'
+      << "marquee " << globals.marquee.scrolling << ' ' << globals.marquee.left << ' '
+      << globals.marquee.next_step << '\n';
+}
+
+void Show(std::ostream& out, const app::Control& control)
+{
+  out << control.design->name << ' ' << control.design->index << ' ' << Quoted(control.text) << ' '
+      << control.selection << ' ' << control.shown << control.enabled << control.checked << ' '
+      << control.place.left << ' ' << control.place.top << ' ' << control.place.width << ' '
+      << control.place.height << ' ' << control.font_size;
+  for (const auto& item : control.items) out << ' ' << Quoted(item);
+  out << '\n';
+}
+
+void Show(std::ostream& out, const app::PictureRecorder& chart)
+{
+  out << "chart " << Shortest(chart.Width()) << ' ' << Shortest(chart.Height()) << '\n';
+  for (const auto& drawn : chart.Drawn()) {
+    out << "drawn " << static_cast<int>(drawn.kind) << ' ' << Shortest(drawn.x1) << ' '
+        << Shortest(drawn.y1) << ' ' << Shortest(drawn.x2) << ' ' << Shortest(drawn.y2) << ' '
+        << int{drawn.colour.red} << ' ' << int{drawn.colour.green} << ' ' << int{drawn.colour.blue}
+        << ' ' << Shortest(drawn.width) << ' ' << static_cast<int>(drawn.style) << ' '
+        << drawn.fill.has_value() << ' ' << Quoted(drawn.text) << '\n';
+  }
+}
+
+}  // namespace
+
+std::string Everything(const app::MainWindow& window, WithBuffer with_buffer)
+{
+  std::ostringstream out;
+  Show(out, window.State());
+  if (with_buffer == WithBuffer::kYes)
+    out << "buffer " << runner::HexBytes(window.State().SetupBuffer) << '\n';
+  const auto& form = window.Form();
+  out << "caption " << Quoted(form.caption) << '\n';
+  for (const auto& design : app::FormControlSettings())
+    Show(out, *form.Find(design.name, design.index));
+  Show(out, form.chart);
+  Show(out, form.chart2);
+  out << "car " << Quoted(form.car_picture) << '\n' << "ended " << window.Ended() << '\n';
+  return std::move(out).str();
+}
+
+ScriptedEditor::ScriptedEditor()
+    : world_(std::filesystem::path(VELQUIST_SOURCE_DIR) / "assets" / "program"),
+      outside_([this](std::string_view a, std::string_view b) { return world_.SameText(a, b); },
+               *driver_),
+      play_{world_, outside_, resources_, *driver_, out_}
+{
+}
+
+void ScriptedEditor::Play(const std::string& script)
+{
+  try {
+    for (const auto& statement : runner::ReadScript(script, world_.Names())) {
+      SCOPED_TRACE("line " + std::to_string(statement.line) + " of:\n" + script);
+      try {
+        runner::ReadStatement(statement)(play_);
+      } catch (const std::exception& error) {
+        FAIL() << error.what();
+      }
+      if (outside_.announcements.Failed()) FAIL() << outside_.announcements.Failed()->what();
+    }
+    play_.NeedNoDialogLeft();
+  } catch (const std::exception& error) {
+    FAIL() << error.what() << " in:\n" << script;
+  }
+}
+
+void ScriptedEditor::StartWithGame()
+{
+  Play(R"(
+dir $G/Players/Jim/Setups/monza
+file $G/gpl_ai.ini text ""
+file $G/gpla65.ini text ""
+file $G/gpla66.ini text ""
+file $G/gpla69.ini text ""
+file $G/gplaGT.ini text ""
+file "$P/Velquist Program Settings.ini" text \
+  "\"$G\"\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n\"$G\"\r\n"
+start
+)");
+}
+
+std::filesystem::path ScriptedEditor::Path(const std::string& path) const
+{
+  auto absolute = path;
+  if (absolute.starts_with("$G")) absolute.replace(0, 2, world_.Names().game);
+  if (absolute.starts_with("$P")) absolute.replace(0, 2, world_.Names().program);
+  if (absolute.starts_with("$T")) absolute.replace(0, 2, world_.Names().temporary);
+  return platform::HostPath(absolute);
+}
+
+}  // namespace velquist::testing

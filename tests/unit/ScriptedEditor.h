@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+#include "runner/Play.h"
+
+namespace velquist::testing {
+
+enum class WithBuffer { kNo, kYes };
+
+/// Everything that the program keeps and shows, one item a line, for comparing before and after.
+[[nodiscard]] std::string Everything(const app::MainWindow& window, WithBuffer with_buffer);
+
+/// The program without its window, on real files in a directory of its own, played by pieces of
+/// scenario script. Every dialog must be announced.
+class ScriptedEditor {
+ public:
+  ScriptedEditor();
+
+  /// Plays the lines of a script. The first that fails is a failure of the test, as is a dialog
+  /// that was announced and has not come at the end of the piece.
+  void Play(const std::string& script);
+
+  /// Plays a game installation of all mod years with the track monza of the player Jim, and starts.
+  void StartWithGame();
+
+  [[nodiscard]] const app::MainWindow& Window() const { return driver_->Window(); }
+  [[nodiscard]] std::string Everything(WithBuffer with_buffer) const
+  {
+    return testing::Everything(Window(), with_buffer);
+  }
+
+  /// The host path of a script's path.
+  [[nodiscard]] std::filesystem::path Path(const std::string& path) const;
+  [[nodiscard]] runner::World& World() noexcept { return world_; }
+
+ private:
+  class NoResources final : public platform::Resources {
+   public:
+    [[nodiscard]] std::string Help() const override { return {}; }
+    [[nodiscard]] std::vector<std::byte> Picture() const override { return {}; }
+  };
+
+  runner::World world_;
+  std::unique_ptr<runner::Driver> driver_ = runner::MakeModelDriver();
+  runner::ScriptedPlatform outside_;
+  NoResources resources_;
+  std::ostringstream out_;
+  runner::Play play_;
+};
+
+}  // namespace velquist::testing
