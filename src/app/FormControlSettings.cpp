@@ -145,11 +145,11 @@ void WhereAndWhat(Designer& form)
   TopList(form, "Combo2", 1, "Mod &Year", "Mod year of the setup", 320, 90);
   TopList(form, "Combo3", 2, "&Chassis", "Car of the setup", 420, 270);
   TopList(form, "Combo6", 3, "Fo&rmula", "Engine formula", 700, 70);
-  TopList(form, "Combo4", 4, "&Player", "Player whose setups are opened and saved", 780, 160);
+  TopList(form, "Combo4", 4, "&Player", "Player whose setups are opened and saved", 780, 172);
   TopList(form, "Combo5", 5, "Trac&k", "Track directory that setups are opened from and saved to",
-          950, 140);
-  form.Add(kLabel, "Label5", 6, "Setup File", {1104, 26, 144, 18});
-  form.Add(kLabel, "Label4", -1, "", {1104, 46, 144, 32}, kTextSize);
+          962, 140);
+  form.Add(kLabel, "Label5", 6, "Setup File", {1114, 24, 136, 20});
+  form.Add(kLabel, "Label4", -1, "", {1114, 46, 136, 32}, kTextSize);
 }
 
 /// Both wheels of an axle in mirrored columns around the captions, the axle's own values beneath.
@@ -208,8 +208,8 @@ void SingleValues(Designer& form)
   cell(setup::kSteeringRatio, 19, "Steering Ratio", 142, 118, 34);
   cell(setup::kBrakeBias, 20, "Front Brake Bias, %", 262, 148, 34);
   form.Frame("Wings", -1, "", {420, kTop, 228, 86});
-  cell(setup::kFrontWing, 21, "Front Wing, deg", 424, 110, 28);
-  cell(setup::kRearWing, 22, "Rear Wing , deg", 534, 110, 28);
+  cell(setup::kFrontWing, 21, "Front Wing, deg", 424, 110, 26);
+  cell(setup::kRearWing, 22, "Rear Wing , deg", 534, 110, 26);
 }
 
 void Gears(Designer& form)
@@ -258,7 +258,7 @@ void Options(Designer& form)
   form.Frame("Frame1", 8, "Units", {1098, 244, 158, 84});
   form.Add(kOption, "OptUnits", 0, "En&glish", {1103, 266, 150, 26}, kTitleSize, {},
            "Show psi, lbs/in, inches, gallons and mph");
-  form.Add(kOption, "OptUnits", 1, "Me&tric", {1103, 296, 150, 26}, kTitleSize, {},
+  form.Add(kOption, "OptUnits", 1, "M&etric", {1103, 296, 150, 26}, kTitleSize, {},
            "Show kPa, N/cm, cm, litres and km/h");
 }
 

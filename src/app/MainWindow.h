@@ -53,6 +53,11 @@ class MainWindow {
   /// The window's client area has this size now.
   void Resized(int client_width, int client_height);
 
+  /// What a chart shows at a place in its picture box, pixels, in a few lines; empty outside its
+  /// plot box.
+  [[nodiscard]] std::string PictureChart_MouseMove(double x, double y) const;
+  [[nodiscard]] std::string PictureChart2_MouseMove(double x, double y) const;
+
   [[nodiscard]] const MainForm& Form() const noexcept { return form_; }
   [[nodiscard]] const Globals& State() const noexcept { return globals_; }
   /// The program has ended: the window must go and nothing more is handled.

@@ -20,7 +20,11 @@ constexpr std::array<int, 95> kArialWidths = {
     1024, 684,  532,  684,  1196,                                // z to ~
 };
 constexpr double kUnitsPerEm = 2048;
-constexpr double kLineHeight = 1.15;  ///< of the letter height
+
+// Of the letter height:
+constexpr double kLineHeight = 1.15;
+constexpr double kBaseline = 0.905;
+constexpr double kCapitalHeight = 0.716;
 
 int AdvanceWidth(char c)
 {
@@ -30,11 +34,10 @@ int AdvanceWidth(char c)
 
 }  // namespace
 
-void PictureRecorder::Resize(double width, double height, double font_size)
+void PictureRecorder::Resize(double width, double height)
 {
   width_ = width;
   height_ = height;
-  font_size_ = font_size;
   drawn_.clear();
   ++version_;
 }
@@ -50,35 +53,53 @@ void PictureRecorder::Line(double x1, double y1, double x2, double y2, platform:
                            double width, platform::LineStyle style)
 {
   drawn_.push_back({.kind = Primitive::Kind::kLine,
-                    .x1 = x1, .y1 = y1, .x2 = x2, .y2 = y2,
-                    .colour = colour, .width = width, .style = style, .fill = {}, .text = {}});
+                    .x1 = x1,
+                    .y1 = y1,
+                    .x2 = x2,
+                    .y2 = y2,
+                    .colour = colour,
+                    .width = width,
+                    .style = style,
+                    .fill = {},
+                    .text = {}});
 }
 
 void PictureRecorder::Box(double left, double top, double right, double bottom,
                           platform::Colour colour, std::optional<platform::Colour> fill)
 {
   drawn_.push_back({.kind = Primitive::Kind::kBox,
-                    .x1 = left, .y1 = top, .x2 = right, .y2 = bottom,
-                    .colour = colour, .fill = fill, .text = {}});
+                    .x1 = left,
+                    .y1 = top,
+                    .x2 = right,
+                    .y2 = bottom,
+                    .colour = colour,
+                    .fill = fill,
+                    .text = {}});
 }
 
 void PictureRecorder::Dot(double x, double y, platform::Colour colour)
 {
-  drawn_.push_back({.kind = Primitive::Kind::kDot,
-                    .x1 = x, .y1 = y, .colour = colour, .fill = {}, .text = {}});
+  drawn_.push_back(
+      {.kind = Primitive::Kind::kDot, .x1 = x, .y1 = y, .colour = colour, .fill = {}, .text = {}});
 }
 
 void PictureRecorder::Text(double x, double y, std::string_view text)
 {
   drawn_.push_back({.kind = Primitive::Kind::kText,
-                    .x1 = x, .y1 = y, .colour = {}, .fill = {}, .text = std::string(text)});
+                    .x1 = x,
+                    .y1 = y,
+                    .colour = {},
+                    .fill = {},
+                    .text = std::string(text),
+                    .letter_height = letter_height_});
 }
 
 platform::TextExtent PictureRecorder::Extent(std::string_view text) const
 {
   int units = 0;
   for (const char c : text) units += AdvanceWidth(c);
-  return {units * font_size_ / kUnitsPerEm, font_size_ * kLineHeight};
+  return {units * letter_height_ / kUnitsPerEm, letter_height_ * kLineHeight,
+          letter_height_ * (kBaseline - kCapitalHeight), letter_height_ * kBaseline};
 }
 
 }  // namespace velquist::app

@@ -20,6 +20,7 @@ struct Primitive {
   platform::LineStyle style = platform::LineStyle::kSolid;
   std::optional<platform::Colour> fill;
   std::string text;
+  double letter_height = 0;  ///< of a text
 };
 
 /// A picture box that remembers what was drawn, so that the window repaints it at any time.
@@ -27,12 +28,11 @@ struct Primitive {
 /// platform places labels alike.
 class PictureRecorder final : public platform::PictureSurface {
  public:
-  /// Sets the box's size in pixels and the letter height of its texts; what was drawn is dropped.
-  void Resize(double width, double height, double font_size);
+  /// Sets the box's size in pixels; what was drawn is dropped.
+  void Resize(double width, double height);
 
   [[nodiscard]] double Width() const override { return width_; }
   [[nodiscard]] double Height() const override { return height_; }
-  [[nodiscard]] double FontSize() const noexcept { return font_size_; }
   [[nodiscard]] platform::Colour Background() const noexcept { return background_; }
   [[nodiscard]] const std::vector<Primitive>& Drawn() const noexcept { return drawn_; }
   /// Grows with every Clear, so that a repaint can tell a new picture from the last one.
@@ -44,13 +44,14 @@ class PictureRecorder final : public platform::PictureSurface {
   void Box(double left, double top, double right, double bottom, platform::Colour colour,
            std::optional<platform::Colour> fill) override;
   void Dot(double x, double y, platform::Colour colour) override;
+  void SetLetterHeight(double pixels) override { letter_height_ = pixels; }
   void Text(double x, double y, std::string_view text) override;
   [[nodiscard]] platform::TextExtent Extent(std::string_view text) const override;
 
  private:
   double width_ = 0;
   double height_ = 0;
-  double font_size_ = 12;
+  double letter_height_ = 12;
   platform::Colour background_{255, 255, 255};
   std::vector<Primitive> drawn_;
   unsigned version_ = 0;

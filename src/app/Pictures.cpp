@@ -8,7 +8,7 @@
 #include "app/MainWindow.h"
 #include "app/Quotations.h"
 #include "charts/EngineChart.h"
-#include "charts/SpeedBands.h"
+#include "charts/SpeedBandsChart.h"
 #include "data/ChassisCatalogue.h"
 #include "data/Numbers.h"
 #include "edit/Drivetrain.h"
@@ -40,7 +40,19 @@ void MainWindow::DrawCharts()
 
 void MainWindow::DrawEngineChart()
 {
-  charts::DrawEngineChart(form_.chart, globals_.ModYearIndex, globals_.curve);
+  charts::DrawEngineChart(form_.chart, globals_.ModYearIndex, globals_.curve,
+                          globals_.bands.maximum_rpm);
+}
+
+std::string MainWindow::PictureChart_MouseMove(double x, double y) const
+{
+  return charts::ReadEngineChart(form_.chart.Width(), form_.chart.Height(), globals_.ModYearIndex,
+                                 globals_.curve, x, y);
+}
+
+std::string MainWindow::PictureChart2_MouseMove(double x, double y) const
+{
+  return charts::ReadSpeedBands(form_.chart2.Width(), form_.chart2.Height(), globals_.bands, x, y);
 }
 
 /// Recomputes the engine curve, too.
@@ -109,7 +121,7 @@ void MainWindow::PlaceMarquee()
 {
   Control& label = form_.LblMarquee;
   PictureRecorder measure;
-  measure.Resize(0, 0, label.font_size);
+  measure.SetLetterHeight(label.font_size);
   label.place.left = form_.Picture1.place.left + globals_.marquee.left / kUnitsPerPixel;
   label.place.width = static_cast<int>(std::ceil(measure.Extent(label.text).width)) + 2;
 }

@@ -20,7 +20,6 @@ using platform::Buttons;
 using platform::Icon;
 
 constexpr int kNarrowestScreen = 800;
-constexpr int kMostChartLetterHeight = 14;  ///< pixels; the chart's margins have room for no more
 
 constexpr std::string_view kCorruptedSettings =
     "Your saved Velquist Program Settings.ini file is probably corrupted.  Please delete the file "
@@ -69,8 +68,7 @@ void MainWindow::Form_Load(std::string_view command_line)
 void MainWindow::LayOut()
 {
   const auto resize = [](PictureRecorder& picture, const Control& box) {
-    picture.Resize(box.place.width, box.place.height,
-                   std::min(box.font_size, kMostChartLetterHeight));
+    picture.Resize(box.place.width, box.place.height);
   };
   resize(form_.chart, form_.PictureChart);
   resize(form_.chart2, form_.PictureChart2);

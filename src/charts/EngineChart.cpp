@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "charts/EngineChart.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <span>
+#include <vector>
 
+#include "charts/Legend.h"
 #include "charts/PlotXy.h"
 
 namespace velquist::charts {
@@ -24,43 +28,100 @@ constexpr std::array<EngineAxes, 5> kAxes = {{
     {10000, 5, 550, 11},  // GT
 }};
 
+constexpr std::array<LegendEntry, 4> kLegend = {{
+    {"Horsepower", Sample::kBox, kGreen, 1.3, 0.17},
+    {"Torque, lb-ft", Sample::kBox, kBlue, 1.3, 0.17},
+    {"Versus RPM", Sample::kNone, kBlack, 0, 0},
+    {"Max RPM", Sample::kBox, kRed, 0.17, 0.9},
+}};
+constexpr std::size_t kLegendKept = 3;
+
 constexpr int kRpmPerSample = 200;
 constexpr double kCurveWidth = 2;
 
-/// Line samples with their names, in the upper left corner of the plot box.
-void DrawLegend(platform::PictureSurface& surface)
+const EngineAxes* AxesOf(int ModYearIndex)
 {
-  constexpr double kSample = 16;
-  constexpr double kGap = 5;
-  const auto entry = [&](int row, platform::Colour colour, std::string_view name) {
-    const double height = surface.Extent(name).height;
-    const double top = PlotXy::kTop + kGap + row * (height + 1);
-    const double left = PlotXy::kLeft + 2 * kGap;
-    const double middle = top + height / 2;
-    surface.Line(left, middle, left + kSample, middle, colour, kCurveWidth,
-                 platform::LineStyle::kSolid);
-    surface.Text(left + kSample + kGap, top, name);
+  const auto year = static_cast<std::size_t>(ModYearIndex);
+  return year < kAxes.size() ? &kAxes[year] : nullptr;
+}
+
+std::size_t SampleCount(const EngineAxes& axes)
+{
+  return static_cast<std::size_t>(axes.rpm_maximum / kRpmPerSample + 1);
+}
+
+/// Draws the parts of a curve up to `top`, cut where the curve crosses it.
+void DrawUpTo(float top, PlotXy& plot, std::span<const float> rpm, std::span<const float> values,
+              platform::Colour colour)
+{
+  std::vector<float> x;
+  std::vector<float> y;
+  x.reserve(values.size() + 1);
+  y.reserve(values.size() + 1);
+  const auto crossing = [&](std::size_t i) {
+    const double part = (static_cast<double>(top) - static_cast<double>(values[i - 1])) /
+                        (static_cast<double>(values[i]) - static_cast<double>(values[i - 1]));
+    x.push_back(static_cast<float>(rpm[i - 1] + part * (rpm[i] - rpm[i - 1])));
+    y.push_back(top);
   };
-  entry(0, kGreen, "Horsepower");
-  entry(1, kBlue, "Torque, lb-ft");
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const bool above = values[i] > top;
+    const bool was_above = i > 0 && values[i - 1] > top;
+    if (above && !was_above && i > 0 && values[i - 1] >= 0) crossing(i);
+    if (above) {
+      plot.DrawSeries(x, y, colour, kCurveWidth);
+      x.clear();
+      y.clear();
+      continue;
+    }
+    if (was_above && values[i] >= 0) crossing(i);
+    x.push_back(rpm[i]);
+    y.push_back(values[i]);
+  }
+  plot.DrawSeries(x, y, colour, kCurveWidth);
 }
 
 }  // namespace
 
 void DrawEngineChart(platform::PictureSurface& surface, int ModYearIndex,
-                     const data::EngineCurve& curve)
+                     const data::EngineCurve& curve, int maximum_rpm)
 {
-  const auto year = static_cast<std::size_t>(ModYearIndex);
-  if (year >= kAxes.size()) return;
-  const auto& axes = kAxes[year];
-  PlotXy plot(surface, {0, static_cast<double>(axes.rpm_maximum), axes.rpm_divisions},
-              {0, static_cast<double>(axes.value_maximum), axes.value_divisions});
-  const auto samples = static_cast<std::size_t>(axes.rpm_maximum / kRpmPerSample + 1);
+  const auto* const axes = AxesOf(ModYearIndex);
+  if (axes == nullptr) return;
+  PlotXy plot(surface, {0, static_cast<double>(axes->rpm_maximum), axes->rpm_divisions},
+              {0, static_cast<double>(axes->value_maximum), axes->value_divisions});
+  const auto& box = plot.Box();
+  if (box.IsEmpty()) return;
+  if (maximum_rpm > 0 && maximum_rpm <= axes->rpm_maximum)
+    surface.Line(plot.PixelX(maximum_rpm), box.top, plot.PixelX(maximum_rpm), box.bottom, kRed, 1,
+                 platform::LineStyle::kDotted);
+  const auto samples = SampleCount(*axes);
   const auto rpm = std::span(curve.rpm).first(samples);
-  plot.DrawSeries(rpm, std::span(curve.power).first(samples), kGreen, kCurveWidth);
-  plot.DrawSeries(rpm, std::span(curve.torque).first(samples), kBlue, kCurveWidth);
-  DrawLegend(surface);
-  plot.DrawTitle("Torque and Horsepower Versus RPM");
+  const auto top = static_cast<float>(axes->value_maximum);
+  DrawUpTo(top, plot, rpm, std::span(curve.power).first(samples), kGreen);
+  DrawUpTo(top, plot, rpm, std::span(curve.torque).first(samples), kBlue);
+  DrawLegend(
+      surface, kLegend, kLegendKept,
+      {.left = 4, .right = surface.Width() - 4, .middle = surface.Height() - 8, .centred = true});
+}
+
+std::string ReadEngineChart(double width, double height, int ModYearIndex,
+                            const data::EngineCurve& curve, double x, double y)
+{
+  const auto* const axes = AxesOf(ModYearIndex);
+  const PlotBox box(width, height);
+  if (axes == nullptr || box.IsEmpty() || !box.Holds(x, y)) return {};
+  const double rpm = (x - box.left) / box.Width() * axes->rpm_maximum;
+  const auto sample =
+      std::min(static_cast<std::size_t>(std::lround(rpm / kRpmPerSample)), SampleCount(*axes) - 1);
+  std::string text = WholeText(curve.rpm[sample]) + " RPM";
+  const auto line = [&](float value, std::string_view unit) {
+    if (value >= 0 && value <= static_cast<float>(axes->value_maximum))
+      text.append("\n").append(WholeText(value)).append(unit);
+  };
+  line(curve.power[sample], " horsepower");
+  line(curve.torque[sample], " lb-ft torque");
+  return text;
 }
 
 }  // namespace velquist::charts

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "data/EngineCurve.h"
-#include "platform/PictureSurface.h"
 
 namespace velquist::charts {
 
@@ -25,8 +24,8 @@ struct SpeedBands {
   Band torque;
   Band power;
   int maximum_rpm = 0;
-  double maximum_speed = 0;       ///< of the car on a level track, mph or km/h
-  std::vector<GearSpeed> gears;   ///< without gears that have no ratio
+  double maximum_speed = 0;      ///< of the car on a level track, mph or km/h
+  std::vector<GearSpeed> gears;  ///< without gears that have no ratio
   int gear_rows = 0;
   bool metric = false;
 };
@@ -45,9 +44,5 @@ struct SpeedBands {
                                            int ModYearIndex, int chassis,
                                            std::span<const float> ratios, float final_drive,
                                            bool metric);
-
-/// Draws one row a gear: torque band blue, horsepower band green, maximum rpm as a small red box;
-/// the maximum speed as a red line.
-void DrawSpeedBands(platform::PictureSurface& surface, int ModYearIndex, const SpeedBands& bands);
 
 }  // namespace velquist::charts

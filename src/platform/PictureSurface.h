@@ -18,7 +18,9 @@ enum class LineStyle { kSolid, kDotted };
 
 struct TextExtent {
   double width = 0;
-  double height = 0;
+  double height = 0;       ///< of the line
+  double capital_top = 0;  ///< from the top of the line to the top of capitals and digits
+  double baseline = 0;     ///< from the top of the line to what they stand on
 };
 
 /// A picture box to draw in. Coordinates are pixels from the top left corner and may be fractions.
@@ -37,6 +39,8 @@ class PictureSurface {
   virtual void Box(double left, double top, double right, double bottom, Colour colour,
                    std::optional<Colour> fill) = 0;
   virtual void Dot(double x, double y, Colour colour) = 0;
+  /// Letter height of the texts measured and drawn from now on, pixels.
+  virtual void SetLetterHeight(double pixels) = 0;
   /// Text with its top left corner at (x, y).
   virtual void Text(double x, double y, std::string_view text) = 0;
   [[nodiscard]] virtual TextExtent Extent(std::string_view text) const = 0;

@@ -4,6 +4,7 @@
 #include <wx/display.h>
 #include <wx/dnd.h>
 #include <wx/stattext.h>
+#include <wx/utils.h>
 #include <wx/wupdlock.h>
 
 #include <algorithm>
@@ -144,8 +145,14 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id, b
       parent = FindWindowByName(WindowName(*around->design), panel_);
     return MakeWidget(design, parent, id, first_option);
   }
-  if (design.name == "PictureChart") return chart_ = new ChartBox(panel_, id, name, form.chart);
-  if (design.name == "PictureChart2") return chart2_ = new ChartBox(panel_, id, name, form.chart2);
+  if (design.name == "PictureChart")
+    return chart_ = new ChartBox(panel_, id, name, form.chart, [this](double x, double y) {
+      return window_.PictureChart_MouseMove(x, y);
+    });
+  if (design.name == "PictureChart2")
+    return chart2_ = new ChartBox(panel_, id, name, form.chart2, [this](double x, double y) {
+      return window_.PictureChart2_MouseMove(x, y);
+    });
   if (design.name == "GEMPic1") return car_ = new CarPictureBox(panel_, id, name, pictures);
   return new MarqueeBox(panel_, id, name);
 }
@@ -172,7 +179,10 @@ void FrmMain::BindEvents()
   Bind(wxEVT_RADIOBUTTON, &FrmMain::OnChecked, this);
   Bind(wxEVT_SIZE, &FrmMain::OnSize, this);
   Bind(wxEVT_CLOSE_WINDOW, &FrmMain::OnClose, this);
-  Bind(wxEVT_MENU, &FrmMain::OnButton, this);
+  Bind(wxEVT_MENU, [this](wxCommandEvent& event) {
+    const wxBusyCursor busy;  // files are read and written; a box on the screen suspends it
+    OnButton(event);
+  });
   Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Handle([this] { window_.Tick(); }); });
   Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
     SetTimer();

@@ -11,9 +11,8 @@ namespace velquist::ui {
 namespace {
 
 /// The entries that begin a new group.
-constexpr std::array<std::string_view, 7> kGroups{"MnuSave",        "MnuRevert",  "MnuExport",
-                                                  "MnuExit",        "MnuReverse", "MnuSaveAsFormat",
-                                                  "MnuAddInstall"};
+constexpr std::array<std::string_view, 5> kGroups{"MnuSave", "MnuRevert", "MnuExit",
+                                                  "MnuSaveAsFormat", "MnuAddInstall"};
 
 /// The menu whose entries exclude each other.
 constexpr std::string_view kExclusiveMenu = "MnuSaveAsFormat";

@@ -2,96 +2,19 @@
 #include "ui/PictureBoxes.h"
 
 #include <wx/dcbuffer.h>
-#include <wx/graphics.h>
+#include <wx/dcmemory.h>
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
+#include <utility>
 
 #include "platform/wx/WxText.h"
-#include "ui/Widgets.h"
+#include "ui/ChartPainting.h"
 
 namespace velquist::ui {
 namespace {
 
-using app::Primitive;
-
 constexpr double kMostEnlarged = 2;
-
-wxColour ToWx(const platform::Colour& colour)
-{
-  return {colour.red, colour.green, colour.blue};
-}
-
-/// Lines that run along the pixels are put on them, so that they are drawn crisp; others are
-/// smoothed.
-void DrawLine(wxGraphicsContext& context, const Primitive& line)
-{
-  const auto style =
-      line.style == platform::LineStyle::kDotted ? wxPENSTYLE_DOT : wxPENSTYLE_SOLID;
-  context.SetPen(context.CreatePen(
-      wxGraphicsPenInfo(ToWx(line.colour)).Width(line.width).Style(style).Cap(wxCAP_BUTT)));
-  if (line.x1 == line.x2 || line.y1 == line.y2) {
-    context.SetAntialiasMode(wxANTIALIAS_NONE);
-    context.StrokeLine(std::round(line.x1), std::round(line.y1), std::round(line.x2),
-                       std::round(line.y2));
-    context.SetAntialiasMode(wxANTIALIAS_DEFAULT);
-  } else {
-    context.StrokeLine(line.x1, line.y1, line.x2, line.y2);
-  }
-}
-
-void DrawBox(wxGraphicsContext& context, const Primitive& box)
-{
-  const double left = std::round(box.x1);
-  const double top = std::round(box.y1);
-  const double width = std::max(std::round(box.x2) - left, 1.0);
-  const double height = std::max(std::round(box.y2) - top, 1.0);
-  context.SetAntialiasMode(wxANTIALIAS_NONE);
-  context.SetPen(*wxTRANSPARENT_PEN);
-  if (box.fill) {
-    context.SetBrush(wxBrush(ToWx(*box.fill)));
-    context.DrawRectangle(left, top, width + 1, height + 1);
-  }
-  context.SetBrush(wxBrush(ToWx(box.colour)));
-  context.DrawRectangle(left, top, width + 1, 1);
-  context.DrawRectangle(left, top + height, width + 1, 1);
-  context.DrawRectangle(left, top, 1, height + 1);
-  context.DrawRectangle(left + width, top, 1, height + 1);
-  context.SetAntialiasMode(wxANTIALIAS_DEFAULT);
-}
-
-void DrawDot(wxGraphicsContext& context, const Primitive& dot)
-{
-  context.SetPen(*wxTRANSPARENT_PEN);
-  context.SetBrush(wxBrush(ToWx(dot.colour)));
-  context.DrawRectangle(std::round(dot.x1), std::round(dot.y1), 1, 1);
-}
-
-void DrawShapes(wxGraphicsContext& context, const app::PictureRecorder& picture)
-{
-  for (const auto& drawn : picture.Drawn()) {
-    switch (drawn.kind) {
-      case Primitive::Kind::kLine: DrawLine(context, drawn); break;
-      case Primitive::Kind::kBox: DrawBox(context, drawn); break;
-      case Primitive::Kind::kDot: DrawDot(context, drawn); break;
-      case Primitive::Kind::kText: break;
-    }
-  }
-}
-
-/// Above all shapes, with the system's own text, which finds a font in place of a missing one.
-void DrawTexts(wxDC& dc, const app::PictureRecorder& picture)
-{
-  dc.SetFont(ControlFont(static_cast<int>(std::lround(picture.FontSize()))));
-  dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
-  for (const auto& drawn : picture.Drawn()) {
-    if (drawn.kind != Primitive::Kind::kText) continue;
-    dc.SetTextForeground(ToWx(drawn.colour));
-    dc.DrawText(platform::FromText(drawn.text), static_cast<int>(std::lround(drawn.x1)),
-                static_cast<int>(std::lround(drawn.y1)));
-  }
-}
 
 /// `image` in a bitmap that fills `box` device pixels in one direction; `scale` device pixels
 /// make one of the window's.
@@ -110,36 +33,54 @@ wxBitmap Fitted(const wxImage& image, wxSize box, double scale)
 }  // namespace
 
 ChartBox::ChartBox(wxWindow* parent, wxWindowID id, const wxString& name,
-                   const app::PictureRecorder& picture)
+                   const app::PictureRecorder& picture, Read read)
     : wxWindow(parent, id, wxDefaultPosition, wxSize(1, 1), wxFULL_REPAINT_ON_RESIZE, name),
-      picture_(picture)
+      picture_(picture),
+      read_(std::move(read))
 {
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
+  Bind(wxEVT_MOTION, [this](wxMouseEvent& event) { OnPointer(event.GetPosition()); });
+  Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) { OnPointer(std::nullopt); });
 }
 
 void ChartBox::BringInLine()
 {
-  if (picture_.Version() != version_) Refresh();
+  if (picture_.Version() == version_) return;
+  OnPointer(pointer_);  // which may point at something else now
+  Refresh(false);
+}
+
+void ChartBox::OnPointer(std::optional<wxPoint> pointer)
+{
+  auto reading = pointer ? read_(pointer->x, pointer->y) : std::string();
+  const bool moved = !reading.empty() && pointer != pointer_;
+  if (moved || reading != reading_) Refresh(false);
+  reading_ = std::move(reading);
+  pointer_ = pointer;
 }
 
 void ChartBox::OnPaint()
 {
-  version_ = picture_.Version();
   wxAutoBufferedPaintDC paint(this);
-  paint.SetBackground(wxBrush(ToWx(picture_.Background())));
-  paint.Clear();
-  if (const std::unique_ptr<wxGraphicsContext> context(
-          wxGraphicsContext::CreateFromUnknownDC(paint));
-      context)
-    DrawShapes(*context, picture_);
-  DrawTexts(paint, picture_);
+  const wxSize size = GetClientSize();
+  const double scale = GetContentScaleFactor();
+  if (size.x < 1 || size.y < 1) return;
+  if (picture_.Version() != version_ || !painted_.IsOk() || painted_.GetSize() != size * scale) {
+    painted_.CreateScaled(size.x, size.y, wxBITMAP_SCREEN_DEPTH, scale);
+    wxMemoryDC memory(painted_);
+    DrawPicture(memory, picture_);
+    version_ = picture_.Version();
+  }
+  paint.DrawBitmap(painted_, 0, 0);
+  if (pointer_ && !reading_.empty())
+    DrawReading(paint, platform::FromText(reading_), *pointer_, size);
 }
 
 CarPictureBox::CarPictureBox(wxWindow* parent, wxWindowID id, const wxString& name,
                              platform::WxPictureLoader& pictures)
-    : wxPanel(parent, id, wxDefaultPosition, wxSize(1, 1),
-              wxFULL_REPAINT_ON_RESIZE | wxBORDER_NONE, name),
+    : wxPanel(parent, id, wxDefaultPosition, wxSize(1, 1), wxFULL_REPAINT_ON_RESIZE | wxBORDER_NONE,
+              name),
       pictures_(pictures)
 {
   SetDoubleBuffered(true);

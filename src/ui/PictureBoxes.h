@@ -4,6 +4,8 @@
 #include <wx/bitmap.h>
 #include <wx/panel.h>
 
+#include <functional>
+#include <optional>
 #include <string>
 
 #include "app/PictureRecorder.h"
@@ -11,20 +13,29 @@
 
 namespace velquist::ui {
 
-/// A picture box that shows what a recorder has recorded.
+/// A picture box that shows what a recorder has recorded, and beside the pointer what the picture
+/// says there.
 class ChartBox final : public wxWindow {
  public:
+  /// The text to show for a place in the box; empty for none.
+  using Read = std::function<std::string(double x, double y)>;
+
   ChartBox(wxWindow* parent, wxWindowID id, const wxString& name,
-           const app::PictureRecorder& picture);
+           const app::PictureRecorder& picture, Read read);
 
   /// Repaints when there is another picture than the one painted last.
   void BringInLine();
 
  private:
   void OnPaint();
+  void OnPointer(std::optional<wxPoint> pointer);
 
   const app::PictureRecorder& picture_;
+  Read read_;
   unsigned version_ = 0;  ///< of the picture painted last
+  wxBitmap painted_;      ///< that picture
+  std::optional<wxPoint> pointer_;
+  std::string reading_;  ///< shown beside the pointer
 };
 
 /// The picture of the car, as large as the box allows without more than doubling it.

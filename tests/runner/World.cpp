@@ -45,6 +45,20 @@ void CopyShippedFiles(const fs::path& from, const fs::path& to)
   fs::remove(to / kSettingsFile);
 }
 
+/// Copies a file or a tree over what is there. The library's own copy refuses that where the host
+/// has no file numbers: it takes any two files for the same one.
+void CopyOver(const fs::path& from, const fs::path& to)
+{
+  if (!fs::is_directory(from)) {
+    fs::remove(to);
+    fs::copy_file(from, to);
+    return;
+  }
+  fs::create_directories(to);
+  for (const auto& entry : fs::directory_iterator(from))
+    CopyOver(entry, to / entry.path().filename());
+}
+
 }  // namespace
 
 World::World(const fs::path& program_files) : root_(MakeFreshDirectory())
@@ -132,8 +146,7 @@ void World::Copy(std::string_view from, std::string_view to)
 {
   const auto target = FindToChange(to);
   fs::create_directories(target.parent_path());
-  fs::copy(Find(from), target,
-           fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+  CopyOver(Find(from), target);
 }
 
 void World::Remove(std::string_view path)

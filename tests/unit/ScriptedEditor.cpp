@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ScriptedEditor.h"
 
+#include <fstream>
 #include <span>
 
 #include <gtest/gtest.h>
@@ -8,6 +9,7 @@
 #include "app/FormControlSettings.h"
 #include "platform/HostFileSystem.h"
 #include "runner/Texts.h"
+#include "setup/Identification.h"
 
 namespace velquist::testing {
 namespace {
@@ -105,6 +107,22 @@ std::string Everything(const app::MainWindow& window, WithBuffer with_buffer)
   return std::move(out).str();
 }
 
+std::vector<Example> Examples()
+{
+  std::ifstream readme(std::filesystem::path(VELQUIST_SOURCE_DIR) / "examples" / "README.md");
+  std::vector<Example> examples;
+  constexpr std::string_view kRow = "| `";
+  constexpr std::string_view kNextCell = "` | ";
+  for (std::string line; std::getline(readme, line);) {
+    if (!line.starts_with("| `Players/")) continue;
+    const auto path_end = line.find('`', kRow.size());
+    const auto year = path_end + kNextCell.size();
+    examples.push_back({line.substr(kRow.size(), path_end - kRow.size()),
+                        line.substr(year, line.find(' ', year) - year)});
+  }
+  return examples;
+}
+
 ScriptedEditor::ScriptedEditor()
     : world_(std::filesystem::path(VELQUIST_SOURCE_DIR) / "assets" / "program"),
       outside_([this](std::string_view a, std::string_view b) { return world_.SameText(a, b); },
@@ -144,6 +162,33 @@ file "$P/Velquist Program Settings.ini" text \
   "\"$G\"\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n\"$G\"\r\n"
 start
 )");
+}
+
+void ScriptedEditor::StartWithExamples()
+{
+  namespace fs = std::filesystem;
+  fs::copy(fs::path(VELQUIST_SOURCE_DIR) / "examples" / "GPL", Path("$G"),
+           fs::copy_options::recursive);
+  Play(R"(
+on message \
+  "You are missing the program's saved Program Settings file.  Please select your gpl.exe file." \
+  exclamation -> ok
+on open filter "GPL .exe Files|*.exe" start $P -> $G/gpl.exe
+start
+)");
+}
+
+void ScriptedEditor::Open(const Example& example)
+{
+  std::string script = "on open -> \"$G/" + example.path + "\"\n";
+  const auto identity = setup::Identify(example.path, world_.Read("GPL/" + example.path));
+  if (identity.question == platform::ModYearForm::kFrmModYear1)
+    script += "on FrmModYear1 -> " + example.year + "\n";
+  else if (identity.question)
+    script += "on FrmModYear2 -> " + example.year + "\n";
+  const auto name = std::filesystem::path(example.path).filename().string();
+  Play(script + "click MnuOpen\nexpect Label4 \"" + name + "\"\nexpect Combo2 \"" + example.year +
+       "\"\nexpect unchanged\n");
 }
 
 std::filesystem::path ScriptedEditor::Path(const std::string& path) const

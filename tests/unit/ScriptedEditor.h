@@ -6,10 +6,20 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "runner/Play.h"
 
 namespace velquist::testing {
+
+/// A setup of the example installation, with the year that it is for.
+struct Example {
+  std::string path;  ///< below examples/GPL
+  std::string year;  ///< as in the list of mod years
+};
+
+/// The setups that examples/README.md lists.
+[[nodiscard]] std::vector<Example> Examples();
 
 enum class WithBuffer { kNo, kYes };
 
@@ -28,6 +38,11 @@ class ScriptedEditor {
 
   /// Plays a game installation of all mod years with the track monza of the player Jim, and starts.
   void StartWithGame();
+
+  /// Copies the example installation and starts for the first time on it.
+  void StartWithExamples();
+  /// Opens a setup of it, answering the mod year question where there is one.
+  void Open(const Example& example);
 
   [[nodiscard]] const app::MainWindow& Window() const { return driver_->Window(); }
   [[nodiscard]] std::string Everything(WithBuffer with_buffer) const

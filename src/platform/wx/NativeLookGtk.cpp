@@ -28,7 +28,7 @@ constexpr char kTightStyle[] = R"css(
 .velquist-tight frame, .velquist-tight frame > border, .velquist-tight frame > label {
   padding: 0; margin: 0; min-width: 0; min-height: 0;
 }
-.velquist-tight frame > label { padding: 0 0.2em; }
+.velquist-tight frame > label { margin: 0 0.4em; padding: 0 0.2em; }
 .velquist-tight label { padding: 0; min-width: 0; min-height: 0; }
 )css";
 

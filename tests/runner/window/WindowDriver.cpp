@@ -11,10 +11,12 @@
 
 #include <wx/weakref.h>
 
+#include <cmath>
 #include <exception>
 #include <functional>
 #include <stdexcept>
 
+#include "app/FormControlSettings.h"
 #include "platform/wx/FrmHelp.h"
 #include "platform/wx/FrmInstallDelete.h"
 #include "platform/wx/FrmModYear.h"
@@ -34,6 +36,11 @@ std::string NameText(std::string_view name, int index)
   std::string text(name);
   if (index >= 0) text += "(" + std::to_string(index) + ")";
   return text;
+}
+
+int Rounded(float pixels)
+{
+  return static_cast<int>(std::nearbyint(pixels));
 }
 
 /// The widget of that name; throws when it is not there.
@@ -170,6 +177,7 @@ class WindowDriver final : public Driver {
     window_->Form_Load(command_line);
     if (window_->Ended()) return;
     frame_ = new ui::FrmMain(*window_, outside.screen, *pictures_);
+    AllowScriptedSize(outside.screen);
     frame_->Show();
     LetWindowSystemWork();
   }
@@ -297,6 +305,16 @@ class WindowDriver final : public Driver {
   [[nodiscard]] const app::MainWindow& Window() const override { return *window_; }
 
  private:
+  /// Some systems keep a window within the real desktop unless it has a largest size of its own.
+  void AllowScriptedSize(const platform::Screen& screen)
+  {
+    const auto scale = app::ScaleFor(screen.Width(), screen.Height());
+    const wxSize size(Rounded(scale.fx * app::kDesignClientWidth),
+                      Rounded(scale.fy * app::kDesignClientHeight));
+    frame_->SetMaxClientSize(2 * size);
+    if (frame_->GetClientSize() != size) frame_->SetClientSize(size);
+  }
+
   const platform::Resources* resources_ = nullptr;
   std::optional<platform::WxPictureLoader> pictures_;
   std::optional<app::MainWindow> window_;

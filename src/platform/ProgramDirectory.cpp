@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "platform/ProgramDirectory.h"
+
+#include <array>
+#include <cstdlib>
+#include <system_error>
+
+#include "platform/AtomicFile.h"
+#include "platform/Errors.h"
+#include "platform/HostFileSystem.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace velquist::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Data files lie in the directory itself; a second set of them, for users of metric units, in this
+/// folder of it.
+constexpr std::array kFolders = {"", "Metric"};
+
+[[noreturn]] void Fail(const fs::path& path, const std::error_code& error)
+{
+  throw FileError(PathText(path), error.message());
+}
+
+bool IsDefaultSetup(const fs::path& file)
+{
+  return file.extension() == ".vqset";
+}
+
+bool IsDataFile(const fs::path& file)
+{
+  return file.extension() == ".ini" || IsDefaultSetup(file);
+}
+
+/// The default setups are what no other program has.
+bool HoldsData(const fs::path& directory)
+{
+  std::error_code error;
+  for (fs::directory_iterator entry(directory, error), end; !error && entry != end;
+       entry.increment(error))
+    if (IsDefaultSetup(entry->path())) return true;
+  return false;
+}
+
+#ifdef _WIN32
+
+/// Rights alone do not tell: only making a file does.
+bool MayWriteInto(const fs::path& directory)
+{
+  const auto probe = directory / (L".velquist-" + std::to_wstring(::GetCurrentProcessId()));
+  const auto file = ::CreateFileW(probe.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  ::CloseHandle(file);
+  return true;
+}
+
+fs::path UserDirectory(const Environment& environment)
+{
+  const auto local = environment("LOCALAPPDATA");
+  if (!local || local->empty())
+    throw FileError("%LOCALAPPDATA%\\Velquist", "The variable LOCALAPPDATA is not set");
+  return HostPath(*local) / "Velquist";
+}
+
+#else
+
+bool MayWriteInto(const fs::path& directory)
+{
+  return ::faccessat(AT_FDCWD, directory.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+fs::path UserDirectory(const Environment& environment)
+{
+  const auto data_home = environment("XDG_DATA_HOME");
+  // A relative path counts as not set.
+  if (data_home && data_home->starts_with('/')) return fs::path(*data_home) / "velquist";
+  const auto home = environment("HOME");
+  if (!home || home->empty())
+    throw FileError("~/.local/share/velquist", "The variable HOME is not set");
+  return fs::path(*home) / ".local" / "share" / "velquist";
+}
+
+#endif
+
+/// Copies the data files that `to` does not have.
+void Fill(const fs::path& from, const fs::path& to)
+{
+  std::error_code error;
+  fs::create_directories(to, error);
+  if (error) Fail(to, error);
+  const HostFileSystem files;
+  fs::directory_iterator entry(from, error);
+  for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
+    const auto target = to / entry->path().filename();
+    std::error_code unknown;
+    if (!IsDataFile(target) || !entry->is_regular_file(unknown) || fs::exists(target, unknown))
+      continue;
+    const auto bytes = files.ReadWhole(PathText(entry->path()));
+    WriteAtomically(target, bytes, PathText(target));
+  }
+  if (error) Fail(from, error);
+}
+
+}  // namespace
+
+std::optional<std::string> EnvironmentVariable(std::string_view name)
+{
+#ifdef _WIN32
+  const auto* const value = ::_wgetenv(fs::path(std::u8string(name.begin(), name.end())).c_str());
+  if (value == nullptr) return std::nullopt;
+  return PathText(fs::path(value));
+#else
+  const auto* const value = std::getenv(std::string(name).c_str());
+  if (value == nullptr) return std::nullopt;
+  return value;
+#endif
+}
+
+std::string ProgramDirectory(const fs::path& executable, const Environment& environment)
+{
+  const auto folder = executable.parent_path();
+  const bool portable = HoldsData(folder);
+  if (portable && MayWriteInto(folder)) return PathText(folder);
+
+  const auto source = portable ? folder : folder.parent_path() / "share" / "velquist";
+  if (!HoldsData(source)) return PathText(folder);
+  const auto directory = UserDirectory(environment);
+  for (const auto* inner : kFolders) {
+    std::error_code error;
+    if (fs::is_directory(source / inner, error)) Fill(source / inner, directory / inner);
+  }
+  return PathText(directory);
+}
+
+}  // namespace velquist::platform

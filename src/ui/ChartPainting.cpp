@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+#include "ui/ChartPainting.h"
+
+#include <wx/font.h>
+#include <wx/graphics.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "platform/wx/WxText.h"
+
+namespace velquist::ui {
+namespace {
+
+using app::Primitive;
+
+constexpr char kFace[] = "Arial";
+
+wxColour ToWx(const platform::Colour& colour)
+{
+  return {colour.red, colour.green, colour.blue};
+}
+
+/// Fonts by letter height. Font sizes that the toolkit takes in pixels are those of the whole line.
+class LetterFonts {
+ public:
+  explicit LetterFonts(wxDC& dc) : dc_(dc) {}
+
+  const wxFont& Of(double letter_height)
+  {
+    auto& font = fonts_[letter_height];
+    if (!font.IsOk()) font = wxFont(wxFontInfo(letter_height / PixelsPerPoint()).FaceName(kFace));
+    return font;
+  }
+
+ private:
+  double PixelsPerPoint()
+  {
+    if (pixels_per_point_ > 0) return pixels_per_point_;
+    constexpr double kPoints = 100;
+    constexpr double kDigitWidth = 0.5562;  // of the letter height
+    const wxString digits("0000000000");
+    dc_.SetFont(wxFont(wxFontInfo(kPoints).FaceName(kFace)));
+    const double measured = dc_.GetTextExtent(digits).x;
+    pixels_per_point_ = measured / (static_cast<double>(digits.length()) * kDigitWidth * kPoints);
+    return pixels_per_point_;
+  }
+
+  wxDC& dc_;
+  double pixels_per_point_ = 0;
+  std::map<double, wxFont> fonts_;
+};
+
+bool IsAlongPixels(const Primitive& line)
+{
+  return line.x1 == line.x2 || line.y1 == line.y2;
+}
+
+void FillRectangle(wxGraphicsContext& context, const platform::Colour& colour, double left,
+                   double top, double width, double height)
+{
+  context.SetPen(*wxTRANSPARENT_PEN);
+  context.SetBrush(wxBrush(ToWx(colour)));
+  context.DrawRectangle(left, top, width, height);
+}
+
+void DrawDottedLine(wxGraphicsContext& context, const Primitive& line)
+{
+  constexpr double kPixelMiddle = 0.5;
+  static const std::array<wxDash, 2> kDots = {1, 2};
+  context.SetPen(context.CreatePen(wxGraphicsPenInfo(ToWx(line.colour))
+                                       .Width(line.width)
+                                       .Style(wxPENSTYLE_USER_DASH)
+                                       .Dashes(static_cast<int>(kDots.size()), kDots.data())
+                                       .Cap(wxCAP_BUTT)));
+  const double x = line.x1 == line.x2 ? kPixelMiddle : 0;
+  const double y = line.x1 == line.x2 ? 0 : kPixelMiddle;
+  context.StrokeLine(std::round(line.x1) + x, std::round(line.y1) + y, std::round(line.x2) + x,
+                     std::round(line.y2) + y);
+}
+
+void DrawStraightLine(wxGraphicsContext& context, const Primitive& line)
+{
+  const double before = std::floor((line.width - 1) / 2);
+  const double left = std::round(std::min(line.x1, line.x2));
+  const double top = std::round(std::min(line.y1, line.y2));
+  if (line.x1 == line.x2)
+    FillRectangle(context, line.colour, left - before, top, line.width,
+                  std::round(std::max(line.y1, line.y2)) - top);
+  else
+    FillRectangle(context, line.colour, left, top - before,
+                  std::round(std::max(line.x1, line.x2)) - left, line.width);
+}
+
+bool GoesOn(const Primitive& line, const Primitive& next)
+{
+  return next.kind == Primitive::Kind::kLine && next.x1 == line.x2 && next.y1 == line.y2 &&
+         next.colour == line.colour && next.width == line.width && next.style == line.style;
+}
+
+/// Draws the lines from `first` on that make one curve and returns the last of them.
+std::size_t DrawCurve(wxGraphicsContext& context, const std::vector<Primitive>& drawn,
+                      std::size_t first)
+{
+  auto path = context.CreatePath();
+  path.MoveToPoint(drawn[first].x1, drawn[first].y1);
+  path.AddLineToPoint(drawn[first].x2, drawn[first].y2);
+  std::size_t last = first;
+  for (; last + 1 < drawn.size() && GoesOn(drawn[last], drawn[last + 1]); ++last)
+    path.AddLineToPoint(drawn[last + 1].x2, drawn[last + 1].y2);
+  context.SetPen(context.CreatePen(wxGraphicsPenInfo(ToWx(drawn[first].colour))
+                                       .Width(drawn[first].width)
+                                       .Join(wxJOIN_ROUND)
+                                       .Cap(wxCAP_BUTT)));
+  context.StrokePath(path);
+  return last;
+}
+
+void DrawBox(wxGraphicsContext& context, const Primitive& box)
+{
+  const double left = std::round(box.x1);
+  const double top = std::round(box.y1);
+  const double width = std::max(std::round(box.x2) - left, 0.0) + 1;
+  const double height = std::max(std::round(box.y2) - top, 0.0) + 1;
+  if (box.fill) FillRectangle(context, *box.fill, left, top, width, height);
+  if (box.fill == box.colour) return;
+  FillRectangle(context, box.colour, left, top, width, 1);
+  FillRectangle(context, box.colour, left, top + height - 1, width, 1);
+  FillRectangle(context, box.colour, left, top, 1, height);
+  FillRectangle(context, box.colour, left + width - 1, top, 1, height);
+}
+
+void DrawShapes(wxGraphicsContext& context, const std::vector<Primitive>& drawn)
+{
+  context.EnableOffset(false);  // all coordinates here are edges of pixels
+  for (std::size_t i = 0; i < drawn.size(); ++i) {
+    switch (drawn[i].kind) {
+      case Primitive::Kind::kLine:
+        if (drawn[i].style == platform::LineStyle::kDotted)
+          DrawDottedLine(context, drawn[i]);
+        else if (IsAlongPixels(drawn[i]) &&
+                 !(i + 1 < drawn.size() && GoesOn(drawn[i], drawn[i + 1])))
+          DrawStraightLine(context, drawn[i]);
+        else
+          i = DrawCurve(context, drawn, i);
+        break;
+      case Primitive::Kind::kBox: DrawBox(context, drawn[i]); break;
+      case Primitive::Kind::kDot:
+        FillRectangle(context, drawn[i].colour, std::round(drawn[i].x1), std::round(drawn[i].y1), 1,
+                      1);
+        break;
+      case Primitive::Kind::kText: break;
+    }
+  }
+}
+
+/// Above all shapes, with the system's own text, which finds a font in place of a missing one.
+void DrawTexts(wxDC& dc, const std::vector<Primitive>& drawn)
+{
+  LetterFonts fonts(dc);
+  double letter_height = 0;
+  dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
+  for (const auto& text : drawn) {
+    if (text.kind != Primitive::Kind::kText) continue;
+    const auto& font = fonts.Of(text.letter_height);
+    if (text.letter_height != letter_height) dc.SetFont(font);
+    letter_height = text.letter_height;
+    dc.SetTextForeground(ToWx(text.colour));
+    dc.DrawText(platform::FromText(text.text), static_cast<int>(std::lround(text.x1)),
+                static_cast<int>(std::lround(text.y1)));
+  }
+}
+
+}  // namespace
+
+void DrawPicture(wxMemoryDC& dc, const app::PictureRecorder& picture)
+{
+  dc.SetBackground(wxBrush(ToWx(picture.Background())));
+  dc.Clear();
+  if (const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc)); context)
+    DrawShapes(*context, picture.Drawn());
+  DrawTexts(dc, picture.Drawn());
+}
+
+void DrawReading(wxDC& dc, const wxString& text, wxPoint pointer, wxSize size)
+{
+  constexpr double kLetters = 12;
+  constexpr int kPadding = 5;
+  constexpr int kBeside = 12;  ///< from the pointer to the box
+  static const wxColour kPaper(255, 255, 225);
+  static const wxColour kFrame(118, 118, 118);
+  LetterFonts fonts(dc);
+  dc.SetFont(fonts.Of(kLetters));
+  wxSize box = dc.GetMultiLineTextExtent(text);
+  box.IncBy(2 * kPadding, 2 * kPadding - 4);
+  const auto place = [](int at, int length, int room) {
+    const int beyond = at + kBeside;
+    const int wanted = beyond + length <= room ? beyond : at - kBeside - length;
+    return std::clamp(wanted, 0, std::max(room - length, 0));
+  };
+  const wxPoint corner(place(pointer.x, box.x, size.x), place(pointer.y, box.y, size.y));
+  dc.SetPen(wxPen(kFrame));
+  dc.SetBrush(wxBrush(kPaper));
+  dc.DrawRectangle(corner, box);
+  dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
+  dc.SetTextForeground(*wxBLACK);
+  dc.DrawLabel(text, wxRect(corner, box).Deflate(kPadding, kPadding - 2));
+}
+
+}  // namespace velquist::ui
