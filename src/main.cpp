@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <wx/app.h>
-#include <wx/filename.h>
 #include <wx/init.h>
 #include <wx/log.h>
 #include <wx/stdpaths.h>
@@ -12,7 +11,9 @@
 #include <vector>
 
 #include "app/MainWindow.h"
+#include "platform/Errors.h"
 #include "platform/HostFileSystem.h"
+#include "platform/ProgramDirectory.h"
 #include "platform/wx/CommandLine.h"
 #include "platform/wx/WxDialogs.h"
 #include "platform/wx/WxPictureLoader.h"
@@ -42,8 +43,14 @@ class Program final : public wxApp {
 
   bool OnInit() override
   {
-    window_.emplace(app::Outside{files_, dialogs_, process_, clock_, random_, screen_, pictures_,
-                                 resources_, ProgramDirectory()});
+    try {
+      window_.emplace(app::Outside{files_, dialogs_, process_, clock_, random_, screen_, pictures_,
+                                   resources_, ProgramDirectory()});
+    } catch (const FileError& error) {
+      dialogs_.ShowMessage(error.Path() + "\n" + error.Reason() + ".", platform::Icon::kCritical,
+                           platform::Buttons::kOk);
+      return false;
+    }
     window_->Form_Load(command_line_.text);
     if (window_->Ended()) return false;
     auto* const frame = new ui::FrmMain(*window_, screen_, pictures_);
@@ -58,7 +65,9 @@ class Program final : public wxApp {
   [[nodiscard]] std::string ProgramDirectory() const
   {
     if (command_line_.program_directory) return *command_line_.program_directory;
-    return platform::ToText(wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath());
+    const auto executable = platform::ToText(wxStandardPaths::Get().GetExecutablePath());
+    return platform::ProgramDirectory(platform::HostPath(executable),
+                                      platform::EnvironmentVariable);
   }
 
   /// What a second copy must be told to use the same files.

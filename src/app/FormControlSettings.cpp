@@ -18,6 +18,9 @@ constexpr int kCaptionSize = 16;
 constexpr int kValueSize = 18;   ///< values and step buttons
 constexpr int kStepHeight = 30;
 
+/// Pixels; smaller letters cannot be read on any screen.
+constexpr int kSmallestLetters = 9;
+
 /// How a slot's buttons are called in tool tips and for screen readers.
 constexpr std::array<std::string_view, kSlotControls> kSlotNames = {
     "left front tire pressure",  "right front tire pressure",
@@ -86,10 +89,10 @@ class Designer {
     const auto& increase = texts_.emplace_back("Increase " + name);
     const int value_left = left + button_width + kGap;
     const int increase_left = value_left + value_width + kGap;
-    Add(kButton, "CmdDec", slot, "-", {left, top, button_width, kStepHeight}, kValueSize, decrease,
+    Add(kButton, "CmdDec", slot, "\u25C4", {left, top, button_width, kStepHeight}, kValueSize, decrease,
         decrease);
     Add(kLabel, "Label1", slot, "", {value_left, top, value_width, kStepHeight}, kValueSize);
-    Add(kButton, "CmdInc", slot, "+", {increase_left, top, button_width, kStepHeight}, kValueSize,
+    Add(kButton, "CmdInc", slot, "\u25BA", {increase_left, top, button_width, kStepHeight}, kValueSize,
         increase, increase);
   }
 
@@ -140,7 +143,7 @@ void TopList(Designer& form, std::string_view name, int caption_index, std::stri
 
 void WhereAndWhat(Designer& form)
 {
-  form.Frame("Frame1", 0, "", {8, 8, 1248, 78});
+  form.Frame("Frame1", 0, "", {8, 4, 1248, 82});
   TopList(form, "Combo7", 0, "&Install Directory", "Game installation", 20, 290);
   TopList(form, "Combo2", 1, "Mod &Year", "Mod year of the setup", 320, 90);
   TopList(form, "Combo3", 2, "&Chassis", "Car of the setup", 420, 270);
@@ -318,7 +321,8 @@ void ScaleControls(MainForm& form, Scale scale)
     control.place.top = Scaled(place.top, scale.fy);
     control.place.width = Scaled(place.left + place.width, scale.fx) - control.place.left;
     control.place.height = Scaled(place.top + place.height, scale.fy) - control.place.top;
-    control.font_size = std::max(1, Scaled(design.font_size, std::min(scale.fx, scale.fy)));
+    control.font_size =
+        std::max(kSmallestLetters, Scaled(design.font_size, std::min(scale.fx, scale.fy)));
   }
 }
 

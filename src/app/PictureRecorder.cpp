@@ -85,9 +85,12 @@ void PictureRecorder::Dot(double x, double y, platform::Colour colour)
 
 void PictureRecorder::Text(double x, double y, std::string_view text)
 {
+  const auto extent = Extent(text);
   drawn_.push_back({.kind = Primitive::Kind::kText,
                     .x1 = x,
                     .y1 = y,
+                    .x2 = x + extent.width,
+                    .y2 = y + extent.height,
                     .colour = {},
                     .fill = {},
                     .text = std::string(text),

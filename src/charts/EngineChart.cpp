@@ -35,6 +35,8 @@ constexpr std::array<LegendEntry, 4> kLegend = {{
     {"Max RPM", Sample::kBox, kRed, 0.17, 0.9},
 }};
 constexpr std::size_t kLegendKept = 3;
+constexpr double kLegendMargin = 4;  ///< at the sides of the picture, pixels
+constexpr double kLegendMiddle = 8;  ///< above its bottom
 
 constexpr int kRpmPerSample = 200;
 constexpr double kCurveWidth = 2;
@@ -100,9 +102,12 @@ void DrawEngineChart(platform::PictureSurface& surface, int ModYearIndex,
   const auto top = static_cast<float>(axes->value_maximum);
   DrawUpTo(top, plot, rpm, std::span(curve.power).first(samples), kGreen);
   DrawUpTo(top, plot, rpm, std::span(curve.torque).first(samples), kBlue);
-  DrawLegend(
-      surface, kLegend, kLegendKept,
-      {.left = 4, .right = surface.Width() - 4, .middle = surface.Height() - 8, .centred = true});
+  DrawLegend(surface, kLegend, kLegendKept,
+             {.left = kLegendMargin,
+              .right = surface.Width() - kLegendMargin,
+              .middle = surface.Height() - kLegendMiddle,
+              .largest_letters = LettersFor(surface.Height()),
+              .centred = true});
 }
 
 std::string ReadEngineChart(double width, double height, int ModYearIndex,

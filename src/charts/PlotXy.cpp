@@ -49,15 +49,18 @@ int LabelledEvery(const Axis& axis, double length, double needed)
 
 }  // namespace
 
-double FitLetters(platform::PictureSurface& surface, std::string_view text, double width,
-                  double largest)
+double LettersFor(double picture_height) noexcept
+{
+  constexpr double kPart = 0.075;
+  return std::clamp(std::round(picture_height * kPart), kSmallestLetters, kLargestLetters);
+}
+
+void FitLetters(platform::PictureSurface& surface, std::string_view text, double width,
+                double largest)
 {
   surface.SetLetterHeight(largest);
   const double needed = surface.Extent(text).width;
-  const double letters =
-      needed > width ? std::max(std::floor(largest * width / needed), 1.0) : largest;
-  surface.SetLetterHeight(letters);
-  return letters;
+  if (needed > width) surface.SetLetterHeight(std::max(std::floor(largest * width / needed), 1.0));
 }
 
 std::string WholeText(double value)
@@ -100,7 +103,8 @@ void PlotXy::DrawGrid()
 /// In the largest letters at which neighbours stay clear of each other.
 void PlotXy::DrawLabels()
 {
-  surface_.SetLetterHeight(kLargestLetters);
+  const double largest = LettersFor(surface_.Height());
+  surface_.SetLetterHeight(largest);
   const auto large = surface_.Extent("0");
   const double large_digits = large.baseline - large.capital_top;
   const double large_width = x_.divisions > 0 ? WidestLabel(surface_, x_) : 0;
@@ -109,11 +113,11 @@ void PlotXy::DrawLabels()
     fit = std::min(fit, (box_.Width() / x_.divisions - kBetweenLabels) / large_width);
   if (y_.divisions > 0)
     fit = std::min(fit, (box_.Height() / y_.divisions - kBetweenLines) / large_digits);
-  const double letters = std::max(std::floor(kLargestLetters * fit), kSmallestLetters);
+  const double letters = std::max(std::floor(largest * fit), kSmallestLetters);
   surface_.SetLetterHeight(letters);
 
   if (x_.divisions > 0) {
-    const double width = large_width * letters / kLargestLetters;
+    const double width = large_width * letters / largest;
     const int every = LabelledEvery(x_, box_.Width(), width + kBetweenLabels);
     for (int i = 0; i <= x_.divisions; i += every) {
       const auto label = PlainText(DivisionValue(x_, i));
@@ -123,7 +127,7 @@ void PlotXy::DrawLabels()
     }
   }
   if (y_.divisions > 0) {
-    const double digits = large_digits * letters / kLargestLetters;
+    const double digits = large_digits * letters / largest;
     const int every = LabelledEvery(y_, box_.Height(), digits + kBetweenLines);
     for (int i = 0; i <= y_.divisions; i += every) {
       const auto label = PlainText(DivisionValue(y_, i));
@@ -160,7 +164,9 @@ void PlotXy::DrawSeries(std::span<const float> x, std::span<const float> y, plat
 
 void PlotXy::DrawTitle(std::string_view text)
 {
-  FitLetters(surface_, text, surface_.Width() - 2 * kLabelGap, kLargestLetters);
+  // Letters drawn on whole pixels are up to a twelfth wider than measured.
+  constexpr double kRoom = 0.92;
+  FitLetters(surface_, text, surface_.Width() * kRoom, LettersFor(surface_.Height()));
   const auto extent = surface_.Extent(text);
   const double middle = (box_.left + box_.right) / 2;
   const double left =

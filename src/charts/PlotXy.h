@@ -17,10 +17,13 @@ inline constexpr platform::Colour kBlue{0, 0, 128};
 inline constexpr platform::Colour kRed{255, 0, 0};
 inline constexpr platform::Colour kGridGrey{192, 192, 192};
 
-/// Letter heights, pixels: labels are no larger than the margins have room for, and no smaller
-/// than can be read.
+/// Letter heights, pixels. Labels are no larger than the margins have room for, and no smaller than
+/// can be read.
 inline constexpr double kLargestLetters = 12;
 inline constexpr double kSmallestLetters = 7;
+
+/// What suits a picture of that height.
+[[nodiscard]] double LettersFor(double picture_height) noexcept;
 
 struct Axis {
   double minimum = 0;
@@ -50,10 +53,10 @@ struct PlotBox {
   }
 };
 
-/// The largest whole letter height up to `largest` at which `text` is no wider than `width`. The
-/// surface is left with it.
-double FitLetters(platform::PictureSurface& surface, std::string_view text, double width,
-                  double largest);
+/// Gives the surface the largest whole letter height up to `largest` at which `text` is no wider
+/// than `width`.
+void FitLetters(platform::PictureSurface& surface, std::string_view text, double width,
+                double largest);
 
 /// The nearest whole number in plain digits.
 [[nodiscard]] std::string WholeText(double value);

@@ -32,8 +32,6 @@ constexpr std::array<LegendEntry, 4> kLegend = {{
 }};
 constexpr std::size_t kLegendKept = 2;
 
-constexpr double kLargestNumbers = 16;  ///< letter height of the gears' numbers, pixels
-
 /// The plot box is a strip with the legend above one row a gear. Whole pixels.
 struct Rows {
   double top;     ///< of the first gear's row, the bottom of the strip
@@ -112,9 +110,12 @@ void DrawSpeedBands(platform::PictureSurface& surface, int ModYearIndex, const S
   if (box.IsEmpty()) return;
   const Rows rows(box, bands.gear_rows);
   DrawStrip(surface, plot, rows, bands);
-  surface.SetLetterHeight(std::clamp(std::floor(rows.height * 0.6), 6.0, kLargestNumbers));
+  constexpr double kNumberPart = 0.6;  // of a row
+  constexpr double kLargerNumbers = 4;
+  surface.SetLetterHeight(std::clamp(std::floor(rows.height * kNumberPart), kSmallestLetters - 1,
+                                     LettersFor(surface.Height()) + kLargerNumbers));
   for (int row = 0; row < bands.gear_rows; ++row) {
-    surface.Line(box.left, rows.Top(row), box.right, rows.Top(row), kGridGrey, 1,
+    surface.Line(box.left + 1, rows.Top(row), box.right, rows.Top(row), kGridGrey, 1,
                  platform::LineStyle::kDotted);
     DrawNumber(surface, box, row + 1, rows.Middle(row));
     const auto gear = std::ranges::find(bands.gears, row + 1, &GearSpeed::gear);

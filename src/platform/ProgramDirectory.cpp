@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/ProgramDirectory.h"
 
-#include <array>
 #include <cstdlib>
 #include <system_error>
 
@@ -21,9 +20,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Data files lie in the directory itself; a second set of them, for users of metric units, in this
-/// folder of it.
-constexpr std::array kFolders = {"", "Metric"};
+/// Folder with a second set of data files, for users of metric units.
+constexpr const char* kMetric = "Metric";
 
 [[noreturn]] void Fail(const fs::path& path, const std::error_code& error)
 {
@@ -134,10 +132,9 @@ std::string ProgramDirectory(const fs::path& executable, const Environment& envi
   const auto source = portable ? folder : folder.parent_path() / "share" / "velquist";
   if (!HoldsData(source)) return PathText(folder);
   const auto directory = UserDirectory(environment);
-  for (const auto* inner : kFolders) {
-    std::error_code error;
-    if (fs::is_directory(source / inner, error)) Fill(source / inner, directory / inner);
-  }
+  Fill(source, directory);
+  std::error_code error;
+  if (fs::is_directory(source / kMetric, error)) Fill(source / kMetric, directory / kMetric);
   return PathText(directory);
 }
 

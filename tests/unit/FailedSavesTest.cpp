@@ -197,6 +197,14 @@ TEST_F(FailedSave, ReadOnlyDirectoryTakesNoSetup)
   ExpectOldFileWhole();
 }
 
+TEST_F(FailedSave, NameThatTheSystemCannotHoldIsToldWhole)
+{
+  const std::string name(260, 'x');
+  ExpectNothingDone("on save -> " + kDirectory + "/" + name + "\n" +
+                    Told(kDirectory + "/" + name + ".bb1", "File name too long") +
+                    "click MnuSaveAs\n");
+}
+
 TEST_F(FailedSave, FullDiskKeepsTheOldFile)
 {
   for (const rlim_t room : {rlim_t{0}, rlim_t{1}, rlim_t{100}, rlim_t{263}}) {

@@ -101,17 +101,17 @@ TEST_F(Lifecycle, StartUpReadsTheNamedFileInPlaceOfTheDefaultSetup)
 
 TEST_F(Lifecycle, OnlyThePlayersAndTheShownPlayersTracksAreListed)
 {
-  constexpr int kPlayers = 200;
+  constexpr int kPlayers = 40;
   for (int player = 0; player < kPlayers; ++player) {
     const auto setups =
         fs::path(program_.Game()) / "Players" / ("player" + std::to_string(player)) / "Setups";
     for (const char* track : {"monza", "spa", "rouen"}) fs::create_directories(setups / track);
   }
   program_.world.Write(program_.Game() + "/gpl_ai.ini", {});
-  program_.WriteSettings("120,0,0,0,0,1,0");
+  program_.WriteSettings("25,0,0,0,0,1,0");
   auto& window = program_.Start();
-  EXPECT_EQ(window.Form().Combo4.items.size(), 200U);
-  EXPECT_EQ(window.Form().Combo4.selection, 120);
+  EXPECT_EQ(window.Form().Combo4.items.size(), 40U);
+  EXPECT_EQ(window.Form().Combo4.selection, 25);
   const auto tracks = [&] {
     return program_.Game() + "\\Players\\" + window.Form().Combo4.text + "\\Setups\\";
   };
@@ -131,8 +131,9 @@ TEST_F(Lifecycle, OnlyThePlayersAndTheShownPlayersTracksAreListed)
 TEST_F(Lifecycle, NoMoreThan1001TracksAreOffered)
 {
   MakeGame();
-  for (int track = 0; track < 5000; ++track)
-    fs::create_directory(platform::HostPath(Track("Jim", "t" + std::to_string(track))));
+  const auto setups = fs::path(program_.Game()) / "Players" / "Jim" / "Setups";
+  for (int track = 0; track < 1005; ++track)
+    fs::create_directory(setups / ("t" + std::to_string(track)));
   program_.WriteSettings("0,0,0,0,0,1000,0");
   EXPECT_EQ(program_.Start().Form().Combo5.items.size(), 1001U);
   EXPECT_EQ(program_.window->Form().Combo5.selection, 1000);
@@ -302,8 +303,7 @@ file "$P/GT Setup Data.ini" text "cut short,1,2,3,4,5\r\n"
               "click MnuDeleteInstall\n");
   EXPECT_EQ(editor.Everything(WithBuffer::kYes), before);
   editor.Play(
-      "on message \"Do you want to save the current settings first?\" "
-      "question -> no\n"
+      "on message \"Do you want to save the current settings first?\" question -> no\n"
       "on open -> $T/Third/gpl.exe\n" +
       std::string(kNotDone) + "click MnuAddInstall\n");
   EXPECT_EQ(editor.Everything(WithBuffer::kYes), before);

@@ -29,8 +29,8 @@ class ProgramDirectories : public testing::Test {
   ProgramDirectories()
   {
     std::random_device random;
-    root_ = fs::canonical(fs::temp_directory_path()) /
-            ("velquist-place-" + std::to_string(random()));
+    root_ =
+        fs::canonical(fs::temp_directory_path()) / ("velquist-place-" + std::to_string(random()));
     fs::create_directories(Home());
     fs::permissions(root_, fs::perms(0755));
 #ifdef _WIN32
@@ -47,9 +47,18 @@ class ProgramDirectories : public testing::Test {
     fs::remove_all(root_, ignored);
   }
 
-  [[nodiscard]] fs::path Bin() const { return root_ / "bin"; }
-  [[nodiscard]] fs::path Shared() const { return root_ / "share" / "velquist"; }
-  [[nodiscard]] fs::path Home() const { return root_ / std::u8string(u8"home of Jürgen"); }
+  [[nodiscard]] fs::path Bin() const
+  {
+    return root_ / "bin";
+  }
+  [[nodiscard]] fs::path Shared() const
+  {
+    return root_ / "share" / "velquist";
+  }
+  [[nodiscard]] fs::path Home() const
+  {
+    return root_ / std::u8string(u8"home of Jürgen");
+  }
   [[nodiscard]] fs::path UserDirectory() const
   {
 #ifdef _WIN32

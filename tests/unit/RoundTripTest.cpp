@@ -281,6 +281,17 @@ TEST_F(RoundTrip, TenThousandRandomSetupsOfBothLayoutsComeBack)
   EXPECT_GT(converted, kSetups / 10);
 }
 
+TEST_F(RoundTrip, DroppedFileOpensWithoutADialog)
+{
+  const std::string path = "C:\\GPL\\Players\\Jim\\Setups\\monza\\dropped.lp1";
+  files_.files[path] = AnySetup(true);
+  window_.FileDropped(path);
+  EXPECT_EQ(window_.Form().Label4.text, "dropped.lp1");
+  EXPECT_EQ(window_.Form().Combo2.text, "1966");
+  EXPECT_EQ(window_.State().SetupBuffer, files_.files[path]);
+  EXPECT_FALSE(window_.State().changed);
+}
+
 /// Slots whose fields differ between two files of one size; -1 when any other byte does.
 std::vector<int> FieldsThatDiffer(setup::Bytes a, const setup::Bytes& b)
 {
