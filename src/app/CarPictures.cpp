@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/CarPictures.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <span>
 
 namespace velquist::app {
@@ -47,6 +49,17 @@ std::string CarPicturePath(std::string_view installation, int ModYearIndex, int 
       .append(set)
       .append(folders[slot])
       .append("GEMPic.jpg");
+}
+
+platform::PictureLoader::Size FittedPicture(platform::PictureLoader::Size picture,
+                                            platform::PictureLoader::Size box)
+{
+  const double factor = std::min(static_cast<double>(box.width) / picture.width,
+                                 static_cast<double>(box.height) / picture.height);
+  const auto scaled = [factor](int length) {
+    return std::max(static_cast<int>(std::lround(length * factor)), 1);
+  };
+  return {scaled(picture.width), scaled(picture.height)};
 }
 
 }  // namespace velquist::app

@@ -35,6 +35,11 @@ void MainWindow::ShowSetup()
   RefreshDisplay();
 }
 
+float MainWindow::SlotValue(int slot) const
+{
+  return globals_.setup_data.Value(setup::RowOf(slot), data::kCurrent);
+}
+
 void MainWindow::Step_Click(int slot, edit::Direction direction)
 {
   globals_.changed = true;

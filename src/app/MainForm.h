@@ -97,7 +97,7 @@ struct MainForm {
   // What is drawn in the picture boxes.
   PictureRecorder chart;        ///< in PictureChart
   PictureRecorder chart2;       ///< in PictureChart2
-  std::string car_picture;      ///< path of the picture in GEMPic1, empty for none
+  std::string car_picture;      ///< path of the picture in GEMPic1, empty for the built-in one
 
   /// Every control captioned and placed as at a screen of 1280 x 1024.
   MainForm();

@@ -53,6 +53,8 @@ class MainWindow {
   /// The window's client area has this size now.
   void Resized(int client_width, int client_height);
 
+  /// A slot's current value, English units.
+  [[nodiscard]] float SlotValue(int slot) const;
   /// What a chart shows at a place in its picture box, pixels, in a few lines; empty outside its
   /// plot box.
   [[nodiscard]] std::string PictureChart_MouseMove(double x, double y) const;

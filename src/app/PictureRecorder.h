@@ -13,8 +13,8 @@ namespace velquist::app {
 struct Primitive {
   enum class Kind { kLine, kBox, kDot, kText };
   Kind kind = Kind::kLine;
-  double x1 = 0, y1 = 0;  ///< start, or left and top
-  double x2 = 0, y2 = 0;  ///< end, or right and bottom; of a dot the place too
+  double x1 = 0, y1 = 0;  ///< start, left and top, or a dot's place
+  double x2 = 0, y2 = 0;  ///< end, or right and bottom
   platform::Colour colour;
   double width = 1;
   platform::LineStyle style = platform::LineStyle::kSolid;

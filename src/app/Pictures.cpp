@@ -91,7 +91,7 @@ void MainWindow::ShowCarPicture()
         temporary, {reinterpret_cast<const char*>(picture.data()), picture.size()});
     form_.car_picture = temporary;
   } catch (const FileError&) {
-    // Without a place for the file there is no picture; the setup does not need it.
+    // Without a place for the file the window takes the picture from the program itself.
   }
 }
 

@@ -39,7 +39,12 @@ constexpr double kLegendMargin = 4;  ///< at the sides of the picture, pixels
 constexpr double kLegendMiddle = 8;  ///< above its bottom
 
 constexpr int kRpmPerSample = 200;
-constexpr double kCurveWidth = 2;
+
+double CurveWidth(const PlotBox& box)
+{
+  constexpr double kPart = 1.0 / 250;
+  return std::clamp(std::round(box.Height() * kPart), 2.0, 4.0);
+}
 
 const EngineAxes* AxesOf(int ModYearIndex)
 {
@@ -56,6 +61,7 @@ std::size_t SampleCount(const EngineAxes& axes)
 void DrawUpTo(float top, PlotXy& plot, std::span<const float> rpm, std::span<const float> values,
               platform::Colour colour)
 {
+  const double width = CurveWidth(plot.Box());
   std::vector<float> x;
   std::vector<float> y;
   x.reserve(values.size() + 1);
@@ -71,7 +77,7 @@ void DrawUpTo(float top, PlotXy& plot, std::span<const float> rpm, std::span<con
     const bool was_above = i > 0 && values[i - 1] > top;
     if (above && !was_above && i > 0 && values[i - 1] >= 0) crossing(i);
     if (above) {
-      plot.DrawSeries(x, y, colour, kCurveWidth);
+      plot.DrawSeries(x, y, colour, width);
       x.clear();
       y.clear();
       continue;
@@ -80,7 +86,7 @@ void DrawUpTo(float top, PlotXy& plot, std::span<const float> rpm, std::span<con
     x.push_back(rpm[i]);
     y.push_back(values[i]);
   }
-  plot.DrawSeries(x, y, colour, kCurveWidth);
+  plot.DrawSeries(x, y, colour, width);
 }
 
 }  // namespace

@@ -40,8 +40,8 @@ struct Rows {
 
   Rows(const PlotBox& box, int gears) : count(std::max(gears, 1))
   {
-    constexpr double kStripPart = 0.11;
-    top = box.top + std::round(std::clamp(kStripPart * box.Height(), 9.0, 20.0));
+    const double strip = std::clamp(box.Height() * 0.11, 9.0, std::max(20.0, box.Height() * 0.03));
+    top = box.top + std::round(strip);
     height = (box.bottom - top) / count;
   }
   [[nodiscard]] double Top(int row) const { return std::round(top + row * height); }
@@ -53,8 +53,8 @@ void DrawGear(platform::PictureSurface& surface, const PlotXy& plot, const Speed
               const GearSpeed& gear, double middle, double height)
 {
   const double right = plot.Box().right - 1;
-  const double thickness = std::max(std::floor(height * 0.3), 2.0);
-  const double half_box = std::clamp(std::round(height * 0.12), 2.0, 5.0);
+  const double thickness = std::clamp(std::floor(height * 0.3), 2.0, 36.0);
+  const double half_box = std::clamp(std::round(height * 0.12), 2.0, std::max(5.0, height * 0.035));
   const auto pixel = [&](int rpm) { return plot.PixelX(rpm * gear.speed_per_rpm); };
   const auto band = [&](const Band& limits, double top, platform::Colour colour) {
     if (pixel(limits.low) < right)
@@ -64,9 +64,16 @@ void DrawGear(platform::PictureSurface& surface, const PlotXy& plot, const Speed
   band(bands.torque, middle - thickness, kBlue);
   band(bands.power, middle + 1, kGreen);
   const double limit = pixel(bands.maximum_rpm);
-  if (limit + half_box <= plot.Box().right)
-    surface.Box(limit - half_box, middle - half_box, limit + half_box, middle + half_box, kRed,
-                kRed);
+  if (limit <= plot.Box().right)
+    surface.Box(limit - half_box, middle - half_box, std::min(limit + half_box, right),
+                middle + half_box, kRed, kRed);
+}
+
+/// Letter height of the gears' numbers.
+double NumberLetters(double row_height, double picture_height)
+{
+  const double suiting = std::min(picture_height * 0.08, std::max(16.0, picture_height * 0.022));
+  return std::max(std::floor(std::min(row_height * 0.6, suiting)), kSmallestLetters - 1);
 }
 
 void DrawNumber(platform::PictureSurface& surface, const PlotBox& box, int gear, double middle)
@@ -84,7 +91,8 @@ void DrawStrip(platform::PictureSurface& surface, const PlotXy& plot, const Rows
   constexpr double kMargin = 6;
   const auto& box = plot.Box();
   const double middle = std::round((box.top + rows.top) / 2);
-  const double letters = std::min(std::floor(rows.top - box.top - 2), 14.0);
+  const double letters =
+      std::max(std::min(rows.top - box.top - 2, 14.0), std::floor((rows.top - box.top) * 0.65));
   surface.Box(box.left + 1, box.top + 1, box.right - 1, rows.top - 1, kWhite, kWhite);
   DrawLegend(surface, kLegend, kLegendKept,
              {.left = box.left + kMargin,
@@ -110,10 +118,7 @@ void DrawSpeedBands(platform::PictureSurface& surface, int ModYearIndex, const S
   if (box.IsEmpty()) return;
   const Rows rows(box, bands.gear_rows);
   DrawStrip(surface, plot, rows, bands);
-  constexpr double kNumberPart = 0.6;  // of a row
-  constexpr double kLargerNumbers = 4;
-  surface.SetLetterHeight(std::clamp(std::floor(rows.height * kNumberPart), kSmallestLetters - 1,
-                                     LettersFor(surface.Height()) + kLargerNumbers));
+  surface.SetLetterHeight(NumberLetters(rows.height, surface.Height()));
   for (int row = 0; row < bands.gear_rows; ++row) {
     surface.Line(box.left + 1, rows.Top(row), box.right, rows.Top(row), kGridGrey, 1,
                  platform::LineStyle::kDotted);

@@ -170,8 +170,10 @@ void DrawTexts(wxDC& dc, const std::vector<Primitive>& drawn)
     if (text.letter_height != letter_height) dc.SetFont(font);
     letter_height = text.letter_height;
     dc.SetTextForeground(ToWx(text.colour));
-    dc.DrawText(platform::FromText(text.text), static_cast<int>(std::lround(text.x1)),
-                static_cast<int>(std::lround(text.y1)));
+    const wxString shown = platform::FromText(text.text);
+    // Letters put on whole pixels are not quite as wide as measured.
+    const double left = (text.x1 + text.x2 - dc.GetTextExtent(shown).x) / 2;
+    dc.DrawText(shown, static_cast<int>(std::lround(left)), static_cast<int>(std::lround(text.y1)));
   }
 }
 

@@ -123,6 +123,7 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
                            previous->name == design.name;
       wxWindow* const made = MakeWindow(design, id, !goes_on, pictures);
       Describe(*made, design);
+      if (design.name == "LblMarquee") marquee_ = widgets_.size();
       widgets_.emplace_back(*window_.Form().Find(design.name, design.index), *made);
       previous = &design;
     }
@@ -136,7 +137,8 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id, b
   const auto& form = window_.Form();
   const wxString name = WindowName(design);
   if (IsStepButton(design))
-    return new StepButton(panel_, id, name, *form.Find("Label1", design.index));
+    return new StepButton(panel_, id, name, *form.Find("Label1", design.index),
+                          [this, slot = design.index] { return window_.SlotValue(slot); });
   if (design.kind != ControlKind::kPicture) {
     // What stands in a picture box is cut off at its edge; frames only stand around things.
     const auto* const around = form.Find(design.frame, design.frame_index);
@@ -183,7 +185,7 @@ void FrmMain::BindEvents()
     const wxBusyCursor busy;  // files are read and written; a box on the screen suspends it
     OnButton(event);
   });
-  Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Handle([this] { window_.Tick(); }); });
+  Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTick(); });
   Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
     SetTimer();
     event.Skip();
@@ -194,18 +196,22 @@ void FrmMain::BindEvents()
   }));
 }
 
-void FrmMain::Handle(const std::function<void()>& event)
+bool FrmMain::Give(const std::function<void()>& event)
 {
-  if (handling_ || IsBeingDeleted() || window_.Ended()) return;
+  if (handling_ || IsBeingDeleted() || window_.Ended()) return false;
   {
     const Flag under_way(handling_);
     event();
   }
-  if (window_.Ended()) {
-    timer_.Stop();
-    Destroy();
-    return;
-  }
+  if (!window_.Ended()) return true;
+  timer_.Stop();
+  Destroy();
+  return false;
+}
+
+void FrmMain::Handle(const std::function<void()>& event)
+{
+  if (!Give(event)) return;
   ShowChanges();
   CallAfter(&FrmMain::LayOut);  // the size may have changed under a box on the screen
 }
@@ -225,10 +231,7 @@ void FrmMain::ShowChanges()
   const wxString caption = platform::FromText(form.caption);
   if (GetTitle() != caption) SetTitle(caption);
   for (auto& widget : widgets_) {
-    const auto& control = *form.Find(widget.Design().name, widget.Design().index);
-    wxWindow* const parent = widget.Window().GetParent();
-    widget.BringInLine(form.IsShown(control),
-                       parent == panel_ ? wxPoint() : parent->GetPosition());
+    ShowChanges(widget);
     if (auto* const button = dynamic_cast<StepButton*>(&widget.Window()))
       button->SayValue(widget.Design());
   }
@@ -236,6 +239,22 @@ void FrmMain::ShowChanges()
   chart_->BringInLine();
   chart2_->BringInLine();
   car_->ShowPicture(form.car_picture);
+  SetTimer();
+}
+
+void FrmMain::ShowChanges(ControlWidget& widget)
+{
+  const auto& form = window_.Form();
+  const auto& control = *form.Find(widget.Design().name, widget.Design().index);
+  wxWindow* const parent = widget.Window().GetParent();
+  widget.BringInLine(form.IsShown(control), parent == panel_ ? wxPoint() : parent->GetPosition());
+}
+
+/// Happens so often that it looks at the one control alone that it can change.
+void FrmMain::OnTick()
+{
+  if (!Give([this] { window_.Tick(); })) return;
+  ShowChanges(widgets_[marquee_]);
   SetTimer();
 }
 

@@ -5,6 +5,7 @@
 #include <wx/panel.h>
 #include <wx/timer.h>
 
+#include <cstddef>
 #include <functional>
 #include <vector>
 
@@ -43,7 +44,10 @@ class FrmMain final : public wxFrame {
 
   /// Gives `event` to the program, unless one is under way, and shows what came of it.
   void Handle(const std::function<void()>& event);
+  /// False when another event is under way or the window is going.
+  bool Give(const std::function<void()>& event);
   void ShowChanges();
+  void ShowChanges(ControlWidget& widget);
   /// Has everything placed anew when the client area has another size.
   void LayOut();
   void SetTimer();
@@ -51,6 +55,7 @@ class FrmMain final : public wxFrame {
   void OnButton(wxCommandEvent& event);
   void OnChosen(wxCommandEvent& event);
   void OnChecked(wxCommandEvent& event);
+  void OnTick();
   void OnSize(wxSizeEvent& event);
   void OnClose(wxCloseEvent& event);
 
@@ -64,6 +69,7 @@ class FrmMain final : public wxFrame {
   ChartBox* chart_ = nullptr;
   ChartBox* chart2_ = nullptr;
   CarPictureBox* car_ = nullptr;
+  std::size_t marquee_ = 0;  ///< place of the marquee's label in `widgets_`
   wxTimer timer_;
   bool marquee_runs_ = false;
   wxSize laid_out_for_;    ///< client area that the places in the form are for

@@ -4,30 +4,23 @@
 #include <wx/dcbuffer.h>
 #include <wx/dcmemory.h>
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
+#include "app/CarPictures.h"
 #include "platform/wx/WxText.h"
 #include "ui/ChartPainting.h"
 
 namespace velquist::ui {
 namespace {
 
-constexpr double kMostEnlarged = 2;
-
 /// `image` in a bitmap that fills `box` device pixels in one direction; `scale` device pixels
 /// make one of the window's.
 wxBitmap Fitted(const wxImage& image, wxSize box, double scale)
 {
-  const double fit = std::min(static_cast<double>(box.x) / image.GetWidth(),
-                              static_cast<double>(box.y) / image.GetHeight());
-  const double factor = std::min(fit, kMostEnlarged * scale);
-  const auto scaled = [factor](int length) {
-    return std::max(static_cast<int>(std::lround(length * factor)), 1);
-  };
-  return {image.Scale(scaled(image.GetWidth()), scaled(image.GetHeight()), wxIMAGE_QUALITY_HIGH),
-          wxBITMAP_SCREEN_DEPTH, scale};
+  const auto fitted =
+      app::FittedPicture({image.GetWidth(), image.GetHeight()}, {box.x, box.y});
+  return {image.Scale(fitted.width, fitted.height, wxIMAGE_QUALITY_HIGH), wxBITMAP_SCREEN_DEPTH,
+          scale};
 }
 
 }  // namespace

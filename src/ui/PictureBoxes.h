@@ -38,7 +38,7 @@ class ChartBox final : public wxWindow {
   std::string reading_;  ///< shown beside the pointer
 };
 
-/// The picture of the car, as large as the box allows without more than doubling it.
+/// The picture of the car, as large as the box allows, in the middle.
 class CarPictureBox final : public wxPanel {
  public:
   CarPictureBox(wxWindow* parent, wxWindowID id, const wxString& name,

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/StepButton.h"
 
+#include <bit>
+#include <cstdint>
+#include <utility>
+
 #include "platform/wx/NativeLook.h"
 #include "platform/wx/WxText.h"
 
@@ -13,9 +17,10 @@ constexpr int kInterval = 50;  ///< milliseconds between repeats
 }  // namespace
 
 StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& name,
-                       const app::Control& value)
+                       const app::Control& label, Value value)
     : wxButton(parent, id, " ", wxDefaultPosition, wxSize(1, 1), 0, wxDefaultValidator, name),
-      value_(value),
+      label_(label),
+      value_(std::move(value)),
       held_(this)
 {
   Bind(wxEVT_LEFT_DOWN, &StepButton::OnPress, this);
@@ -24,27 +29,29 @@ StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& name,
   Bind(wxEVT_TIMER, &StepButton::OnHeld, this);
   Bind(wxEVT_BUTTON, &StepButton::OnClicked, this);
   Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
-    held_.Stop();
+    LetGo();  // the release may go to a box that the step has brought up
     event.Skip();
   });
 }
 
 void StepButton::SayValue(const app::ControlDesign& design)
 {
-  if (value_.text == said_) return;
-  said_ = value_.text;
+  if (label_.text == said_) return;
+  said_ = label_.text;
   platform::SetSpoken(*this, platform::FromText(design.spoken), platform::FromText(said_));
 }
 
 bool StepButton::Step()
 {
-  const std::string before = value_.text;
+  // Bits, so that no value counts as moved that is not a number and stays so.
+  const auto bits = [this] { return std::bit_cast<std::uint32_t>(value_()); };
+  const auto before = bits();
   wxCommandEvent step(wxEVT_BUTTON, GetId());
   step.SetEventObject(this);
   stepping_ = true;
   ProcessWindowEvent(step);
   stepping_ = false;
-  return value_.text != before;
+  return bits() != before;
 }
 
 void StepButton::OnPress(wxMouseEvent& event)
@@ -60,6 +67,11 @@ void StepButton::OnPress(wxMouseEvent& event)
 void StepButton::OnRelease(wxMouseEvent& event)
 {
   event.Skip();
+  LetGo();
+}
+
+void StepButton::LetGo()
+{
   down_ = false;
   held_.Stop();
   // The system's own click of this press comes yet, if at all, and has been answered.

@@ -4,6 +4,7 @@
 #include <wx/button.h>
 #include <wx/timer.h>
 
+#include <functional>
 #include <string>
 
 #include "app/MainForm.h"
@@ -12,11 +13,15 @@ namespace velquist::ui {
 
 /// A button that steps a value: at once when the mouse presses it, then again and again while it
 /// is held. Each step is one wxEVT_BUTTON. Held down it stops when it is released, when the focus
-/// goes, and when a step leaves the shown value as it was.
+/// goes, and when a step leaves the value as it was.
 class StepButton final : public wxButton {
  public:
-  /// `value` is the label that the steps change; it outlives the button.
-  StepButton(wxWindow* parent, wxWindowID id, const wxString& name, const app::Control& value);
+  /// The current value itself, which moves in finer steps than its label may show.
+  using Value = std::function<float()>;
+
+  /// `label` shows the value that the steps change; it outlives the button.
+  StepButton(wxWindow* parent, wxWindowID id, const wxString& name, const app::Control& label,
+             Value value);
 
   /// Lets a screen reader tell the value beside the button's name.
   void SayValue(const app::ControlDesign& design);
@@ -26,10 +31,12 @@ class StepButton final : public wxButton {
   bool Step();
   void OnPress(wxMouseEvent& event);
   void OnRelease(wxMouseEvent& event);
+  void LetGo();
   void OnHeld(wxTimerEvent& event);
   void OnClicked(wxCommandEvent& event);
 
-  const app::Control& value_;
+  const app::Control& label_;
+  Value value_;
   std::string said_;
   wxTimer held_;
   bool down_ = false;      ///< the mouse holds the button down

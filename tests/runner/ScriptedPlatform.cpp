@@ -219,7 +219,7 @@ void ScriptedProcess::Start(std::string_view path)
 platform::PictureLoader::Size PictureSizes::Load(std::string_view path)
 {
   try {
-    return platform::JpegSize(files_.ReadWhole(path));
+    return platform::ShowableJpegSize(files_.ReadWhole(path));
   } catch (const FileError&) {
     return {};
   }

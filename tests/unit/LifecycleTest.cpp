@@ -9,10 +9,6 @@
 #include "ScriptedEditor.h"
 #include "WatchedProgram.h"
 
-#ifndef _WIN32
-#include <unistd.h>
-#endif
-
 namespace velquist::testing {
 namespace {
 

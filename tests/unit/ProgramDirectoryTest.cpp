@@ -113,8 +113,8 @@ class ProgramDirectories : public testing::Test {
     }
   }
 
-  const std::vector<std::string> kData_ = {"67 Setup Data.ini", "67 Velquist Default.vqset",
-                                           "Metric/67 Velquist Default.vqset"};
+  const std::vector<std::string> data_files_ = {"67 Setup Data.ini", "67 Velquist Default.vqset",
+                                                "Metric/67 Velquist Default.vqset"};
   fs::path root_;
   std::map<std::string, std::string> environment_;
 };
@@ -124,7 +124,7 @@ TEST_F(ProgramDirectories, WithDataFilesBesideTheExecutableAreItsOwnFolder)
   PutDataInto(Bin());
   PutDataInto(Shared());
   EXPECT_EQ(Found(), PathText(Bin()));
-  EXPECT_EQ(FilesIn(Bin()), kData_);
+  EXPECT_EQ(FilesIn(Bin()), data_files_);
   EXPECT_TRUE(FilesIn(Home()).empty());
 }
 
@@ -134,7 +134,7 @@ TEST_F(ProgramDirectories, OfASystemWideInstallAreTheUsersAndFilledOnTheFirstSta
   PutDataInto(Shared());
   Write(Shared() / "manual.txt", "not data");
   EXPECT_EQ(Found(), PathText(UserDirectory()));
-  EXPECT_EQ(FilesIn(UserDirectory()), kData_);
+  EXPECT_EQ(FilesIn(UserDirectory()), data_files_);
   EXPECT_EQ(Read(UserDirectory() / "67 Setup Data.ini"), "ranges");
   EXPECT_EQ(Read(UserDirectory() / "Metric" / "67 Velquist Default.vqset"), "metric setup");
 }
@@ -207,7 +207,7 @@ TEST_F(ProgramDirectories, FollowTheDataHomeWhereItIsAnAbsolutePath)
   const auto data_home = root_ / std::u8string(u8"Größe/data");
   environment_["XDG_DATA_HOME"] = PathText(data_home);
   EXPECT_EQ(Found(), PathText(data_home / "velquist"));
-  EXPECT_EQ(FilesIn(data_home / "velquist"), kData_);
+  EXPECT_EQ(FilesIn(data_home / "velquist"), data_files_);
   EXPECT_TRUE(FilesIn(Home()).empty());
   for (const char* unusable : {"", "relative/data"}) {
     environment_["XDG_DATA_HOME"] = unusable;
@@ -247,7 +247,7 @@ TEST_F(ProgramDirectories, OfAFolderThatCannotBeWrittenAreTheUsersFilledFromIt)
   fs::permissions(Home(), fs::perms(0777));
   const OrdinaryUser user;
   EXPECT_EQ(Found(), PathText(UserDirectory()));
-  auto expected = kData_;
+  auto expected = data_files_;
   expected.emplace_back("Velquist Program Settings.ini");
   EXPECT_EQ(FilesIn(UserDirectory()), expected);
 }

@@ -14,8 +14,8 @@
 
 namespace velquist::testing {
 
-/// The files of this machine, every access written down. Writing can be turned
-/// off: what would be written is then only written down.
+/// The files of this machine, every access written down. Writing can be turned off: what would be
+/// written is then only written down.
 class WatchedFiles final : public platform::FileSystem {
  public:
   [[nodiscard]] bool Exists(std::string_view path) const override { return files_.Exists(path); }
@@ -53,8 +53,8 @@ class WatchedFiles final : public platform::FileSystem {
   platform::HostFileSystem files_;
 };
 
-/// Writes every message down and answers it with its first button but No; every
-/// other dialog is cancelled unless a test says more.
+/// Writes every message down and answers OK or Yes; other dialogs are cancelled unless a test says
+/// more.
 class RecordingDialogs final : public platform::Dialogs {
  public:
   struct Message {
@@ -91,8 +91,8 @@ class RecordingDialogs final : public platform::Dialogs {
   std::function<void()> while_asked_for_mod_year;
 };
 
-/// The program without its window on watched files: a directory of its own with
-/// the shipped files and the game installation GPL.
+/// The program without its window on watched files: a directory of its own with the shipped files
+/// and the game installation GPL.
 class WatchedProgram {
  public:
   WatchedProgram();

@@ -61,4 +61,11 @@ PictureLoader::Size JpegSize(std::span<const std::byte> bytes) noexcept
   return {};
 }
 
+PictureLoader::Size ShowableJpegSize(std::span<const std::byte> bytes) noexcept
+{
+  const auto size = JpegSize(bytes);
+  const long long pixels = static_cast<long long>(size.width) * size.height;
+  return pixels > 0 && pixels <= kMostPixels ? size : PictureLoader::Size{};
+}
+
 }  // namespace velquist::platform

@@ -12,4 +12,10 @@ namespace velquist::platform {
 /// the bytes are no JPEG or end before the header.
 [[nodiscard]] PictureLoader::Size JpegSize(std::span<const std::byte> bytes) noexcept;
 
+/// Pictures of more pixels are not shown.
+inline constexpr long long kMostPixels = 50'000'000;
+
+/// As JpegSize, but 0 x 0 also for a picture of no pixels or more than kMostPixels.
+[[nodiscard]] PictureLoader::Size ShowableJpegSize(std::span<const std::byte> bytes) noexcept;
+
 }  // namespace velquist::platform

@@ -14,9 +14,7 @@ namespace {
 /// An invalid image when the bytes are broken or too many pixels.
 wxImage Decoded(std::span<const std::byte> bytes)
 {
-  const auto size = JpegSize(bytes);
-  const long long pixels = static_cast<long long>(size.width) * size.height;
-  if (pixels == 0 || pixels > WxPictureLoader::kMostPixels) return {};
+  if (ShowableJpegSize(bytes).width == 0) return {};
   const wxLogNull quiet;  // a broken picture is no news to the user
   wxMemoryInputStream stream(bytes.data(), bytes.size());
   wxImage image;

@@ -16,9 +16,6 @@ namespace velquist::platform {
 /// Decodes JPEG files and keeps the one read last.
 class WxPictureLoader final : public PictureLoader {
  public:
-  /// Pictures of more pixels are not decoded.
-  static constexpr long long kMostPixels = 50'000'000;
-
   WxPictureLoader(const FileSystem& files, const Resources& resources);
 
   [[nodiscard]] Size Load(std::string_view path) override;

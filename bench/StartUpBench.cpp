@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "app/MainWindow.h"
+#include "platform/HostFileSystem.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace velquist;
+
+/// What the players and tracks of a large installation may add to the start-up, as a multiple of a
+/// plain listing of those that are shown.
+constexpr double kMostOfAListing = 1.2;
+
+/// The files of this machine; the start-up's one write, of a picture, is left out.
+class Files final : public platform::FileSystem {
+ public:
+  [[nodiscard]] bool Exists(std::string_view path) const override { return files_.Exists(path); }
+  [[nodiscard]] std::vector<std::byte> ReadWhole(std::string_view path) const override
+  {
+    return files_.ReadWhole(path);
+  }
+  void WriteOver(std::string_view /*path*/, std::span<const std::byte> /*bytes*/) override {}
+  void WriteText(std::string_view /*path*/, std::string_view /*text*/) override {}
+  [[nodiscard]] std::vector<std::string> ListSubdirectories(std::string_view directory,
+                                                            std::size_t most) const override
+  {
+    return files_.ListSubdirectories(directory, most);
+  }
+
+ private:
+  platform::HostFileSystem files_;
+};
+
+/// Nothing is asked or told in a start-up that goes well.
+class NoDialogs final : public platform::Dialogs {
+ public:
+  platform::Answer ShowMessage(std::string_view, platform::Icon, platform::Buttons) override
+  {
+    std::abort();
+  }
+  std::optional<std::string> AskOpenFile(const platform::OpenRequest&) override { std::abort(); }
+  std::optional<std::string> AskSaveFile(const platform::SaveRequest&) override { std::abort(); }
+  std::optional<int> AskModYear(platform::ModYearForm, std::string_view) override { std::abort(); }
+  void ShowInstallDelete(platform::InstallDeleteForm&) override { std::abort(); }
+  void ShowHelp() override { std::abort(); }
+};
+
+class Nothing final : public platform::Process,
+                      public platform::Clock,
+                      public platform::Random,
+                      public platform::Screen,
+                      public platform::Resources,
+                      public platform::PictureLoader {
+ public:
+  void Start(std::string_view) override {}
+  [[nodiscard]] std::uint64_t TickCount() const override { return 0; }
+  void Seed(std::uint64_t) override {}
+  [[nodiscard]] double Next() override { return 0; }
+  [[nodiscard]] int Width() const override { return 1280; }
+  [[nodiscard]] int Height() const override { return 1024; }
+  [[nodiscard]] std::string Help() const override { return {}; }
+  [[nodiscard]] std::vector<std::byte> Picture() const override { return {}; }
+  [[nodiscard]] Size Load(std::string_view) override { return {}; }
+};
+
+/// A program directory, and two games: GPL with 200 players of 300 tracks each, Small with one.
+class Installed {
+ public:
+  Installed()
+  {
+    fs::copy(fs::path(VELQUIST_SOURCE_DIR) / "assets" / "program", root_,
+             fs::copy_options::recursive);
+    // The players share one directory of tracks, which is listed no faster for that.
+    for (int track = 0; track < 300; ++track)
+      fs::create_directories(root_ / "tracks" / ("track" + std::to_string(track)));
+    for (int player = 0; player < 200; ++player) {
+      const auto directory = Players() / ("player" + std::to_string(player));
+      fs::create_directories(directory);
+      fs::create_directory_symlink(root_ / "tracks", directory / "Setups");
+    }
+    fs::create_directories(root_ / "Small/Players/player/Setups/track");
+    for (const char* game : {"GPL", "Small"}) std::ofstream(root_ / game / "gpl_ai.ini");
+  }
+  ~Installed()
+  {
+    std::error_code ignored;
+    fs::remove_all(root_, ignored);
+  }
+
+  /// What starts from now on finds this game.
+  void Choose(const char* game) const
+  {
+    std::ofstream(root_ / "Velquist Program Settings.ini")
+        << (root_ / game).string() << "\n0\n0\n0\n0\n0\n0\n0\n"
+        << (root_ / game).string() << "\n";
+  }
+
+  [[nodiscard]] fs::path Players() const { return root_ / "GPL" / "Players"; }
+  [[nodiscard]] std::string Program() const { return root_.string(); }
+
+ private:
+  const fs::path root_ =
+      fs::temp_directory_path() / ("velquist-bench-" + std::to_string(std::random_device{}()));
+};
+
+template <class Work>
+double Seconds(Work&& work)
+{
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+double StartUp(const Installed& installed, std::size_t players)
+{
+  Files files;
+  NoDialogs dialogs;
+  Nothing nothing;
+  app::MainWindow window(
+      {files, dialogs, nothing, nothing, nothing, nothing, nothing, nothing, installed.Program()});
+  const double seconds = Seconds([&] { window.Form_Load({}); });
+  if (window.Ended() || window.Form().Combo4.items.size() != players) std::abort();
+  return seconds;
+}
+
+double PlainListing(const Installed& installed, const fs::path& player)
+{
+  return Seconds([&] {
+    std::vector<std::string> names;
+    for (const auto& directory : {installed.Players(), player / "Setups"})
+      for (const auto& entry : fs::directory_iterator(directory))
+        if (entry.is_directory()) names.push_back(entry.path().filename().string());
+    benchmark::DoNotOptimize(names);
+  });
+}
+
+/// The shortest of many times each, taken in turns, so that whatever else the machine does at some
+/// moment counts for none of them.
+void StartUpWithManyPlayers(benchmark::State& state)
+{
+  const Installed installed;
+  const auto player = fs::directory_iterator(installed.Players())->path();
+  double large = std::numeric_limits<double>::max();
+  double small = large;
+  double listing = large;
+  for (auto _ : state) {
+    installed.Choose("Small");
+    small = std::min(small, StartUp(installed, 1));
+    installed.Choose("GPL");
+    const double once = StartUp(installed, 200);
+    large = std::min(large, once);
+    listing = std::min(listing, PlainListing(installed, player));
+    state.SetIterationTime(once);
+  }
+  const double ratio = (large - small) / listing;
+  state.counters["small_us"] = small * 1e6;
+  state.counters["listing_us"] = listing * 1e6;
+  state.counters["ratio"] = ratio;
+  if (ratio >= kMostOfAListing) state.SkipWithError("the lists cost too much");
+}
+BENCHMARK(StartUpWithManyPlayers)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(500);
+
+}  // namespace
