@@ -53,6 +53,9 @@ class Program final : public wxApp {
     }
     window_->Form_Load(command_line_.text);
     if (window_->Ended()) return false;
+    // No window of the program has anything to do when it is idle.
+    wxIdleEvent::SetMode(wxIDLE_PROCESS_SPECIFIED);
+    wxUpdateUIEvent::SetMode(wxUPDATE_UI_PROCESS_SPECIFIED);
     auto* const frame = new ui::FrmMain(*window_, screen_, pictures_);
     dialogs_.SetOwner(frame);
     frame->FitToDesktop();

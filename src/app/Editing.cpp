@@ -112,8 +112,8 @@ void MainWindow::RollBarConstTotal_Click()
 
 void MainWindow::FillDrivetrainLists()
 {
-  for (const int list : {edit::kPowerAngleList, edit::kCoastAngleList, edit::kClutchesList,
-                         edit::kFinalDriveList}) {
+  for (const int list :
+       {edit::kPowerAngleList, edit::kCoastAngleList, edit::kClutchesList, edit::kFinalDriveList}) {
     auto built = edit::BuildDrivetrainList(list, globals_.setup_data, globals_.GearData);
     Control& combo = form_.Combo1[At(list)];
     combo.items = std::move(built.items);
@@ -134,16 +134,15 @@ void MainWindow::RefreshDisplay()
 
 void MainWindow::ShowSlotValue(int slot)
 {
-  form_.Label1[At(slot)].text = edit::DisplayText(
-      slot, globals_.setup_data.Value(setup::RowOf(slot), data::kCurrent), globals_.Units,
-      globals_.FineIndex);
+  form_.Label1[At(slot)].text =
+      edit::DisplayText(slot, globals_.setup_data.Value(setup::RowOf(slot), data::kCurrent),
+                        globals_.Units, globals_.FineIndex);
 }
 
 /// The final drive's row: the first one of its list plus the selected position.
 int MainWindow::FinalDriveRow() const
 {
-  const float minimum =
-      globals_.setup_data.Value(setup::RowOf(setup::kFinalDrive), data::kMinimum);
+  const float minimum = globals_.setup_data.Value(setup::RowOf(setup::kFinalDrive), data::kMinimum);
   return data::ToInt16(minimum) + form_.Combo1[edit::kFinalDriveList].selection;
 }
 
@@ -162,9 +161,7 @@ void MainWindow::ShowOverallRatio(int slot, int final_drive_row)
 
 void MainWindow::ShowLockingPercent()
 {
-  const auto number = [&](int list) {
-    return data::LeadingNumber(form_.Combo1[At(list)].text);
-  };
+  const auto number = [&](int list) { return data::LeadingNumber(form_.Combo1[At(list)].text); };
   const double clutches = number(edit::kClutchesList);
   const auto show = [&](int slot, int list) {
     form_.Label2[At(slot)].text =

@@ -50,6 +50,8 @@ class MainWindow {
   void FileDropped(std::string_view path);
   /// Called by a timer: moves the marquee when it is due.
   void Tick();
+  /// Milliseconds until Tick has something to show.
+  [[nodiscard]] int UntilTick() const;
   /// The window's client area has this size now.
   void Resized(int client_width, int client_height);
 

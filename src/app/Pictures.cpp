@@ -117,6 +117,19 @@ void MainWindow::MoveMarquee()
   }
 }
 
+int MainWindow::UntilTick() const
+{
+  const auto& marquee = globals_.marquee;
+  const auto now = outside_.clock.TickCount();
+  if (!marquee.scrolling || marquee.next_step <= now) return 0;
+  // The step that comes next may not move it by a pixel yet.
+  int left = marquee.left - kMarqueeStep;
+  auto due = marquee.next_step;
+  for (; left / kUnitsPerPixel == marquee.left / kUnitsPerPixel; left -= kMarqueeStep)
+    due += kMarqueePeriod;
+  return static_cast<int>(due - now);
+}
+
 void MainWindow::PlaceMarquee()
 {
   Control& label = form_.LblMarquee;

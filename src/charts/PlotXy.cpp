@@ -13,7 +13,7 @@ namespace {
 using platform::LineStyle;
 
 // Pixels.
-constexpr double kLabelGap = 3;       ///< between an axis and its labels
+constexpr double kLabelGap = 4;       ///< between an axis and its labels
 constexpr double kBetweenLabels = 3;  ///< at least, side by side
 constexpr double kBetweenLines = 2;   ///< at least, from digit to digit one above the other
 

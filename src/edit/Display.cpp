@@ -129,7 +129,8 @@ std::string DisplayText(int slot, float raw, int units, int fine)
   if (slot >= setup::kFrontWing && raw < 0.0F) return "None";
   const auto factor = DisplayFactor.at(static_cast<std::size_t>(slot + kDisplaySlots * units));
   const auto shown = static_cast<float>(static_cast<double>(raw) * static_cast<double>(factor));
-  return FormatNumber(shown, DisplayDecimals.at(static_cast<std::size_t>(slot + kDisplaySlots * fine)));
+  const auto decimals = DisplayDecimals.at(static_cast<std::size_t>(slot + kDisplaySlots * fine));
+  return FormatNumber(shown, decimals);
 }
 
 }  // namespace velquist::edit

@@ -46,10 +46,7 @@ struct Press {
   data::Column step_column;
 
   [[nodiscard]] double Step() const { return values.Value(RowOf(slot), step_column); }
-  [[nodiscard]] float Current(int of) const
-  {
-    return values.Value(RowOf(of), data::kCurrent);
-  }
+  [[nodiscard]] float Current(int of) const { return values.Value(RowOf(of), data::kCurrent); }
   void Set(int of, float value) const { values.Current(RowOf(of)) = value; }
 
   /// Where the press would take the value.
@@ -108,9 +105,8 @@ void ProportionalSpringStep(const Press& press, float rear_weight_fraction, Show
 void ConstantRollBarStep(const Press& press, ShownSlots& shown)
 {
   const int other = PartnerOf(press.slot);
-  const float total =
-      RoundToSingle(static_cast<double>(press.Current(setup::kRollBar)) +
-                    static_cast<double>(press.Current(setup::kRollBar + 1)));
+  const float total = RoundToSingle(static_cast<double>(press.Current(setup::kRollBar)) +
+                                    static_cast<double>(press.Current(setup::kRollBar + 1)));
   const float moved = press.Moved();
   // The other bar may not fall below zero; its own limits play no part.
   const bool other_spent =

@@ -28,8 +28,7 @@ constexpr int kFirstId = wxID_HIGHEST + 1;
 constexpr int kLeastClientWidth = 700;
 constexpr int kLeastClientHeight = 440;
 
-constexpr int kScrollInterval = 15;  ///< milliseconds between steps of the marquee
-constexpr int kPauseInterval = 500;  ///< milliseconds between looks at the clock meanwhile
+constexpr int kLongestPause = 1000;  ///< milliseconds between looks at the clock for the marquee
 
 class FileDrop final : public wxFileDropTarget {
  public:
@@ -109,6 +108,7 @@ void FrmMain::FitToDesktop()
 
 void FrmMain::RunMarquee()
 {
+  platform::KeepToItself(*widgets_[marquee_].Window().GetParent());
   marquee_runs_ = true;
   SetTimer();
 }
@@ -239,7 +239,7 @@ void FrmMain::ShowChanges()
   chart_->BringInLine();
   chart2_->BringInLine();
   car_->ShowPicture(form.car_picture);
-  SetTimer();
+  SetTimer();  // which a box on the screen has held up
 }
 
 void FrmMain::ShowChanges(ControlWidget& widget)
@@ -264,12 +264,7 @@ void FrmMain::SetTimer()
     timer_.Stop();
     return;
   }
-  const auto& form = window_.Form();
-  const auto& box = form.Picture1.place;
-  const bool in_sight = window_.State().marquee.scrolling &&
-                        form.LblMarquee.place.left < box.left + box.width;
-  const int wanted = in_sight ? kScrollInterval : kPauseInterval;
-  if (!timer_.IsRunning() || timer_.GetInterval() != wanted) timer_.Start(wanted);
+  timer_.StartOnce(std::clamp(window_.UntilTick(), 1, kLongestPause));
 }
 
 const app::ControlDesign* FrmMain::DesignOf(int id) const

@@ -274,8 +274,8 @@ TEST_F(EngineChartReading, IsEmptyOutsideThePlotBox)
   const auto read = [](double x, double y) {
     return ReadEngineChart(kWidth, kHeight, k1967, LevelCurve(), x, y);
   };
-  for (const auto& [x, y] : {std::pair{29.0, 60.0}, {331.0, 60.0}, {100.0, 9.0}, {100.0, 111.0},
-                             {-5.0, -5.0}})
+  for (const auto& [x, y] :
+       {std::pair{29.0, 60.0}, {331.0, 60.0}, {100.0, 9.0}, {100.0, 111.0}, {-5.0, -5.0}})
     EXPECT_EQ(read(x, y), "") << x << ' ' << y;
   for (const auto& [x, y] : {std::pair{30.0, 10.0}, {330.0, 110.0}})
     EXPECT_NE(read(x, y), "") << x << ' ' << y;

@@ -254,8 +254,12 @@ TEST(PlotXy, TheTitleIsInTheMiddleUnderTheLabelsAndShrinksToThePicture)
     plot.DrawTitle("90% Torque and Horsepower Bands Versus MPH");
     EXPECT_EQ(testing::TextFaults(picture), std::vector<std::string>());
     const auto title = Having(picture, Primitive::Kind::kText).back();
-    if (width == 600) EXPECT_NEAR((title.x1 + title.x2) / 2, 305, 1e-9);
-    if (width == 240) EXPECT_LT(title.letter_height, kLargestLetters);
+    if (width == 600) {
+      EXPECT_NEAR((title.x1 + title.x2) / 2, 305, 1e-9);
+    }
+    if (width == 240) {
+      EXPECT_LT(title.letter_height, kLargestLetters);
+    }
   }
 }
 

@@ -61,16 +61,16 @@ enum class Group { kCorner, kWheelRate, kSingle, kWing, kRollBar, kGear, kNone }
 
 Group GroupOf(int slot)
 {
-  if (slot >= 0 && slot <= 3) return Group::kCorner;     // tire pressure
+  if (slot >= 0 && slot <= 3) return Group::kCorner;  // tire pressure
   if (slot >= 4 && slot <= 7) return Group::kWheelRate;
-  if (slot >= 8 && slot <= 11) return Group::kCorner;    // bump
-  if (slot >= 12 && slot <= 15) return Group::kCorner;   // rebound
-  if (slot >= 16 && slot <= 19) return Group::kCorner;   // camber
-  if (slot >= 20 && slot <= 23) return Group::kCorner;   // bump rubber
-  if (slot == 24 || slot == 25) return Group::kSingle;   // toe in
+  if (slot >= 8 && slot <= 11) return Group::kCorner;   // bump
+  if (slot >= 12 && slot <= 15) return Group::kCorner;  // rebound
+  if (slot >= 16 && slot <= 19) return Group::kCorner;  // camber
+  if (slot >= 20 && slot <= 23) return Group::kCorner;  // bump rubber
+  if (slot == 24 || slot == 25) return Group::kSingle;  // toe in
   if (slot == 26 || slot == 27) return Group::kRollBar;
-  if (slot == 28 || slot == 29) return Group::kSingle;   // ride height
-  if (slot >= 30 && slot <= 32) return Group::kSingle;   // fuel, steering ratio, brake bias
+  if (slot == 28 || slot == 29) return Group::kSingle;  // ride height
+  if (slot >= 30 && slot <= 32) return Group::kSingle;  // fuel, steering ratio, brake bias
   if (slot == 33 || slot == 34) return Group::kWing;
   if (slot >= 42 && slot <= 47) return Group::kGear;
   return Group::kNone;
@@ -149,8 +149,7 @@ int LineOf(int slot)
 
 float Editing::Of(int slot, LineField field) const
 {
-  return static_cast<float>(
-      Number(lines_->at(static_cast<std::size_t>(LineOf(slot))).at(field)));
+  return static_cast<float>(Number(lines_->at(static_cast<std::size_t>(LineOf(slot))).at(field)));
 }
 
 int Editing::WholeOf(int slot, LineField field) const
@@ -209,20 +208,15 @@ void Editing::Press(int slot, bool increase)
       }
       break;
     case Group::kSingle:
-    case Group::kWing:
-      PlainStep(slot, increase);
-      break;
+    case Group::kWing: PlainStep(slot, increase); break;
     case Group::kRollBar:
       if (constant_roll_bars)
         RollBarStep(slot, increase);
       else
         PlainStep(slot, increase);
       break;
-    case Group::kGear:
-      GearStep(slot, increase);
-      break;
-    case Group::kNone:
-      break;
+    case Group::kGear: GearStep(slot, increase); break;
+    case Group::kNone: break;
   }
 }
 

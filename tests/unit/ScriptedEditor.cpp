@@ -3,6 +3,7 @@
 
 #include <fstream>
 #include <span>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -123,8 +124,9 @@ std::vector<Example> Examples()
   return examples;
 }
 
-ScriptedEditor::ScriptedEditor()
+ScriptedEditor::ScriptedEditor(std::unique_ptr<runner::Driver> driver)
     : world_(std::filesystem::path(VELQUIST_SOURCE_DIR) / "assets" / "program"),
+      driver_(std::move(driver)),
       outside_([this](std::string_view a, std::string_view b) { return world_.SameText(a, b); },
                *driver_),
       play_{world_, outside_, resources_, *driver_, out_}

@@ -30,7 +30,8 @@ enum class WithBuffer { kNo, kYes };
 /// scenario script. Every dialog must be announced.
 class ScriptedEditor {
  public:
-  ScriptedEditor();
+  /// Without the window, unless another driver is given.
+  explicit ScriptedEditor(std::unique_ptr<runner::Driver> driver = runner::MakeModelDriver());
 
   /// Plays the lines of a script. The first that fails is a failure of the test, as is a dialog
   /// that was announced and has not come at the end of the piece.
@@ -50,6 +51,9 @@ class ScriptedEditor {
     return testing::Everything(Window(), with_buffer);
   }
 
+  /// What `dump` and `print` have put out so far.
+  [[nodiscard]] std::string Output() const { return out_.str(); }
+
   /// The host path of a script's path.
   [[nodiscard]] std::filesystem::path Path(const std::string& path) const;
   [[nodiscard]] runner::World& World() noexcept { return world_; }
@@ -62,7 +66,7 @@ class ScriptedEditor {
   };
 
   runner::World world_;
-  std::unique_ptr<runner::Driver> driver_ = runner::MakeModelDriver();
+  std::unique_ptr<runner::Driver> driver_;
   runner::ScriptedPlatform outside_;
   NoResources resources_;
   std::ostringstream out_;

@@ -31,34 +31,53 @@ bool IsFrameHeader(unsigned marker) noexcept
   return marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
 }
 
+struct Segment {
+  unsigned marker = kEndOfImage;
+  std::size_t at = 0;  ///< of the marker
+};
+
+/// The first segment at or behind `at` that is a frame header, the start of the scan or the end;
+/// the end also where the bytes are none of a JPEG.
+Segment Find(std::span<const std::byte> bytes, std::size_t at) noexcept
+{
+  while (at + 4 <= bytes.size() && Byte(bytes, at) == kMarker) {
+    const unsigned marker = Byte(bytes, at + 1);
+    if (marker == kMarker) {  // fill byte
+      ++at;
+    } else if (StandsAlone(marker)) {
+      at += 2;
+    } else if (marker == kStartOfScan || marker == kEndOfImage || IsFrameHeader(marker)) {
+      return {marker, at};
+    } else {
+      const unsigned length = Word(bytes, at + 2);
+      if (length < 2) return {};
+      at += 2 + length;
+    }
+  }
+  return {};
+}
+
 }  // namespace
 
 PictureLoader::Size JpegSize(std::span<const std::byte> bytes) noexcept
 {
   if (bytes.size() < 4 || Word(bytes, 0) != (kMarker << 8U | kStartOfImage)) return {};
-  std::size_t at = 2;
-  while (at + 4 <= bytes.size()) {
-    if (Byte(bytes, at) != kMarker) return {};
-    const unsigned marker = Byte(bytes, at + 1);
-    if (marker == kMarker) {  // fill byte
-      ++at;
-      continue;
-    }
-    if (StandsAlone(marker)) {
-      at += 2;
-      continue;
-    }
-    if (marker == kStartOfScan || marker == kEndOfImage) return {};
-    if (IsFrameHeader(marker)) {
-      // length, precision, height, width
-      if (at + 9 > bytes.size()) return {};
-      return {static_cast<int>(Word(bytes, at + 7)), static_cast<int>(Word(bytes, at + 5))};
-    }
-    const unsigned length = Word(bytes, at + 2);
-    if (length < 2) return {};
-    at += 2 + length;
-  }
-  return {};
+  const auto [marker, at] = Find(bytes, 2);
+  // length, precision, height, width
+  if (!IsFrameHeader(marker) || at + 9 > bytes.size()) return {};
+  return {static_cast<int>(Word(bytes, at + 7)), static_cast<int>(Word(bytes, at + 5))};
+}
+
+bool IsCutShort(std::span<const std::byte> bytes) noexcept
+{
+  auto segment = Find(bytes, 2);
+  if (IsFrameHeader(segment.marker))
+    segment = Find(bytes, segment.at + 2 + Word(bytes, segment.at + 2));
+  if (segment.marker != kStartOfScan) return true;
+  // Within a scan a byte of all bits is never followed by this marker's number.
+  for (std::size_t at = segment.at + 2; at + 2 <= bytes.size(); ++at)
+    if (Byte(bytes, at) == kMarker && Byte(bytes, at + 1) == kEndOfImage) return false;
+  return true;
 }
 
 PictureLoader::Size ShowableJpegSize(std::span<const std::byte> bytes) noexcept

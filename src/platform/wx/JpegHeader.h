@@ -12,6 +12,9 @@ namespace velquist::platform {
 /// the bytes are no JPEG or end before the header.
 [[nodiscard]] PictureLoader::Size JpegSize(std::span<const std::byte> bytes) noexcept;
 
+/// True for a JPEG file whose picture has no end.
+[[nodiscard]] bool IsCutShort(std::span<const std::byte> bytes) noexcept;
+
 /// Pictures of more pixels are not shown.
 inline constexpr long long kMostPixels = 50'000'000;
 

@@ -47,6 +47,11 @@ void AllowSmallControls(wxWindow&)
   // Controls have any size here.
 }
 
+void KeepToItself(wxWindow&)
+{
+  // Every window does here.
+}
+
 void SetSpoken(wxWindow& control, const wxString& name, const wxString& description)
 {
   auto* spoken = dynamic_cast<Spoken*>(control.GetAccessible());

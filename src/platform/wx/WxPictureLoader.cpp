@@ -14,7 +14,8 @@ namespace {
 /// An invalid image when the bytes are broken or too many pixels.
 wxImage Decoded(std::span<const std::byte> bytes)
 {
-  if (ShowableJpegSize(bytes).width == 0) return {};
+  // A picture that is cut short would be decoded with a grey rest.
+  if (ShowableJpegSize(bytes).width == 0 || IsCutShort(bytes)) return {};
   const wxLogNull quiet;  // a broken picture is no news to the user
   wxMemoryInputStream stream(bytes.data(), bytes.size());
   wxImage image;

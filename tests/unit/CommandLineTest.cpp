@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "platform/wx/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+namespace velquist::platform {
+namespace {
+
+TEST(CommandLineWords, NoneGiveAnEmptyPath)
+{
+  const auto line = FromWords({});
+  EXPECT_EQ(line.text, "");
+  EXPECT_EQ(line.program_directory, std::nullopt);
+}
+
+TEST(CommandLineWords, AreOnePathWithItsBlanks)
+{
+  EXPECT_EQ(FromWords({"/home/jim/GPL/Players/Jim Clark/Setups/monza/low drag.lo1"}).text,
+            "/home/jim/GPL/Players/Jim Clark/Setups/monza/low drag.lo1");
+  EXPECT_EQ(FromWords({"/GPL/Players/Jim", "Clark/Setups/monza/low", "drag.lo1"}).text,
+            "/GPL/Players/Jim Clark/Setups/monza/low drag.lo1");
+}
+
+TEST(CommandLineWords, LoseThePairOfQuotesAroundThePath)
+{
+  EXPECT_EQ(FromWords({"\"/GPL/a", "b.lo1\""}).text, "/GPL/a b.lo1");
+}
+
+TEST(CommandLineWords, CanBeginWithTheProgramDirectory)
+{
+  const auto line = FromWords({"--program-directory=/opt/my files", "/GPL/a.lo1"});
+  EXPECT_EQ(line.program_directory, "/opt/my files");
+  EXPECT_EQ(line.text, "/GPL/a.lo1");
+}
+
+TEST(CommandLineWords, HoldTheProgramDirectoryAtTheBeginningAlone)
+{
+  const auto line = FromWords({"/GPL/a.lo1", "--program-directory=/opt"});
+  EXPECT_EQ(line.program_directory, std::nullopt);
+  EXPECT_EQ(line.text, "/GPL/a.lo1 --program-directory=/opt");
+}
+
+TEST(CommandLineText, IsThePathWithOrWithoutQuotes)
+{
+  EXPECT_EQ(FromWholeText("").text, "");
+  EXPECT_EQ(FromWholeText("  \t ").text, "");
+  EXPECT_EQ(FromWholeText("C:\\GPL\\a b.lo1").text, "C:\\GPL\\a b.lo1");
+  EXPECT_EQ(FromWholeText("  \"C:\\GPL\\a b.lo1\"  ").text, "C:\\GPL\\a b.lo1");
+}
+
+TEST(CommandLineText, CanBeginWithTheProgramDirectory)
+{
+  const auto plain = FromWholeText("--program-directory=C:\\Velquist C:\\GPL\\a b.lo1");
+  EXPECT_EQ(plain.program_directory, "C:\\Velquist");
+  EXPECT_EQ(plain.text, "C:\\GPL\\a b.lo1");
+  const auto quoted =
+      FromWholeText("\"--program-directory=C:\\My Files\" \"C:\\GPL\\a b.lo1\"");
+  EXPECT_EQ(quoted.program_directory, "C:\\My Files");
+  EXPECT_EQ(quoted.text, "C:\\GPL\\a b.lo1");
+  const auto inside = FromWholeText("--program-directory=\"C:\\My Files\"");
+  EXPECT_EQ(inside.program_directory, "C:\\My Files");
+  EXPECT_EQ(inside.text, "");
+}
+
+}  // namespace
+}  // namespace velquist::platform

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include <gtk/gtk.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "RealWindow.h"
+
+namespace velquist::testing {
+namespace {
+
+using app::ControlKind;
+
+AtkObject* Spoken(const wxWindow& widget)
+{
+  return gtk_widget_get_accessible(widget.GetHandle());
+}
+
+std::string NameOf(AtkObject* spoken)
+{
+  const char* const name = atk_object_get_name(spoken);
+  return name == nullptr ? "" : name;
+}
+
+/// The name itself, or that of the label that the control belongs to.
+std::string NameOrLabel(AtkObject* spoken)
+{
+  auto name = NameOf(spoken);
+  if (!name.empty()) return name;
+  AtkRelationSet* const relations = atk_object_ref_relation_set(spoken);
+  AtkRelation* const labelled =
+      atk_relation_set_get_relation_by_type(relations, ATK_RELATION_LABELLED_BY);
+  if (labelled != nullptr) {
+    GPtrArray* const labels = atk_relation_get_target(labelled);
+    if (labels->len > 0) name = NameOf(ATK_OBJECT(labels->pdata[0]));
+  }
+  g_object_unref(relations);
+  return name;
+}
+
+const std::map<ControlKind, AtkRole> kRoles = {{ControlKind::kButton, ATK_ROLE_PUSH_BUTTON},
+                                               {ControlKind::kList, ATK_ROLE_COMBO_BOX},
+                                               {ControlKind::kCheck, ATK_ROLE_CHECK_BOX},
+                                               {ControlKind::kOption, ATK_ROLE_RADIO_BUTTON}};
+
+class Accessibility : public RealWindow {};
+
+TEST_F(Accessibility, EveryControlThatTheUserWorksWithHasItsRoleAndANameOfItsOwn)
+{
+  Start();
+  std::set<std::string> names;
+  for (const auto& design : app::FormControlSettings()) {
+    if (!IsInteractive(design)) continue;
+    SCOPED_TRACE(testing::NameOf(design));
+    AtkObject* const spoken = Spoken(*Widget(design));
+    ASSERT_NE(spoken, nullptr);
+    EXPECT_EQ(atk_object_get_role(spoken), kRoles.at(design.kind));
+    const auto name = NameOrLabel(spoken);
+    EXPECT_FALSE(name.empty());
+    EXPECT_TRUE(names.insert(name).second) << name << " is the name of two controls";
+  }
+}
+
+TEST_F(Accessibility, EveryControlThatTheUserWorksWithHasAToolTipAndSaysMoreThanItsName)
+{
+  Start();
+  for (const auto& design : app::FormControlSettings()) {
+    if (!IsInteractive(design)) continue;
+    SCOPED_TRACE(testing::NameOf(design));
+    EXPECT_FALSE(Widget(design)->GetToolTipText().empty());
+    const char* const more = atk_object_get_description(Spoken(*Widget(design)));
+    EXPECT_TRUE(more != nullptr && *more != '\0');
+  }
+}
+
+TEST_F(Accessibility, PicturesHaveNames)
+{
+  Start();
+  for (const char* const name : {"PictureChart", "PictureChart2", "GEMPic1"})
+    EXPECT_FALSE(NameOf(Spoken(*Widget(name))).empty()) << name;
+}
+
+TEST_F(Accessibility, StepButtonsTellTheValueThatTheyHaveChanged)
+{
+  Start();
+  editor.Play("click CmdInc(4)\nexpect Label1(4) \"95\"\n");
+  for (const char* const name : {"CmdInc(4)", "CmdDec(4)"}) {
+    AtkObject* const spoken = Spoken(*Widget(name));
+    EXPECT_STREQ(atk_object_get_description(spoken), "95");
+    EXPECT_NE(NameOf(spoken).find("left front wheel rate"), std::string::npos);
+  }
+}
+
+TEST_F(Accessibility, TheTabKeyGoesThroughEveryControlInTheOrderOfTheLayout)
+{
+  Start();
+  wxWindow* const panel = Widget("CmdInc(4)")->GetParent();
+  std::vector<std::string> expected;
+  for (const auto& design : app::FormControlSettings())
+    if (IsInteractive(design)) expected.push_back(testing::NameOf(design));
+  std::vector<std::string> found;
+  for (const wxWindow* child : panel->GetChildren())
+    if (child->AcceptsFocusFromKeyboard() || !child->IsShown())
+      if (std::find(expected.begin(), expected.end(), child->GetName().ToStdString()) !=
+          expected.end())
+        found.push_back(child->GetName().ToStdString());
+  EXPECT_EQ(found, expected);
+}
+
+}  // namespace
+}  // namespace velquist::testing

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include <wx/uiaction.h>
+
+#include "RealWindow.h"
+#include "setup/SlotTable.h"
+
+namespace velquist::testing {
+namespace {
+
+class Behaviour : public RealWindow {
+ protected:
+  void Press(const char* button)
+  {
+    Frame().Raise();
+    LetTimePass(300);
+    const auto at = Widget(button)->GetScreenRect();
+    mouse_.MouseMove(at.x + at.width / 2, at.y + at.height / 2);
+    LetTimePass(100);
+    mouse_.MouseDown();
+  }
+  void Release()
+  {
+    mouse_.MouseUp();
+    LetTimePass(200);
+  }
+  [[nodiscard]] float Value(int slot) const { return editor.Window().SlotValue(slot); }
+
+  wxUIActionSimulator mouse_;
+};
+
+TEST_F(Behaviour, AClickOfTheMouseIsOneStep)
+{
+  Start();
+  const float before = Value(0);
+  Press("CmdInc(0)");
+  Release();
+  EXPECT_EQ(Value(0), before + 1);
+}
+
+TEST_F(Behaviour, AHeldStepButtonGoesOnUntilItIsReleased)
+{
+  Start();
+  const float before = Value(4);
+  Press("CmdInc(4)");
+  EXPECT_TRUE(WaitUntil([&] { return Value(4) >= before + 4 * 5; }));
+  Release();
+  const float released = Value(4);
+  LetTimePass(300);
+  EXPECT_EQ(Value(4), released);
+}
+
+TEST_F(Behaviour, AHeldStepButtonGoesOnInFineStepsUpToTheLimit)
+{
+  Start();
+  editor.Play("check FineCheck\n");
+  const auto& data = editor.Window().State().setup_data;
+  const auto row = setup::RowOf(setup::kFuel);
+  const float limit = data.Value(row, data::kMaximum);
+  Press("CmdInc(30)");
+  EXPECT_TRUE(WaitUntil(
+      [&] { return Value(setup::kFuel) > limit - data.Value(row, data::kFineStep); }, 30000));
+  LetTimePass(200);
+  Release();
+  EXPECT_LE(Value(setup::kFuel), limit);
+}
+
+TEST_F(Behaviour, TheMarqueeRestsWhileTheWindowIsMinimised)
+{
+  Start();
+  Frame().RunMarquee();
+  EXPECT_TRUE(Frame().MarqueeTimer().IsRunning());
+  Frame().Iconize(true);
+  EXPECT_TRUE(WaitUntil([&] { return !Frame().MarqueeTimer().IsRunning(); }));
+  Frame().Iconize(false);
+  EXPECT_TRUE(WaitUntil([&] { return Frame().MarqueeTimer().IsRunning(); }));
+}
+
+TEST_F(Behaviour, AResizedWindowKeepsItsProportions)
+{
+  Start();
+  Frame().SetClientSize(app::kDesignClientWidth * 3 / 4, app::kDesignClientHeight * 3 / 4);
+  const auto expected = wxRect(492, 252, 450, 198);
+  EXPECT_TRUE(WaitUntil([&] { return Widget("PictureChart2")->GetRect() == expected; }));
+}
+
+}  // namespace
+}  // namespace velquist::testing

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+#include <wx/textctrl.h>
+#include <wx/weakref.h>
+
+#include <algorithm>
+#include <string>
+
+#include "RealWindow.h"
+#include "platform/wx/FrmHelp.h"
+#include "platform/wx/WxResources.h"
+#include "platform/wx/WxText.h"
+
+namespace velquist::testing {
+namespace {
+
+class HelpWindow : public ::testing::Test {
+ protected:
+  HelpWindow() : help_(new platform::FrmHelp(nullptr, manual_))
+  {
+    help_->Show();
+    LetTimePass(100);
+  }
+  ~HelpWindow() override
+  {
+    if (help_) help_->Destroy();
+    LetTimePass(20);
+  }
+
+  [[nodiscard]] wxTextCtrl& Text() const
+  {
+    return *static_cast<wxTextCtrl*>(wxWindow::FindWindowByName("Text1", help_));
+  }
+
+  std::string manual_ = platform::WxResources().Help();
+  wxWeakRef<platform::FrmHelp> help_;
+};
+
+TEST_F(HelpWindow, ShowsTheWholeManualFromItsFirstLine)
+{
+  // The toolkits keep line ends in ways of their own.
+  auto shown = platform::ToText(Text().GetValue());
+  auto expected = manual_;
+  std::erase(shown, '\r');
+  std::erase(expected, '\r');
+  EXPECT_EQ(shown, expected);
+  EXPECT_EQ(Text().GetInsertionPoint(), 0);
+  EXPECT_TRUE(Text().IsShown());
+  EXPECT_FALSE(Text().IsEditable());
+}
+
+TEST_F(HelpWindow, KeepsItsProportionsWhenItIsResized)
+{
+  const wxSize before = help_->GetClientSize();
+  const wxRect text = Text().GetRect();
+  help_->SetClientSize(before.x * 3 / 4, before.y / 2);
+  EXPECT_TRUE(WaitUntil([&] { return Text().GetSize().y <= text.height / 2 + 1; }));
+  EXPECT_NEAR(Text().GetSize().x, text.width * 3 / 4, 1);
+  EXPECT_NEAR(Text().GetSize().y, text.height / 2, 1);
+  EXPECT_NEAR(Text().GetPosition().x, text.x * 3 / 4, 1);
+  EXPECT_NEAR(Text().GetPosition().y, text.y / 2, 1);
+}
+
+TEST_F(HelpWindow, KeepsItsTextWithinTheSmallestWindow)
+{
+  help_->SetClientSize(60, 30);
+  const wxSize small(120, 60);
+  EXPECT_TRUE(WaitUntil([&] { return Text().GetSize().x < small.x || Text().GetSize().y < small.y; }));
+  const wxRect client(Text().GetParent()->GetClientSize());
+  EXPECT_TRUE(client.Contains(Text().GetRect()));
+}
+
+}  // namespace
+}  // namespace velquist::testing

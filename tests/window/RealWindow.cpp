@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "RealWindow.h"
+
+#include <chrono>
+#include <stdexcept>
+#include <thread>
+
+#include "platform/wx/WxText.h"
+#include "runner/window/WindowSystem.h"
+#include "ui/Widgets.h"
+
+namespace velquist::testing {
+
+using app::ControlKind;
+
+void RealWindow::Start(ScreenSize screen)
+{
+  // Names as long as the game's own longest ones.
+  editor.Play("dir $G/Players/Jean-Pierre_Beltoise/Setups/nurburgring_24h\n"
+              "screen " + std::to_string(screen.width) + " " + std::to_string(screen.height) +
+              "\n");
+  editor.StartWithGame();
+}
+
+ui::FrmMain& RealWindow::Frame() const
+{
+  auto* const frame = dynamic_cast<ui::FrmMain*>(wxWindow::FindWindowByName("FrmMain"));
+  if (frame == nullptr) throw std::runtime_error("there is no main window");
+  return *frame;
+}
+
+wxWindow* RealWindow::Widget(const app::ControlDesign& design) const
+{
+  if (design.kind == ControlKind::kMenu) return nullptr;
+  return wxWindow::FindWindowByName(ui::WindowName(design), &Frame());
+}
+
+wxWindow* RealWindow::Widget(const char* name) const
+{
+  return wxWindow::FindWindowByName(name, &Frame());
+}
+
+bool IsInteractive(const app::ControlDesign& design)
+{
+  return design.kind == ControlKind::kButton || design.kind == ControlKind::kList ||
+         design.kind == ControlKind::kCheck || design.kind == ControlKind::kOption;
+}
+
+std::string NameOf(const app::ControlDesign& design)
+{
+  return platform::ToText(ui::WindowName(design));
+}
+
+bool WaitUntil(const std::function<bool()>& done, int milliseconds)
+{
+  using Clock = std::chrono::steady_clock;
+  const auto end = Clock::now() + std::chrono::milliseconds(milliseconds);
+  while (!done() && Clock::now() < end) {
+    runner::LetWindowSystemWork();
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  return done();
+}
+
+void LetTimePass(int milliseconds)
+{
+  (void)WaitUntil([] { return false; }, milliseconds);
+}
+
+}  // namespace velquist::testing

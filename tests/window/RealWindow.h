@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "ScriptedEditor.h"
+#include "app/FormControlSettings.h"
+#include "ui/FrmMain.h"
+
+namespace velquist::testing {
+
+struct ScreenSize {
+  int width;
+  int height;
+};
+
+/// The program with its real window on a game installation of all mod years.
+class RealWindow : public ::testing::Test {
+ protected:
+  RealWindow() : editor(runner::MakeWindowDriver()) {}
+
+  /// Starts on a screen of that size.
+  void Start(ScreenSize screen = {1280, 1024});
+
+  [[nodiscard]] ui::FrmMain& Frame() const;
+  /// The widget of a row of the layout; null for menus.
+  [[nodiscard]] wxWindow* Widget(const app::ControlDesign& design) const;
+  [[nodiscard]] wxWindow* Widget(const char* name) const;
+
+  ScriptedEditor editor;
+};
+
+/// The user works with it.
+[[nodiscard]] bool IsInteractive(const app::ControlDesign& design);
+
+/// "CmdInc(4)".
+[[nodiscard]] std::string NameOf(const app::ControlDesign& design);
+
+/// Lets the window system work until `done` or for `milliseconds`; what `done` says at the end.
+bool WaitUntil(const std::function<bool()>& done, int milliseconds = 5000);
+void LetTimePass(int milliseconds);
+
+}  // namespace velquist::testing
