@@ -251,7 +251,7 @@ void Options(Designer& form)
   form.Frame("Frame1", 7, "Edit Options", {1098, 92, 158, 144});
   const auto check = [&](std::string_view name, std::string_view caption, std::string_view tip,
                          int top) {
-    form.Add(kCheck, name, -1, caption, {1103, top, 150, 26}, kTitleSize, {}, tip);
+    form.Add(kCheck, name, -1, caption, {1101, top, 154, 26}, kTitleSize, {}, tip);
   };
   check("AsymmetricCheck", "Asy&mmetric Adjust", "Left and right sides can differ", 114);
   check("FineCheck", "Fi&ne Adjust", "Up and down edits are smaller", 144);
@@ -259,9 +259,9 @@ void Options(Designer& form)
   check("SpringStiffnessProportional", "Proportional &Springs",
         "Spring stiffness proportional to weight distribution", 204);
   form.Frame("Frame1", 8, "Units", {1098, 244, 158, 84});
-  form.Add(kOption, "OptUnits", 0, "En&glish", {1103, 266, 150, 26}, kTitleSize, {},
+  form.Add(kOption, "OptUnits", 0, "En&glish", {1101, 266, 154, 26}, kTitleSize, {},
            "Show psi, lbs/in, inches, gallons and mph");
-  form.Add(kOption, "OptUnits", 1, "M&etric", {1103, 296, 150, 26}, kTitleSize, {},
+  form.Add(kOption, "OptUnits", 1, "M&etric", {1101, 296, 154, 26}, kTitleSize, {},
            "Show kPa, N/cm, cm, litres and km/h");
 }
 

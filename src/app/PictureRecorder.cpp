@@ -26,10 +26,15 @@ constexpr double kLineHeight = 1.15;
 constexpr double kBaseline = 0.905;
 constexpr double kCapitalHeight = 0.716;
 
+/// Of one byte of UTF-8 text. A character beyond ASCII counts with its first byte: letters of two
+/// bytes as wide as most letters, symbols of three as wide as they are high.
 int AdvanceWidth(char c)
 {
-  const auto at = static_cast<std::size_t>(static_cast<unsigned char>(c)) - ' ';
-  return at < kArialWidths.size() ? kArialWidths[at] : kArialWidths['0' - ' '];
+  const auto byte = static_cast<unsigned char>(c);
+  if (byte < ' ' || (byte & 0xC0U) == 0x80U) return 0;
+  if (byte >= 0xE0U) return static_cast<int>(kUnitsPerEm);
+  const auto at = static_cast<std::size_t>(byte - ' ');
+  return at < kArialWidths.size() ? kArialWidths[at] : kArialWidths['n' - ' '];
 }
 
 }  // namespace

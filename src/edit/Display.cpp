@@ -69,6 +69,14 @@ const std::array<std::string_view, 2 * kUnitCaptionRows> UnitCaptions = {
 
 namespace {
 
+/// `value`, which is not negative, rounded half up. The C library's own function is not exact just
+/// below a half on every system.
+double RoundedHalfUp(double value)
+{
+  const double whole = std::trunc(value);
+  return value - whole < 0.5 ? whole : whole + 1;
+}
+
 /// |value| x 10^decimals rounded half away from zero, as digits with one at least before the point.
 std::string ScaledDigits(double value, std::size_t decimals)
 {
@@ -77,7 +85,7 @@ std::string ScaledDigits(double value, std::size_t decimals)
   constexpr std::size_t kLongestDouble = 330;
   std::array<char, kLongestDouble> text{};
   const auto end = std::to_chars(text.data(), text.data() + text.size(),
-                                 std::round(std::fabs(value) * kPowers.at(decimals)),
+                                 RoundedHalfUp(std::fabs(value) * kPowers.at(decimals)),
                                  std::chars_format::fixed, 0);
   std::string digits(text.data(), end.ptr);
   if (digits.size() <= decimals) digits.insert(0, decimals + 1 - digits.size(), '0');

@@ -45,8 +45,8 @@ int OpenNew(const fs::path& path)
 }
 bool WriteSome(int file, std::span<const std::byte>& bytes)
 {
-  const auto written = ::_write(file, bytes.data(), static_cast<unsigned>(std::min<std::size_t>(
-                                                        bytes.size(), 1U << 20)));
+  const auto written = ::_write(
+      file, bytes.data(), static_cast<unsigned>(std::min<std::size_t>(bytes.size(), 1U << 20)));
   if (written < 0) return false;
   bytes = bytes.subspan(static_cast<std::size_t>(written));
   return true;
@@ -109,7 +109,8 @@ std::error_code MayWrite(const fs::path& target)
 {
   struct stat status {};
   if (::stat(target.c_str(), &status) != 0) return {};
-  if ((status.st_mode & S_IWUSR) == 0 || ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
+  if ((status.st_mode & S_IWUSR) == 0 ||
+      ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
     return std::make_error_code(std::errc::permission_denied);
   return {};
 }
@@ -127,7 +128,8 @@ std::error_code Rename(const fs::path& from, const fs::path& to)
 }
 void FlushDirectory(const fs::path& directory)
 {
-  const int file = ::open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const int file =
+      ::open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (file < 0) return;
   ::fsync(file);
   ::close(file);
@@ -185,7 +187,7 @@ void OpenBeside(const fs::path& target, std::string_view shown_path, Temporary& 
 }  // namespace
 
 void WriteAtomically(const fs::path& target, std::span<const std::byte> bytes,
-                 std::string_view shown_path)
+                     std::string_view shown_path)
 {
   const fs::path real = BehindLinks(target, shown_path);
   std::error_code error;

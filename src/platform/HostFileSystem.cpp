@@ -85,8 +85,8 @@ bool ExistsMatching(const fs::path& directory, std::string_view pattern)
 {
   const auto wanted = FoldCase(pattern == "*.*" ? "*" : pattern);
   std::error_code error;
-  for (fs::directory_iterator entry(directory.empty() ? fs::path(".") : directory, error), end; !error && entry != end;
-       entry.increment(error))
+  for (fs::directory_iterator entry(directory.empty() ? fs::path(".") : directory, error), end;
+       !error && entry != end; entry.increment(error))
     if (Matches(wanted, FoldCase(PathText(entry->path().filename())))) return true;
   return false;
 }

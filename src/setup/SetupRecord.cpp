@@ -109,8 +109,7 @@ void RebuildRatioNumbers(const data::GearData& gears, data::SetupData& values)
 {
   std::array<float, kGearPairs> ratios{};
   for (std::size_t pair = 0; pair < ratios.size(); ++pair) {
-    const float id =
-        values.Value(RowOf(kFirstGear + static_cast<int>(pair)), data::kCurrent);
+    const float id = values.Value(RowOf(kFirstGear + static_cast<int>(pair)), data::kCurrent);
     ratios[pair] = gears.Ratio(data::ToInt32(id));
   }
   for (std::size_t pair = 0; pair < ratios.size(); ++pair)
