@@ -22,15 +22,17 @@ fs::path FromText(std::string_view text)
   return {std::u8string(text.begin(), text.end())};
 }
 
-/// Absolute paths beyond the classic limit need the prefix that lifts it.
+/// Absolute paths beyond the classic limit need the prefix that lifts it. A temporary file beside
+/// the target must still fit.
 fs::path Lengthened(const fs::path& path)
 {
-  constexpr std::size_t kClassicLimit = 248;
+  constexpr std::size_t kShortEnough = 220;
   const auto& text = path.native();
-  if (text.size() < kClassicLimit || text.starts_with(L"\\\\") || !path.is_absolute()) return path;
-  auto prefixed = path.lexically_normal();
-  prefixed.make_preferred();
-  return fs::path(L"\\\\?\\" + prefixed.native());
+  if (text.size() < kShortEnough || text.starts_with(L"\\\\?\\") || !path.is_absolute())
+    return path;
+  auto whole = path.lexically_normal().make_preferred().native();
+  if (whole.starts_with(L"\\\\")) return fs::path(L"\\\\?\\UNC" + whole.substr(1));
+  return fs::path(L"\\\\?\\" + whole);
 }
 
 #else

@@ -15,20 +15,33 @@ struct Capitals {
   bool every_other;
 };
 
+// clang-format off
 constexpr std::array<Capitals, 23> kCapitals = {{
-    {0x0041, 0x005A, 32, false},                             // A to Z
-    {0x00C0, 0x00D6, 32, false},                             // Latin-1
-    {0x00D8, 0x00DE, 32, false}, {0x0100, 0x012E, 1, true},  // Latin Extended-A, but for the
-                                                             // Turkish i
-    {0x0132, 0x0136, 1, true},   {0x0139, 0x0147, 1, true},   {0x014A, 0x0176, 1, true},
-    {0x0179, 0x017D, 1, true},   {0x01CD, 0x01DB, 1, true},  // Latin Extended-B
-    {0x01DE, 0x01EE, 1, true},   {0x01F8, 0x021E, 1, true},   {0x0222, 0x0232, 1, true},
+    {0x0041, 0x005A, 32, false},  // A to Z
+    {0x00C0, 0x00D6, 32, false},  // Latin-1
+    {0x00D8, 0x00DE, 32, false},
+    {0x0100, 0x012E, 1, true},    // Latin Extended-A, but for the Turkish i
+    {0x0132, 0x0136, 1, true},
+    {0x0139, 0x0147, 1, true},
+    {0x014A, 0x0176, 1, true},
+    {0x0179, 0x017D, 1, true},
+    {0x01CD, 0x01DB, 1, true},    // Latin Extended-B
+    {0x01DE, 0x01EE, 1, true},
+    {0x01F8, 0x021E, 1, true},
+    {0x0222, 0x0232, 1, true},
     {0x0386, 0x0386, 38, false},  // Greek
-    {0x0388, 0x038A, 37, false}, {0x038C, 0x038C, 64, false}, {0x038E, 0x038F, 63, false},
-    {0x0391, 0x03AB, 32, false}, {0x0400, 0x040F, 80, false},  // Cyrillic
-    {0x0410, 0x042F, 32, false}, {0x0460, 0x0480, 1, true},   {0x048A, 0x04BE, 1, true},
-    {0x04C1, 0x04CD, 1, true},   {0x04D0, 0x052E, 1, true},
+    {0x0388, 0x038A, 37, false},
+    {0x038C, 0x038C, 64, false},
+    {0x038E, 0x038F, 63, false},
+    {0x0391, 0x03AB, 32, false},
+    {0x0400, 0x040F, 80, false},  // Cyrillic
+    {0x0410, 0x042F, 32, false},
+    {0x0460, 0x0480, 1, true},
+    {0x048A, 0x04BE, 1, true},
+    {0x04C1, 0x04CD, 1, true},
+    {0x04D0, 0x052E, 1, true},
 }};
+// clang-format on
 
 unsigned Small(unsigned letter)
 {

@@ -39,11 +39,11 @@ class TemporaryFolder {
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
   [[nodiscard]] std::filesystem::path operator/(std::string_view name) const
   {
-    return path_ / name;
+    return path_ / std::u8string(name.begin(), name.end());
   }
 
   /// The folder's path as the program spells paths.
-  [[nodiscard]] std::string Text() const { return path_.string(); }
+  [[nodiscard]] std::string Text() const { return InUtf8(path_); }
 
   /// Names of what the folder holds, sorted.
   [[nodiscard]] std::vector<std::string> Names() const { return NamesIn(path_); }
@@ -52,9 +52,15 @@ class TemporaryFolder {
   {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(folder))
-      names.push_back(entry.path().filename().string());
+      names.push_back(InUtf8(entry.path().filename()));
     std::ranges::sort(names);
     return names;
+  }
+
+  [[nodiscard]] static std::string InUtf8(const std::filesystem::path& path)
+  {
+    const auto text = path.u8string();
+    return {text.begin(), text.end()};
   }
 
  private:
