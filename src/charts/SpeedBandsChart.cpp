@@ -40,7 +40,8 @@ struct Rows {
 
   Rows(const PlotBox& box, int gears) : count(std::max(gears, 1))
   {
-    const double strip = std::clamp(box.Height() * 0.11, 9.0, std::max(20.0, box.Height() * 0.03));
+    const double strip =
+        std::clamp(box.Height() * 0.11, 9.0, std::clamp(box.Height() * 0.05, 20.0, 40.0));
     top = box.top + std::round(strip);
     height = (box.bottom - top) / count;
   }
@@ -54,7 +55,7 @@ void DrawGear(platform::PictureSurface& surface, const PlotXy& plot, const Speed
 {
   const double right = plot.Box().right - 1;
   const double thickness = std::clamp(std::floor(height * 0.3), 2.0, 36.0);
-  const double half_box = std::clamp(std::round(height * 0.12), 2.0, std::max(5.0, height * 0.035));
+  const double half_box = std::clamp(std::round(height * 0.12), 2.0, std::max(5.0, height * 0.06));
   const auto pixel = [&](int rpm) { return plot.PixelX(rpm * gear.speed_per_rpm); };
   const auto band = [&](const Band& limits, double top, platform::Colour colour) {
     if (pixel(limits.low) < right)
@@ -72,7 +73,8 @@ void DrawGear(platform::PictureSurface& surface, const PlotXy& plot, const Speed
 /// Letter height of the gears' numbers.
 double NumberLetters(double row_height, double picture_height)
 {
-  const double suiting = std::min(picture_height * 0.08, std::max(16.0, picture_height * 0.022));
+  const double suiting =
+      std::min(picture_height * 0.08, std::clamp(picture_height * 0.04, 16.0, 28.0));
   return std::max(std::floor(std::min(row_height * 0.6, suiting)), kSmallestLetters - 1);
 }
 

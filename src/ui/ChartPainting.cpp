@@ -190,13 +190,13 @@ void DrawPicture(wxMemoryDC& dc, const app::PictureRecorder& picture)
 
 void DrawReading(wxDC& dc, const wxString& text, wxPoint pointer, wxSize size)
 {
-  constexpr double kLetters = 12;
+  const double letters = std::round(std::clamp(size.y * 0.035, 12.0, 20.0));
   constexpr int kPadding = 5;
   constexpr int kBeside = 12;  ///< from the pointer to the box
   static const wxColour kPaper(255, 255, 225);
   static const wxColour kFrame(118, 118, 118);
   LetterFonts fonts(dc);
-  dc.SetFont(fonts.Of(kLetters));
+  dc.SetFont(fonts.Of(letters));
   wxSize box = dc.GetMultiLineTextExtent(text);
   box.IncBy(2 * kPadding, 2 * kPadding - 4);
   const auto place = [](int at, int length, int room) {

@@ -12,8 +12,8 @@ namespace velquist::platform {
 /// keep them larger.
 void AllowSmallControls(wxWindow& panel);
 
-/// Lets `box`, which is on the screen, move and repaint what it holds without the window around it
-/// being looked at: for something that moves all the time.
+/// Lets `box` place anew what it holds without the window around it being laid out: for something
+/// that moves all the time.
 void KeepToItself(wxWindow& box);
 
 /// What a screen reader says for `control`, and what it can add; an empty text leaves the

@@ -96,13 +96,10 @@ void AllowSmallControls(wxWindow& panel)
 
 void KeepToItself(wxWindow& box)
 {
-  GtkWidget* widget = box.GetHandle();
   // There is nothing in place of it in this version of the toolkit, which has it for good.
   G_GNUC_BEGIN_IGNORE_DEPRECATIONS
-  gtk_container_set_resize_mode(GTK_CONTAINER(widget), GTK_RESIZE_QUEUE);
+  gtk_container_set_resize_mode(GTK_CONTAINER(box.GetHandle()), GTK_RESIZE_QUEUE);
   G_GNUC_END_IGNORE_DEPRECATIONS
-  GdkWindow* window = gtk_widget_get_has_window(widget) ? gtk_widget_get_window(widget) : nullptr;
-  if (window != nullptr) gdk_window_ensure_native(window);
 }
 
 void SetSpoken(wxWindow& control, const wxString& name, const wxString& description)
