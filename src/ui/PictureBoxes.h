@@ -26,6 +26,9 @@ class ChartBox final : public wxWindow {
   /// Repaints when there is another picture than the one painted last.
   void BringInLine();
 
+  /// The text beside the pointer; empty when there is none.
+  [[nodiscard]] const std::string& Reading() const noexcept { return reading_; }
+
  private:
   void OnPaint();
   void OnPointer(std::optional<wxPoint> pointer);

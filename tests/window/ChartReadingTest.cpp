@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include <wx/bitmap.h>
+#include <wx/dcmemory.h>
+#include <wx/dcscreen.h>
+#include <wx/image.h>
+#include <wx/uiaction.h>
+
+#include <vector>
+
+#include "RealWindow.h"
+#include "ui/PictureBoxes.h"
+
+namespace velquist::testing {
+namespace {
+
+class ChartReading : public RealWindow {
+ protected:
+  [[nodiscard]] const ui::ChartBox& Chart(const char* name) const
+  {
+    return dynamic_cast<const ui::ChartBox&>(*Widget(name));
+  }
+  /// Moves the pointer to a place in a picture box.
+  void PointAt(const char* name, wxPoint place)
+  {
+    const wxPoint at = Widget(name)->ClientToScreen(place);
+    mouse_.MouseMove(at.x - 1, at.y);
+    LetTimePass(50);
+    mouse_.MouseMove(at.x, at.y);
+  }
+  bool WaitForReading(const char* name, const std::string& expected)
+  {
+    return WaitUntil([&] { return Chart(name).Reading() == expected; });
+  }
+
+  wxUIActionSimulator mouse_;
+};
+
+TEST_F(ChartReading, IsThatOfThePlaceUnderThePointerAndGoneBesideThePlotBox)
+{
+  Start();
+  PointAt("PictureChart", {150, 60});
+  EXPECT_TRUE(WaitForReading("PictureChart", editor.Window().PictureChart_MouseMove(150, 60)));
+  EXPECT_NE(Chart("PictureChart").Reading(), "");
+  PointAt("PictureChart", {5, 5});
+  EXPECT_TRUE(WaitForReading("PictureChart", ""));
+}
+
+TEST_F(ChartReading, IsGoneWhenThePointerLeavesThePicture)
+{
+  Start();
+  PointAt("PictureChart2", {200, 100});
+  EXPECT_TRUE(WaitUntil([&] { return !Chart("PictureChart2").Reading().empty(); }));
+  PointAt("CmdInc(0)", {5, 5});
+  EXPECT_TRUE(WaitForReading("PictureChart2", ""));
+}
+
+TEST_F(ChartReading, FollowsAnEditUnderAStillPointer)
+{
+  Start();
+  PointAt("PictureChart2", {200, 100});
+  EXPECT_TRUE(WaitForReading("PictureChart2", editor.Window().PictureChart2_MouseMove(200, 100)));
+  const auto before = Chart("PictureChart2").Reading();
+  editor.Play("check OptUnits(1)\n");
+  const auto metric = editor.Window().PictureChart2_MouseMove(200, 100);
+  EXPECT_NE(metric, before);
+  EXPECT_TRUE(WaitForReading("PictureChart2", metric));
+}
+
+TEST_F(ChartReading, IsPaintedAndLeavesNoTrace)
+{
+  Start();
+  const auto pixels = [&] {
+    const auto area = Widget("PictureChart2")->GetScreenRect();
+    wxScreenDC screen;
+    wxBitmap shown(area.width, area.height);
+    wxMemoryDC memory(shown);
+    memory.Blit(0, 0, area.width, area.height, &screen, area.x, area.y);
+    memory.SelectObject(wxNullBitmap);
+    const auto image = shown.ConvertToImage();
+    const auto bytes = static_cast<std::size_t>(area.width * area.height) * 3;
+    return std::vector<unsigned char>(image.GetData(), image.GetData() + bytes);
+  };
+  PointAt("CmdInc(0)", {5, 5});
+  LetTimePass(500);
+  const auto before = pixels();
+  PointAt("PictureChart2", {200, 100});
+  EXPECT_TRUE(WaitUntil([&] { return pixels() != before; }));
+  PointAt("CmdInc(0)", {5, 5});
+  EXPECT_TRUE(WaitUntil([&] { return pixels() == before; }));
+}
+
+}  // namespace
+}  // namespace velquist::testing
