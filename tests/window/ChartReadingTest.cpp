@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <wx/bitmap.h>
+#include <wx/dcclient.h>
 #include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
 #include <wx/image.h>
 #include <wx/uiaction.h>
 
@@ -22,6 +22,8 @@ class ChartReading : public RealWindow {
   /// Moves the pointer to a place in a picture box.
   void PointAt(const char* name, wxPoint place)
   {
+    Frame().Raise();
+    LetTimePass(300);  // until the window has its place on the screen
     const wxPoint at = Widget(name)->ClientToScreen(place);
     mouse_.MouseMove(at.x - 1, at.y);
     LetTimePass(50);
@@ -70,14 +72,14 @@ TEST_F(ChartReading, IsPaintedAndLeavesNoTrace)
 {
   Start();
   const auto pixels = [&] {
-    const auto area = Widget("PictureChart2")->GetScreenRect();
-    wxScreenDC screen;
-    wxBitmap shown(area.width, area.height);
+    const auto area = Widget("PictureChart2")->GetClientSize();
+    wxClientDC chart(Widget("PictureChart2"));
+    wxBitmap shown(area.x, area.y);
     wxMemoryDC memory(shown);
-    memory.Blit(0, 0, area.width, area.height, &screen, area.x, area.y);
+    memory.Blit(0, 0, area.x, area.y, &chart, 0, 0);
     memory.SelectObject(wxNullBitmap);
     const auto image = shown.ConvertToImage();
-    const auto bytes = static_cast<std::size_t>(area.width * area.height) * 3;
+    const auto bytes = static_cast<std::size_t>(area.x * area.y) * 3;
     return std::vector<unsigned char>(image.GetData(), image.GetData() + bytes);
   };
   PointAt("CmdInc(0)", {5, 5});
