@@ -27,9 +27,10 @@ void MainWindow::Event(Command&& command)
   } catch (const ProgramEnd&) {
     ended_ = true;
   } catch (const BoundsError&) {
-    Tell("This cannot be done: the setup or one of the program's data files is damaged or "
-         "incomplete.  Nothing was changed.",
-         platform::Icon::kExclamation);
+    Tell(
+        "This cannot be done: the setup or one of the program's data files is damaged or "
+        "incomplete.  Nothing was changed.",
+        platform::Icon::kExclamation);
   } catch (const FileError& error) {
     Tell(error.Path() + "\n" + error.Reason() + ".", platform::Icon::kExclamation);
   }

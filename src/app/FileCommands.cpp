@@ -67,11 +67,10 @@ bool MainWindow::SaveFirst()
 std::optional<std::string> MainWindow::AskForSetup()
 {
   constexpr int kFirstFormulaFilter = 2;
-  return outside_.dialogs.AskOpenFile(
-      {.filter = OpenFilter(),
-       .filter_index = globals_.formula_index + kFirstFormulaFilter,
-       .start = SetupDirectory() + "\\*.*",
-       .directory = {}});
+  return outside_.dialogs.AskOpenFile({.filter = OpenFilter(),
+                                       .filter_index = globals_.formula_index + kFirstFormulaFilter,
+                                       .start = SetupDirectory() + "\\*.*",
+                                       .directory = {}});
 }
 
 void MainWindow::MnuNew_Click()
@@ -124,8 +123,7 @@ void MainWindow::TakeOpened(const std::string& path, const std::string& name)
   ReadDataFiles();
   ShowSetup();
   ShowFileName(name);
-  const auto chassis =
-      setup::ChassisIndexOf(globals_.ModYearIndex, setup::ChassisCodeOf(name));
+  const auto chassis = setup::ChassisIndexOf(globals_.ModYearIndex, setup::ChassisCodeOf(name));
   Choose(form_.Combo3, chassis.value_or(globals_.chassis_index));
   if (const auto formula = setup::FormulaIndexOf(name)) Choose(form_.Combo6, *formula);
 
@@ -142,9 +140,10 @@ void MainWindow::TakeOpened(const std::string& path, const std::string& name)
 void MainWindow::MnuSave_Click()
 {
   if (globals_.file_name.ends_with(kDefaultSetupEnding)) {
-    Tell("You cannot overwrite the default setup file.  Save As to a different setup file name "
-         "first.",
-         Icon::kInformation);
+    Tell(
+        "You cannot overwrite the default setup file.  Save As to a different setup file name "
+        "first.",
+        Icon::kInformation);
     return;
   }
   const auto path = SetupDirectory() + "\\" + globals_.file_name;
@@ -160,10 +159,10 @@ void MainWindow::MnuSaveAs_Click()
   const auto extension =
       setup::ExtensionOf(globals_.ModYearIndex, globals_.chassis_index, globals_.formula_index);
   const auto pattern = "*." + extension;
-  const auto chosen = outside_.dialogs.AskSaveFile(
-      {.filter = "GPL Setup Files (" + pattern + ")|" + pattern,
-       .start = SetupDirectory() + "\\" + pattern,
-       .extension = extension});
+  const auto chosen =
+      outside_.dialogs.AskSaveFile({.filter = "GPL Setup Files (" + pattern + ")|" + pattern,
+                                    .start = SetupDirectory() + "\\" + pattern,
+                                    .extension = extension});
   if (!chosen) return;
   const auto path = platform::WithExtension(*chosen, extension);
   Write(path, true);

@@ -12,10 +12,10 @@ namespace {
 
 using enum ControlKind;
 
-constexpr int kTitleSize = 14;   ///< titles of frames
-constexpr int kTextSize = 15;    ///< lists and options
+constexpr int kTitleSize = 14;  ///< titles of frames
+constexpr int kTextSize = 15;   ///< lists and options
 constexpr int kCaptionSize = 16;
-constexpr int kValueSize = 18;   ///< values and step buttons
+constexpr int kValueSize = 18;  ///< values and step buttons
 constexpr int kStepHeight = 30;
 
 /// Pixels; smaller letters cannot be read on any screen.
@@ -23,30 +23,54 @@ constexpr int kSmallestLetters = 9;
 
 /// How a slot's buttons are called in tool tips and for screen readers.
 constexpr std::array<std::string_view, kSlotControls> kSlotNames = {
-    "left front tire pressure",  "right front tire pressure",
-    "left rear tire pressure",   "right rear tire pressure",
-    "left front wheel rate",     "right front wheel rate",
-    "left rear wheel rate",      "right rear wheel rate",
-    "left front bump",           "right front bump",
-    "left rear bump",            "right rear bump",
-    "left front rebound",        "right front rebound",
-    "left rear rebound",         "right rear rebound",
-    "left front camber",         "right front camber",
-    "left rear camber",          "right rear camber",
-    "left front bump rubber",    "right front bump rubber",
-    "left rear bump rubber",     "right rear bump rubber",
-    "front toe in",              "rear toe in",
-    "front roll bar stiffness",  "rear roll bar stiffness",
-    "front static ride height",  "rear static ride height",
-    "fuel level",                "steering ratio",
-    "front brake bias",          "front wing",
-    "rear wing",                 "",
-    "",                          "",
-    "",                          "",
-    "",                          "",
-    "1st gear",                  "2nd gear",
-    "3rd gear",                  "4th gear",
-    "5th gear",                  "6th gear",
+    "left front tire pressure",
+    "right front tire pressure",
+    "left rear tire pressure",
+    "right rear tire pressure",
+    "left front wheel rate",
+    "right front wheel rate",
+    "left rear wheel rate",
+    "right rear wheel rate",
+    "left front bump",
+    "right front bump",
+    "left rear bump",
+    "right rear bump",
+    "left front rebound",
+    "right front rebound",
+    "left rear rebound",
+    "right rear rebound",
+    "left front camber",
+    "right front camber",
+    "left rear camber",
+    "right rear camber",
+    "left front bump rubber",
+    "right front bump rubber",
+    "left rear bump rubber",
+    "right rear bump rubber",
+    "front toe in",
+    "rear toe in",
+    "front roll bar stiffness",
+    "rear roll bar stiffness",
+    "front static ride height",
+    "rear static ride height",
+    "fuel level",
+    "steering ratio",
+    "front brake bias",
+    "front wing",
+    "rear wing",
+    "",
+    "",
+    "",
+    "",
+    "",
+    "",
+    "",
+    "1st gear",
+    "2nd gear",
+    "3rd gear",
+    "4th gear",
+    "5th gear",
+    "6th gear",
 };
 
 /// Collects the rows and keeps the texts that are put together here.
@@ -73,8 +97,9 @@ class Designer {
     frame_index_ = -1;
   }
 
-  void Add(ControlKind kind, std::string_view name, int index, std::string_view caption, Place place,
-           int font_size = kTextSize, std::string_view spoken = {}, std::string_view tip = {})
+  void Add(ControlKind kind, std::string_view name, int index, std::string_view caption,
+           Place place, int font_size = kTextSize, std::string_view spoken = {},
+           std::string_view tip = {})
   {
     rows.push_back(
         {name, index, kind, frame_, frame_index_, place, font_size, caption, spoken, tip, {}});
@@ -89,11 +114,11 @@ class Designer {
     const auto& increase = texts_.emplace_back("Increase " + name);
     const int value_left = left + button_width + kGap;
     const int increase_left = value_left + value_width + kGap;
-    Add(kButton, "CmdDec", slot, "\u25C4", {left, top, button_width, kStepHeight}, kValueSize, decrease,
-        decrease);
+    Add(kButton, "CmdDec", slot, "\u25C4", {left, top, button_width, kStepHeight}, kValueSize,
+        decrease, decrease);
     Add(kLabel, "Label1", slot, "", {value_left, top, value_width, kStepHeight}, kValueSize);
-    Add(kButton, "CmdInc", slot, "\u25BA", {increase_left, top, button_width, kStepHeight}, kValueSize,
-        increase, increase);
+    Add(kButton, "CmdInc", slot, "\u25BA", {increase_left, top, button_width, kStepHeight},
+        kValueSize, increase, increase);
   }
 
  private:
@@ -110,7 +135,8 @@ void Menus(Designer& form)
   form.Menu("MnuSave", "MnuFile", "&Save", "Save into the player's directory of the track",
             "Ctrl+S");
   form.Menu("MnuSaveAs", "MnuFile", "Save &As...", "Save under another name", "Ctrl+Shift+S");
-  form.Menu("MnuRevert", "MnuFile", "&Revert to Default", "Go back to the mod year's default setup");
+  form.Menu("MnuRevert", "MnuFile", "&Revert to Default",
+            "Go back to the mod year's default setup");
   form.Menu("MnuExport", "MnuFile", "&Export Text", "Write the setup as a readable text file");
   form.Menu("MnuExit", "MnuFile", "E&xit", "End the program", "Ctrl+Q");
   form.Menu("MnuTools", "", "&Tools");
@@ -174,8 +200,8 @@ void Axle(Designer& form, int frame_index, std::string_view title, int top, bool
            kCaptionSize);
   // Camber's unit is spelled out until the first values are shown.
   constexpr std::array<std::string_view, 6> kCaptions = {
-      "Tire Pressure, psi", "Wheel Rate, lbs/in", "Bump",
-      "Rebound",            "Camber, degrees",    "Bump Rubber, in"};
+      "Tire Pressure, psi", "Wheel Rate, lbs/in", "Bump", "Rebound",
+      "Camber, degrees",    "Bump Rubber, in"};
   for (int row = 0; row < 6; ++row) {
     const int left_slot = 4 * row + (front ? 0 : 2);
     const int y = top + 44 + row * kRowPitch;

@@ -15,11 +15,11 @@ namespace velquist::app {
 
 /// All state of the program but what the window shows.
 struct Globals {
-  setup::Bytes SetupBuffer;     ///< the setup file as it was read
-  data::SetupData setup_data;   ///< limits and steps, current values in column 0
+  setup::Bytes SetupBuffer;    ///< the setup file as it was read
+  data::SetupData setup_data;  ///< limits and steps, current values in column 0
   data::GearData GearData;
-  data::EngineCurve curve;      ///< of the engine last computed
-  charts::SpeedBands bands;     ///< as last drawn
+  data::EngineCurve curve;   ///< of the engine last computed
+  charts::SpeedBands bands;  ///< as last drawn
 
   std::int16_t ModYearIndex = 0;  ///< 0 = 1967, 1 = 1965, 2 = 1966, 3 = 1969, 4 = GT
   std::int16_t chassis_index = 0;

@@ -23,8 +23,11 @@ struct Member {
   std::span<Control> (*of)(MainForm& form);
 };
 
-#define VELQUIST_MEMBER(name) \
-  Member { #name, [](MainForm& form) { return Places(form.name); } }
+#define VELQUIST_MEMBER(name)                                \
+  Member                                                     \
+  {                                                          \
+#name, [](MainForm & form) { return Places(form.name); } \
+  }
 
 constexpr std::array kMembers = {
     VELQUIST_MEMBER(CmdInc),

@@ -28,14 +28,14 @@ struct ControlDesign {
   std::string_view name;
   int index = -1;  ///< place in its control array, -1 for a single control
   ControlKind kind = ControlKind::kLabel;
-  std::string_view frame;   ///< name of the frame or menu around it, empty at the top
+  std::string_view frame;  ///< name of the frame or menu around it, empty at the top
   int frame_index = -1;
-  Place place;              ///< at a screen of 1280 x 1024; empty for menus
-  int font_size = 0;        ///< pixels of letter height at that screen
-  std::string_view caption; ///< initial text; `&` marks the mnemonic
-  std::string_view spoken;  ///< accessible name where the caption does not say it
+  Place place;               ///< at a screen of 1280 x 1024; empty for menus
+  int font_size = 0;         ///< pixels of letter height at that screen
+  std::string_view caption;  ///< initial text; `&` marks the mnemonic
+  std::string_view spoken;   ///< accessible name where the caption does not say it
   std::string_view tip;
-  std::string_view shortcut;///< "Ctrl+O"
+  std::string_view shortcut;  ///< "Ctrl+O"
 };
 
 /// A control as the window shows it. `shown` is the control's own state; a control inside a hidden
@@ -63,8 +63,10 @@ struct MainForm {
   // Indexed by parameter slot; only slots with such a control are filled.
   std::array<Control, kSlotControls> CmdInc, CmdDec;
   std::array<Control, kSlotControls> Label1;  ///< value
-  std::array<Control, kSlotControls> Label2;  ///< overall ratio (42 to 47), locking percent (49, 50)
-  std::array<Control, kSlotControls> Label3;  ///< row captions 0 to 22, gear and list captions by slot
+  std::array<Control, kSlotControls>
+      Label2;  ///< overall ratio (42 to 47), locking percent (49, 50)
+  std::array<Control, kSlotControls>
+      Label3;  ///< row captions 0 to 22, gear and list captions by slot
 
   std::array<Control, 4> Combo1;  ///< differential ratio, power angle, coast angle, clutches
   Control Combo2;                 ///< mod year
@@ -95,9 +97,9 @@ struct MainForm {
   Control MnuHelp, MnuHelp2, MnuAbout;
 
   // What is drawn in the picture boxes.
-  PictureRecorder chart;        ///< in PictureChart
-  PictureRecorder chart2;       ///< in PictureChart2
-  std::string car_picture;      ///< path of the picture in GEMPic1, empty for the built-in one
+  PictureRecorder chart;    ///< in PictureChart
+  PictureRecorder chart2;   ///< in PictureChart2
+  std::string car_picture;  ///< path of the picture in GEMPic1, empty for the built-in one
 
   /// Every control captioned and placed as at a screen of 1280 x 1024.
   MainForm();

@@ -25,10 +25,8 @@ void MainWindow::Fire(const Control& control)
 {
   using Window = MainWindow;
   static constexpr std::array kHandlers = {
-      Clickable{"CmdInc",
-                [](Window& w, int i) { w.Step_Click(i, edit::Direction::kIncrease); }},
-      Clickable{"CmdDec",
-                [](Window& w, int i) { w.Step_Click(i, edit::Direction::kDecrease); }},
+      Clickable{"CmdInc", [](Window& w, int i) { w.Step_Click(i, edit::Direction::kIncrease); }},
+      Clickable{"CmdDec", [](Window& w, int i) { w.Step_Click(i, edit::Direction::kDecrease); }},
       Clickable{"Combo1", [](Window& w, int i) { w.Combo1_Click(i); }},
       Clickable{"Combo2", [](Window& w, int) { w.Combo2_Click(); }},
       Clickable{"Combo3", [](Window& w, int) { w.Combo3_Click(); }},

@@ -87,8 +87,8 @@ void MainWindow::ShowCarPicture()
   const auto temporary = outside_.program_directory + "\\MyPicture.tmp";
   try {
     const auto picture = outside_.resources.Picture();
-    outside_.files.WriteText(
-        temporary, {reinterpret_cast<const char*>(picture.data()), picture.size()});
+    outside_.files.WriteText(temporary,
+                             {reinterpret_cast<const char*>(picture.data()), picture.size()});
     form_.car_picture = temporary;
   } catch (const FileError&) {
     // Without a place for the file the window takes the picture from the program itself.

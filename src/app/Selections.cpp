@@ -71,8 +71,8 @@ class DeleteForm final : public platform::InstallDeleteForm {
 void MainWindow::FillPlayersAndTracks()
 {
   form_.Combo4.items = install::ListPlayers(outside_.files, globals_.installation);
-  const auto player = globals_.from_command_line ? install::PlayerOfPath(globals_.command_line)
-                                                 : std::nullopt;
+  const auto player =
+      globals_.from_command_line ? install::PlayerOfPath(globals_.command_line) : std::nullopt;
   if (player)
     ChooseOrAdd(form_.Combo4, AsListed(form_.Combo4, *player));
   else
@@ -164,8 +164,8 @@ void MainWindow::FillModYears()
 {
   ListModYears();
   if (globals_.from_command_line) {
-    const auto chassis = setup::ChassisIndexOf(
-        globals_.ModYearIndex, setup::ChassisCodeOf(globals_.command_line));
+    const auto chassis =
+        setup::ChassisIndexOf(globals_.ModYearIndex, setup::ChassisCodeOf(globals_.command_line));
     if (chassis) globals_.chassis_index = static_cast<std::int16_t>(*chassis);
     const auto formula = setup::FormulaIndexOf(globals_.command_line);
     if (formula) globals_.formula_index = static_cast<std::int16_t>(*formula);
@@ -236,9 +236,8 @@ void MainWindow::Combo7_Click()
 void MainWindow::MnuAddInstall_Click()
 {
   if (!SaveFirst()) return;
-  const auto chosen = outside_.dialogs.AskOpenFile({.filter = "GPL .exe Files|*.exe",
-                                                    .start = {},
-                                                    .directory = outside_.program_directory});
+  const auto chosen = outside_.dialogs.AskOpenFile(
+      {.filter = "GPL .exe Files|*.exe", .start = {}, .directory = outside_.program_directory});
   if (!chosen) return;
   const auto installation = std::string(platform::DirectoryOf(*chosen));
   if (std::ranges::find(form_.Combo7.items, installation) != form_.Combo7.items.end()) {

@@ -42,9 +42,10 @@ void MainWindow::Form_Load(std::string_view command_line)
     globals_.ready = false;
     const auto& screen = outside_.screen;
     if (screen.Width() < kNarrowestScreen)
-      Tell("Velquist does not support screen resolutions less than 800x600.  You should increase "
-           "your screen resolution if possible.",
-           Icon::kInformation);
+      Tell(
+          "Velquist does not support screen resolutions less than 800x600.  You should increase "
+          "your screen resolution if possible.",
+          Icon::kInformation);
     ScaleControls(form_, ScaleFor(screen.Width(), screen.Height()));
     LayOut();
     form_.caption = "Velquist v" + Version();
@@ -87,9 +88,10 @@ void MainWindow::LoadProgramSettings()
   } catch (const install::SettingsError&) {
   } catch (const FileError&) {
   }
-  EndWith("Your saved Velquist Program Settings.ini file is not valid.  Please delete any existing "
-          "file and restart the program to try again.",
-          Icon::kInformation);
+  EndWith(
+      "Your saved Velquist Program Settings.ini file is not valid.  Please delete any existing "
+      "file and restart the program to try again.",
+      Icon::kInformation);
 }
 
 void MainWindow::ReadSettingsFile(const std::string& path)
@@ -105,27 +107,29 @@ void MainWindow::ReadSettingsFile(const std::string& path)
   form_.Combo7.items = settings.installations;
   ChooseOrAdd(form_.Combo7, settings.installation);
   if (!install::HasPlayers(outside_.files, settings.installation))
-    EndWith("The Velquist Program Settings.ini file is bad.\r"
-            "Delete your program settings .ini file and restart the program to try again.",
-            Icon::kCritical);
+    EndWith(
+        "The Velquist Program Settings.ini file is bad.\r"
+        "Delete your program settings .ini file and restart the program to try again.",
+        Icon::kCritical);
   MnuFormat_Click(settings.format_flag != 0);
 }
 
 void MainWindow::FirstRun()
 {
-  Tell("You are missing the program's saved Program Settings file.  Please select your gpl.exe "
-       "file.",
-       Icon::kExclamation);
-  const auto chosen = outside_.dialogs.AskOpenFile({.filter = "GPL .exe Files|*.exe",
-                                                    .start = {},
-                                                    .directory = outside_.program_directory});
+  Tell(
+      "You are missing the program's saved Program Settings file.  Please select your gpl.exe "
+      "file.",
+      Icon::kExclamation);
+  const auto chosen = outside_.dialogs.AskOpenFile(
+      {.filter = "GPL .exe Files|*.exe", .start = {}, .directory = outside_.program_directory});
   if (!chosen || platform::LastSeparator(*chosen) == std::string::npos)
     throw install::SettingsError("no gpl.exe was chosen");
   const auto installation = std::string(platform::DirectoryOf(*chosen));
   if (!install::HasPlayers(outside_.files, installation))
-    EndWith("This is not a valid GPL directory as it is missing the Players directory.  Restart "
-            "the program to try again.",
-            Icon::kInformation);
+    EndWith(
+        "This is not a valid GPL directory as it is missing the Players directory.  Restart "
+        "the program to try again.",
+        Icon::kInformation);
   globals_.installation = installation;
   form_.Combo7.items = {installation};
   ChooseText(form_.Combo7, installation);
@@ -252,9 +256,10 @@ void MainWindow::LoadDefaultSetup()
   const std::string name(kDefaults[year]);
   const auto path = outside_.program_directory + "\\" + name;
   if (!outside_.files.Exists(path))
-    EndWith("You are missing the program's saved default setup file for this mod year.  Please "
-            "reinstall Velquist.",
-            Icon::kCritical);
+    EndWith(
+        "You are missing the program's saved default setup file for this mod year.  Please "
+        "reinstall Velquist.",
+        Icon::kCritical);
   setup::ReadSetupFile(outside_.files, path, globals_.SetupBuffer);
   ShowFileName(name);
 }

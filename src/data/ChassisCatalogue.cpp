@@ -175,9 +175,8 @@ constexpr YearEngines kEnginesGT = Filled({
 
 // clang-format on
 
-constexpr std::array<YearEngines, kModYearCount> kEngines = {kEngines1967, kEngines1965,
-                                                             kEngines1966, kEngines1969,
-                                                             kEnginesGT};
+constexpr std::array<YearEngines, kModYearCount> kEngines = {
+    kEngines1967, kEngines1965, kEngines1966, kEngines1969, kEnginesGT};
 
 std::span<const std::string_view> NamesOf(int ModYearIndex)
 {

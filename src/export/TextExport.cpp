@@ -28,7 +28,8 @@ class Line {
 
   Line& At(std::size_t zone, std::string_view item)
   {
-    const auto start = std::max(zone, text_.size() / kZoneWidth + (text_.empty() ? 0 : 1)) * kZoneWidth;
+    const auto start =
+        std::max(zone, text_.size() / kZoneWidth + (text_.empty() ? 0 : 1)) * kZoneWidth;
     text_.resize(start, ' ');
     text_ += item;
     return *this;
@@ -93,7 +94,8 @@ constexpr std::array<Row, 38> kRows = {{
     kBlankLine,
 }};
 
-constexpr std::array<std::string_view, 6> kOrdinals = {"1st ", "2nd ", "3rd ", "4th ", "5th ", "6th "};
+constexpr std::array<std::string_view, 6> kOrdinals = {"1st ", "2nd ", "3rd ",
+                                                       "4th ", "5th ", "6th "};
 
 std::string Item(const data::SetupData& values, int slot)
 {
@@ -104,8 +106,7 @@ std::string Item(const data::SetupData& values, int slot)
 std::string RowText(const Row& row, const data::SetupData& values)
 {
   Line line{std::string(row.label)};
-  if (row.left != kNone)
-    line.At(kLeftZone, row.left == kHeads ? "Left" : Item(values, row.left));
+  if (row.left != kNone) line.At(kLeftZone, row.left == kHeads ? "Left" : Item(values, row.left));
   if (row.right != kNone)
     line.At(kRightZone, row.right == kHeads ? "Right" : Item(values, row.right));
   return std::move(line).Ended();

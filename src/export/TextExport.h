@@ -11,11 +11,11 @@ namespace velquist::text_export {
 
 /// What the text names besides the values.
 struct Subject {
-  std::string_view file_name;     ///< current file name
-  std::string_view mod_year;      ///< "1967"
+  std::string_view file_name;  ///< current file name
+  std::string_view mod_year;   ///< "1967"
   std::string_view chassis_name;
-  int formula = 1;                ///< 1 to 3
-  int gear_count = 5;             ///< gear lines, six at most
+  int formula = 1;     ///< 1 to 3
+  int gear_count = 5;  ///< gear lines, six at most
 };
 
 /// The setup as a readable table, English units, CR LF. Values start in column 43, right-side

@@ -15,14 +15,14 @@ inline constexpr std::string_view kSettingsFileName = "Velquist Program Settings
 /// What the program remembers from one run to the next. The numbers are those of the file: they may
 /// lie beyond the lists that they are applied to.
 struct ProgramSettings {
-  std::string installation;        ///< current one, no trailing separator
+  std::string installation;  ///< current one, no trailing separator
   std::int16_t player_index = 0;
-  std::int16_t ModYearIndex = 0;   ///< 0 = 1967, 1 = 1965, 2 = 1966, 3 = 1969, 4 = GT
-  std::int16_t format_flag = 0;    ///< 0 = short layout, else long
+  std::int16_t ModYearIndex = 0;  ///< 0 = 1967, 1 = 1965, 2 = 1966, 3 = 1969, 4 = GT
+  std::int16_t format_flag = 0;   ///< 0 = short layout, else long
   std::int16_t chassis_index = 0;
   std::int16_t formula_index = 0;
   std::int16_t track_index = 0;
-  std::int16_t units = 0;          ///< 0 = English, 1 = metric
+  std::int16_t units = 0;                  ///< 0 = English, 1 = metric
   std::vector<std::string> installations;  ///< in list order
 
   friend bool operator==(const ProgramSettings&, const ProgramSettings&) = default;

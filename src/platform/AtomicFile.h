@@ -13,6 +13,6 @@ namespace velquist::platform {
 /// failure the old file is whole, no temporary file is left, and FileError tells `shown_path` and
 /// the reason.
 void WriteAtomically(const std::filesystem::path& target, std::span<const std::byte> bytes,
-                 std::string_view shown_path);
+                     std::string_view shown_path);
 
 }  // namespace velquist::platform

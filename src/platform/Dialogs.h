@@ -15,10 +15,10 @@ enum class Answer { kOk, kYes, kNo };
 /// What an open dialog shows. Both open dialogs require an existing file and hide the read-only
 /// box.
 struct OpenRequest {
-  std::string filter;      ///< "Name|*.a;*.b|Name|*.c"
-  int filter_index = 1;    ///< preselected filter, counted from 1
-  std::string start;       ///< start name (directory and pattern), or empty
-  std::string directory;   ///< initial directory when `start` is empty
+  std::string filter;     ///< "Name|*.a;*.b|Name|*.c"
+  int filter_index = 1;   ///< preselected filter, counted from 1
+  std::string start;      ///< start name (directory and pattern), or empty
+  std::string directory;  ///< initial directory when `start` is empty
 };
 
 /// What the save dialog shows. It asks itself before an existing file is chosen; the file that will

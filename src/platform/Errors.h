@@ -18,9 +18,9 @@ class BoundsError : public std::runtime_error {
 class FileError : public std::runtime_error {
  public:
   FileError(std::string path, std::string reason)
-      : std::runtime_error(path + ": " + reason),
-        path_(std::move(path)),
-        reason_(std::move(reason)) {}
+      : std::runtime_error(path + ": " + reason), path_(std::move(path)), reason_(std::move(reason))
+  {
+  }
 
   [[nodiscard]] const std::string& Path() const noexcept { return path_; }
   [[nodiscard]] const std::string& Reason() const noexcept { return reason_; }

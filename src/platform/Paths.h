@@ -9,7 +9,10 @@
 /// where a function says so.
 namespace velquist::platform {
 
-[[nodiscard]] constexpr bool IsSeparator(char c) noexcept { return c == '\\' || c == '/'; }
+[[nodiscard]] constexpr bool IsSeparator(char c) noexcept
+{
+  return c == '\\' || c == '/';
+}
 
 /// Equal but for the case of ASCII letters and the kind of separator.
 [[nodiscard]] bool SamePathText(std::string_view a, std::string_view b) noexcept;

@@ -71,8 +71,7 @@ struct Identity {
 /// that mod is not installed.
 [[nodiscard]] bool ModYearFromFile(std::string_view file_name,
                                    std::span<const std::byte> SetupBuffer,
-                                   std::string_view installation,
-                                   const platform::FileSystem& files, platform::Dialogs& dialogs,
-                                   std::int16_t& ModYearIndex);
+                                   std::string_view installation, const platform::FileSystem& files,
+                                   platform::Dialogs& dialogs, std::int16_t& ModYearIndex);
 
 }  // namespace velquist::setup

@@ -98,8 +98,8 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
 void FrmMain::FitToDesktop()
 {
   const int at = wxDisplay::GetFromWindow(this);
-  const wxRect desktop = wxDisplay(at == wxNOT_FOUND ? 0U : static_cast<unsigned>(at))
-                             .GetClientArea();
+  const wxRect desktop =
+      wxDisplay(at == wxNOT_FOUND ? 0U : static_cast<unsigned>(at)).GetClientArea();
   const wxSize size = GetSize();
   const wxSize fitting(std::min(size.x, desktop.width), std::min(size.y, desktop.height));
   if (fitting != size) SetSize(fitting);
@@ -149,12 +149,12 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id, b
   }
   if (design.name == "PictureChart")
     return chart_ = new ChartBox(panel_, id, name, form.chart, [this](double x, double y) {
-      return window_.PictureChart_MouseMove(x, y);
-    });
+             return window_.PictureChart_MouseMove(x, y);
+           });
   if (design.name == "PictureChart2")
     return chart2_ = new ChartBox(panel_, id, name, form.chart2, [this](double x, double y) {
-      return window_.PictureChart2_MouseMove(x, y);
-    });
+             return window_.PictureChart2_MouseMove(x, y);
+           });
   if (design.name == "GEMPic1") return car_ = new CarPictureBox(panel_, id, name, pictures);
   return new MarqueeBox(panel_, id, name);
 }

@@ -59,9 +59,9 @@ void Menus::Add(const app::Control& control, int id)
     entry.parent = parent->menu;
     if (IsOneOf(design.name, kGroups)) entry.parent->AppendSeparator();
     const bool exclusive = design.frame == kExclusiveMenu;
-    entry.item = new wxMenuItem(entry.parent, id, EntryText(control),
-                                platform::FromText(design.tip),
-                                exclusive ? wxITEM_RADIO : wxITEM_NORMAL, entry.menu);
+    entry.item =
+        new wxMenuItem(entry.parent, id, EntryText(control), platform::FromText(design.tip),
+                       exclusive ? wxITEM_RADIO : wxITEM_NORMAL, entry.menu);
     entry.parent->Append(entry.item);
   } else {
     bar_->Append(entry.menu, EntryText(control));
@@ -113,8 +113,8 @@ void Menus::ShowEntry(Entry& entry, bool shown)
     entry.parent->FindChildItem(other.item->GetId(), &position);
     at = position + 1;
   }
-  const bool line_follows = at < entry.parent->GetMenuItemCount() &&
-                            entry.parent->FindItemByPosition(at)->IsSeparator();
+  const bool line_follows =
+      at < entry.parent->GetMenuItemCount() && entry.parent->FindItemByPosition(at)->IsSeparator();
   if (line_follows && IsOneOf(entry.control->design->name, kGroups)) ++at;
   entry.parent->Insert(at, entry.item);
 }
@@ -125,9 +125,8 @@ std::optional<Menus::Seen> Menus::Look(std::string_view name) const
   if (found == nullptr) return std::nullopt;
   const Entry& entry = *found;
   if (entry.item == nullptr) {
-    const auto position = static_cast<std::size_t>(
-        std::count_if(entries_.data(), &entry,
-                      [](const Entry& other) { return other.item == nullptr; }));
+    const auto position = static_cast<std::size_t>(std::count_if(
+        entries_.data(), &entry, [](const Entry& other) { return other.item == nullptr; }));
     return Seen{platform::ToText(bar_->GetMenuLabelText(position)), true,
                 bar_->IsEnabledTop(position), false};
   }

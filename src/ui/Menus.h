@@ -44,7 +44,7 @@ class Menus {
     wxMenu* menu = nullptr;      ///< what it opens, null for a command
     wxMenuItem* item = nullptr;  ///< null in the bar
     bool shown = true;
-    std::string text;            ///< as last shown
+    std::string text;  ///< as last shown
   };
 
   [[nodiscard]] const Entry* Find(std::string_view name) const;

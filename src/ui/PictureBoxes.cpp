@@ -17,8 +17,7 @@ namespace {
 /// make one of the window's.
 wxBitmap Fitted(const wxImage& image, wxSize box, double scale)
 {
-  const auto fitted =
-      app::FittedPicture({image.GetWidth(), image.GetHeight()}, {box.x, box.y});
+  const auto fitted = app::FittedPicture({image.GetWidth(), image.GetHeight()}, {box.x, box.y});
   return {image.Scale(fitted.width, fitted.height, wxIMAGE_QUALITY_HIGH), wxBITMAP_SCREEN_DEPTH,
           scale};
 }

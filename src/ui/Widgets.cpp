@@ -35,8 +35,8 @@ wxString LabelText(const app::Control& control)
 long LabelStyle(const app::ControlDesign& design)
 {
   if (design.name == "Label4") return wxALIGN_LEFT | wxST_ELLIPSIZE_MIDDLE;
-  const bool of_list = design.name == "Label5" ||
-                       (design.name == "Label3" && design.index >= kFirstListSlot);
+  const bool of_list =
+      design.name == "Label5" || (design.name == "Label3" && design.index >= kFirstListSlot);
   return of_list || design.name == "LblMarquee" ? wxALIGN_LEFT : wxALIGN_CENTRE_HORIZONTAL;
 }
 
@@ -88,9 +88,7 @@ void ControlWidget::TakeUserChange()
     case ControlKind::kList:
       last_.selection = static_cast<wxChoice*>(window_)->GetSelection();
       break;
-    case ControlKind::kCheck:
-      last_.checked = static_cast<wxCheckBox*>(window_)->GetValue();
-      break;
+    case ControlKind::kCheck: last_.checked = static_cast<wxCheckBox*>(window_)->GetValue(); break;
     case ControlKind::kOption:
       last_.checked = static_cast<wxRadioButton*>(window_)->GetValue();
       break;
@@ -160,8 +158,7 @@ wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindo
     case ControlKind::kOption:
       return new wxRadioButton(parent, id, wxString(), at, size, first_option ? wxRB_GROUP : 0,
                                wxDefaultValidator, name);
-    case ControlKind::kFrame:
-      return new wxStaticBox(parent, id, wxString(), at, size, 0, name);
+    case ControlKind::kFrame: return new wxStaticBox(parent, id, wxString(), at, size, 0, name);
     default: {
       const long style = wxST_NO_AUTORESIZE | LabelStyle(design);
       auto* const label = new wxStaticText(parent, id, wxString(), at, size, style, name);

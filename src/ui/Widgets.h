@@ -39,7 +39,7 @@ class ControlWidget {
 
   const app::Control* control_;
   wxWindow* window_;
-  app::Control last_;     ///< as last shown; an empty text, no items and no place at first
+  app::Control last_;  ///< as last shown; an empty text, no items and no place at first
   wxPoint last_origin_;
 };
 

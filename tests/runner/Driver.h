@@ -19,7 +19,7 @@ struct SeenControl {
   std::string text;  ///< without mnemonic and shortcut; of a list: the selected item
   std::vector<std::string> items;
   int selection = -1;
-  bool shown = true;  ///< itself and every frame or menu around it
+  bool shown = true;    ///< itself and every frame or menu around it
   bool enabled = true;  ///< its own state, whatever the frame around it
   bool checked = false;
   app::Place place;

@@ -91,8 +91,7 @@ void DumpBands(Play& play)
 
 std::string ColourText(platform::Colour colour)
 {
-  const std::array bytes = {std::byte{colour.red}, std::byte{colour.green},
-                            std::byte{colour.blue}};
+  const std::array bytes = {std::byte{colour.red}, std::byte{colour.green}, std::byte{colour.blue}};
   auto digits = HexBytes(bytes);
   std::erase(digits, ' ');
   return "#" + digits;
@@ -139,8 +138,8 @@ void DumpControls(Play& play)
   });
   for (const auto& control : controls) {
     const auto seen = play.Seen(control);
-    play.out << control.Text() << ' ' << KindName(seen.kind)
-             << (seen.shown ? " shown" : " hidden") << (seen.enabled ? " enabled" : " disabled");
+    play.out << control.Text() << ' ' << KindName(seen.kind) << (seen.shown ? " shown" : " hidden")
+             << (seen.enabled ? " enabled" : " disabled");
     if (HasCheckMark(control, seen.kind)) play.out << (seen.checked ? " checked" : " unchecked");
     if (seen.kind == ControlKind::kList) play.out << " #" << seen.selection;
     play.out << ' ' << Quoted(seen.text);
@@ -172,9 +171,8 @@ void DumpState(Play& play)
 }
 
 const std::map<std::string_view, void (*)(Play&)> kDumps = {
-    {"slots", DumpSlots}, {"buffer", DumpBuffer}, {"data", DumpData},
-    {"gears", DumpGears}, {"curve", DumpCurve},   {"bands", DumpBands},
-    {"state", DumpState}, {"controls", DumpControls},
+    {"slots", DumpSlots}, {"buffer", DumpBuffer}, {"data", DumpData},   {"gears", DumpGears},
+    {"curve", DumpCurve}, {"bands", DumpBands},   {"state", DumpState}, {"controls", DumpControls},
 };
 
 }  // namespace

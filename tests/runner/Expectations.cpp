@@ -59,7 +59,7 @@ void CompareSize(const std::string& what, std::size_t got, int expected)
 }
 
 /// `expect NAME TRUE_WORD|FALSE_WORD`.
-Step State(const ControlName& control, bool SeenControl::* state, bool expected,
+Step State(const ControlName& control, bool SeenControl::*state, bool expected,
            std::string_view true_word, std::string_view false_word)
 {
   return [=](Play& play) {
@@ -198,10 +198,10 @@ Step ExpectFile(WordReader& words)
     const auto expected = Contents(play, other);
     if (bytes == expected) return;
     const auto differs = std::ranges::mismatch(bytes, expected).in1 - bytes.begin();
-    throw Failure(what + " same " + other,
-                  std::to_string(bytes.size()) + " bytes against " +
-                      std::to_string(expected.size()) + ", the first difference at " +
-                      std::to_string(differs));
+    throw Failure(what + " same " + other, std::to_string(bytes.size()) + " bytes against " +
+                                               std::to_string(expected.size()) +
+                                               ", the first difference at " +
+                                               std::to_string(differs));
   };
 }
 

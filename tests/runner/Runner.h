@@ -32,8 +32,8 @@ class Runner {
   using MakeDriver = std::function<std::unique_ptr<Driver>()>;
 
   /// Dumps go to `out`, everything else to `log`.
-  Runner(Options options, MakeDriver make_driver, platform::Resources& resources,
-         std::ostream& out, std::ostream& log);
+  Runner(Options options, MakeDriver make_driver, platform::Resources& resources, std::ostream& out,
+         std::ostream& log);
 
   /// `name` is how messages call the script.
   [[nodiscard]] Outcome PlayScript(std::string_view script, const std::string& name);

@@ -208,10 +208,10 @@ ControlName WordReader::Control()
   const auto bracket = text.find('(');
   ControlName control{text.substr(0, bracket), -1};
   if (bracket != std::string::npos) {
-    const auto index = text.ends_with(')')
-                           ? ParseWhole(std::string_view(text).substr(
-                                 bracket + 1, text.size() - bracket - 2))
-                           : std::nullopt;
+    const auto index =
+        text.ends_with(')')
+            ? ParseWhole(std::string_view(text).substr(bracket + 1, text.size() - bracket - 2))
+            : std::nullopt;
     if (!index || *index < 0 || *index > std::numeric_limits<int>::max())
       Fail(text + " is no control's name");
     control.index = static_cast<int>(*index);

@@ -194,8 +194,9 @@ class ScriptedPlatform {
 
   [[nodiscard]] app::Outside Outside(std::string program_directory, platform::Resources& resources)
   {
-    return {files,  dialogs,  process,   clock, random,
-            screen, pictures, resources, std::move(program_directory)};
+    return {files,    dialogs,   process,
+            clock,    random,    screen,
+            pictures, resources, std::move(program_directory)};
   }
 
   Announcements announcements;

@@ -82,8 +82,9 @@ std::vector<std::byte> MakeSetupFile(const SetupFile& setup)
 {
   constexpr std::byte kBlank{' '};
   std::vector<std::byte> bytes(setup.long_layout ? kLongSize : kShortSize);
-  Put(bytes, 0, std::uint32_t{'P'} | std::uint32_t{'G'} << 8U | std::uint32_t{'T'} << 16U |
-                    std::uint32_t{'S'} << 24U);
+  Put(bytes, 0,
+      std::uint32_t{'P'} | std::uint32_t{'G'} << 8U | std::uint32_t{'T'} << 16U |
+          std::uint32_t{'S'} << 24U);
   bytes[4] = std::byte{setup.long_layout ? std::uint8_t{4} : std::uint8_t{3}};
   bytes[8] = std::byte{setup.long_layout ? std::uint8_t{1} : std::uint8_t{249}};
   bytes[9] = std::byte{setup.long_layout ? std::uint8_t{1} : std::uint8_t{0}};

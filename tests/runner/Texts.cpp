@@ -132,8 +132,8 @@ std::string Decimal(double value)
 {
   // Room for the 309 digits of the largest double, or as many zeros before those of the smallest.
   std::array<char, 1100> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(),
-                                 value == 0 ? 0.0 : value, std::chars_format::fixed)
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), value == 0 ? 0.0 : value,
+                                 std::chars_format::fixed)
                        .ptr;
   return {text.data(), end};
 }

@@ -16,8 +16,7 @@ SeenControl Reachable(const Play& play, const ControlName& control,
 {
   auto seen = play.Seen(control);
   if (std::ranges::find(kinds, seen.kind) == kinds.end())
-    throw Failure(control.Text() + " to be " + expected,
-                  "a " + std::string(KindName(seen.kind)));
+    throw Failure(control.Text() + " to be " + expected, "a " + std::string(KindName(seen.kind)));
   if (!seen.shown) throw Failure(control.Text() + " shown", "hidden");
   if (!seen.enabled) throw Failure(control.Text() + " enabled", "disabled");
   return seen;

@@ -56,7 +56,7 @@ TEST(CarPictures, ThereIsNoPathBeyondTheChassisAndYears)
 }
 
 struct Fit {
-  int width, height;              ///< of the picture
+  int width, height;  ///< of the picture
   int box_width, box_height;
   int shown_width, shown_height;
 };

@@ -71,8 +71,8 @@ struct SlotPair {
 };
 
 constexpr SlotPair kSameEngine[] = {
-    {k1965, 2, 3},  {k1966, 2, 8}, {k1966, 3, 14}, {k1966, 4, 12}, {k1969, 0, 2},
-    {k1969, 0, 3},  {k1969, 0, 5}, {k1969, 0, 6},  {kGT, 0, 5},    {kGT, 1, 3},
+    {k1965, 2, 3}, {k1966, 2, 8}, {k1966, 3, 14}, {k1966, 4, 12}, {k1969, 0, 2},
+    {k1969, 0, 3}, {k1969, 0, 5}, {k1969, 0, 6},  {kGT, 0, 5},    {kGT, 1, 3},
 };
 
 constexpr SlotPair kSamePoints[] = {
@@ -95,15 +95,14 @@ TEST(ChassisCatalogue, EveryChassisIsNamedInDropBoxOrder)
       {"Brabham BT24-Repco V8", "BRM P115-BRM H16", "Cooper T81-Maserati V12",
        "Eagle AAR103-Weslake V12", "Ferrari 312-Ferrari V12", "Lotus 49-Ford V8 DFV",
        "Honda RA300-Honda V12"},
-      {"Brabham BT11-Climax V8", "BRM P261-BRM V8", "Cooper T77-Climax V8",
-       "Brabham BT7-Climax V8", "Ferrari 1512-Ferrari V12", "Lotus 33-Climax V8",
-       "Honda RA272-Honda V12"},
+      {"Brabham BT11-Climax V8", "BRM P261-BRM V8", "Cooper T77-Climax V8", "Brabham BT7-Climax V8",
+       "Ferrari 1512-Ferrari V12", "Lotus 33-Climax V8", "Honda RA272-Honda V12"},
       {"Brabham BT19-Repco V8 3.0L", "Brabham BT11-Climax S4 2.5L", "Brabham BT11-Climax S4 2.7L",
        "Brabham BT11-BRM V8 1.9L", "BRM P83-BRM H16 3.0L", "BRM P261-BRM V8 2.1L",
        "Cooper T81-Maserati V12 3.0L", "Eagle AAR102-Weslake V12 3.0L",
-       "Eagle AAR101-Climax S4 2.7L", "Ferrari 312-Ferrari V12 3.0L",
-       "Ferrari 246-Ferrari V6 2.4L", "Honda RA273-Honda V12 3.0L", "Lotus 43-BRM H16 3.0L",
-       "Lotus 33-Climax V8 2.0L", "Lotus 33-BRM V8 1.9L", "McLaren M2B-Ford V8 3.0L"},
+       "Eagle AAR101-Climax S4 2.7L", "Ferrari 312-Ferrari V12 3.0L", "Ferrari 246-Ferrari V6 2.4L",
+       "Honda RA273-Honda V12 3.0L", "Lotus 43-BRM H16 3.0L", "Lotus 33-Climax V8 2.0L",
+       "Lotus 33-BRM V8 1.9L", "McLaren M2B-Ford V8 3.0L"},
       {"Brabham BT26A-Ford V8 DFV", "BRM P139-BRM V12", "Lotus 63-Ford V8 DFV",
        "McLaren M7-Ford V8 DFV", "Ferrari 312--Ferrari V12", "Lotus 49B-Ford V8 DFV",
        "Matra MS80-Ford V8 DFV"},
@@ -142,8 +141,8 @@ TEST(ChassisCatalogue, EveryEngineNumberMatchesTheList)
     for (int c = 0; c < kEngineSlots; ++c) {
       const std::array<float, 8> fields = FieldsOf(EngineOf(m, c));
       for (std::size_t f = 0; f < fields.size(); ++f) {
-        SCOPED_TRACE("mod year " + std::to_string(m) + ", slot " + std::to_string(c) +
-                     ", field " + std::to_string(f));
+        SCOPED_TRACE("mod year " + std::to_string(m) + ", slot " + std::to_string(c) + ", field " +
+                     std::to_string(f));
         EXPECT_EQ(fields[f], list[static_cast<std::size_t>(m + 5 * c) + 110 * f]);
       }
     }

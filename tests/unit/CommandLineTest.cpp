@@ -53,8 +53,7 @@ TEST(CommandLineText, CanBeginWithTheProgramDirectory)
   const auto plain = FromWholeText("--program-directory=C:\\Velquist C:\\GPL\\a b.lo1");
   EXPECT_EQ(plain.program_directory, "C:\\Velquist");
   EXPECT_EQ(plain.text, "C:\\GPL\\a b.lo1");
-  const auto quoted =
-      FromWholeText("\"--program-directory=C:\\My Files\" \"C:\\GPL\\a b.lo1\"");
+  const auto quoted = FromWholeText("\"--program-directory=C:\\My Files\" \"C:\\GPL\\a b.lo1\"");
   EXPECT_EQ(quoted.program_directory, "C:\\My Files");
   EXPECT_EQ(quoted.text, "C:\\GPL\\a b.lo1");
   const auto inside = FromWholeText("--program-directory=\"C:\\My Files\"");

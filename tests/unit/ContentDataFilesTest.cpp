@@ -40,10 +40,9 @@ TEST(SetupDataFiles, LimitsOfTheGearRowsAreTheEndsOfTheGearTable)
   ForEachYear([](const Year& year) {
     const auto rows = SetupDataOf(year);
     const auto gears = GearDataOf(year);
-    const auto first_final =
-        static_cast<std::size_t>(std::find_if(gears.begin(), gears.end(),
-                                              [](const GearRow& g) { return g.ratio >= 3.0F; }) -
-                                 gears.begin());
+    const auto first_final = static_cast<std::size_t>(
+        std::find_if(gears.begin(), gears.end(), [](const GearRow& g) { return g.ratio >= 3.0F; }) -
+        gears.begin());
     for (std::size_t gear = 0; gear < 7; ++gear) {
       const bool is_final = gear == 6;
       const std::size_t lowest = is_final ? first_final : 0;
@@ -60,8 +59,7 @@ TEST(SetupDataFiles, ListLimitsAreWrittenAsWholeNumbers)
 {
   for (const char* const folder : {"", "Metric"}) {
     for (const char* const family : {"67", "65", "GT"}) {
-      const auto fields =
-          ReadFields(kProgram / folder / (std::string(family) + " Setup Data.ini"));
+      const auto fields = ReadFields(kProgram / folder / (std::string(family) + " Setup Data.ini"));
       for (const std::size_t row : {13U, 14U, 15U, 46U}) {
         for (const std::size_t field : {1U, 3U}) {
           EXPECT_EQ(fields.at(row).at(field).find_first_not_of("0123456789"), std::string::npos);
@@ -122,13 +120,12 @@ struct MetricRows {
 
 const std::vector<MetricRows>& MetricGrids()
 {
-  static const std::vector<MetricRows> grids = {
-      {{16, 17, 18, 19}, 6.8947, 5, 1},                 // kPa
-      {{20, 21, 22, 23}, 1.7513, 5, 1},                 // N/cm
-      {{42, 43}, 1.7513, 10, 1},                        // N/cm
-      {{36, 37, 38, 39, 44, 45}, 2.54, 0.5, 0.1},       // cm
-      {{40, 41}, 2.54, 0.05, 0.01},                     // cm
-      {{47}, 3.7854, 5, 1}};                            // litres
+  static const std::vector<MetricRows> grids = {{{16, 17, 18, 19}, 6.8947, 5, 1},            // kPa
+                                                {{20, 21, 22, 23}, 1.7513, 5, 1},            // N/cm
+                                                {{42, 43}, 1.7513, 10, 1},                   // N/cm
+                                                {{36, 37, 38, 39, 44, 45}, 2.54, 0.5, 0.1},  // cm
+                                                {{40, 41}, 2.54, 0.05, 0.01},                // cm
+                                                {{47}, 3.7854, 5, 1}};  // litres
   return grids;
 }
 
@@ -312,8 +309,8 @@ TEST(GearDataFiles, NeighboursAreEvenlySpaced)
 
 TEST(GearDataFiles, HoldThePairsThatTheGameIsKnownFor)
 {
-  const std::map<std::string, float> known = {{"35/13", 2.692F}, {"38/15", 2.533F}, {"31/10", 3.1F},
-                                              {"31/9", 3.444F},  {"34/9", 3.778F}};
+  const std::map<std::string, float> known = {
+      {"35/13", 2.692F}, {"38/15", 2.533F}, {"31/10", 3.1F}, {"31/9", 3.444F}, {"34/9", 3.778F}};
   ForEachYear([&](const Year& year) {
     std::map<std::string, float> found;
     for (const GearRow& row : GearDataOf(year)) {

@@ -125,8 +125,8 @@ TEST_F(FailedSave, DirectoryOfTheFilesNameIsNotReplaced)
 TEST_F(FailedSave, SavingFirstStopsTheCommandThatAsked)
 {
   fs::permissions(editor_.Path(kFile), fs::perms(0444));
-  for (const char* command : {"MnuOpen", "MnuImportChassis", "MnuImportDrivetrain", "MnuRevert",
-                              "MnuAddInstall"}) {
+  for (const char* command :
+       {"MnuOpen", "MnuImportChassis", "MnuImportDrivetrain", "MnuRevert", "MnuAddInstall"}) {
     SCOPED_TRACE(command);
     ExpectNothingDone(
         "on message \"Do you want to save the current settings first?\" question -> yes\n" +

@@ -274,8 +274,7 @@ TEST_F(AllOrNothing, ImportsOfWhatCannotBeRead)
         "on message \"" + lake + "gone.bb1\\nNo such file or directory.\" exclamation -> ok\n",
         command, buffer);
     ExpectNothingChanged(
-        "folder.bb1",
-        "on message \"" + lake + "folder.bb1\\nIs a directory.\" exclamation -> ok\n",
+        "folder.bb1", "on message \"" + lake + "folder.bb1\\nIs a directory.\" exclamation -> ok\n",
         command, buffer);
   }
 }

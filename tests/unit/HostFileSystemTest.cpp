@@ -234,7 +234,8 @@ TEST_F(HostFiles, AFolderThatVanishesBetweenTwoSavesFailsTheSecond)
 
 TEST_F(HostFiles, ListsFoldersAloneAndAtMostSoMany)
 {
-  for (const auto* name : {"a", "B", "ç"}) fs::create_directory(folder / ("Players/" + std::string(name)));
+  for (const auto* name : {"a", "B", "ç"})
+    fs::create_directory(folder / ("Players/" + std::string(name)));
   WriteFile(folder / "Players/file", "");
   auto names = files.ListSubdirectories(At("\\PLAYERS"), 100);
   std::ranges::sort(names);

@@ -73,9 +73,9 @@ TEST(JpegHeader, IsNotLookedForInWhatIsNoJpeg)
 {
   ExpectSize(Of({0x89, 'P', 'N', 'G', 13, 10, 26, 10}), 0, 0);
   ExpectSize(Of({0xFF, 0xD8, 0x00, 0xC0, 0, 11, 8, 1, 1, 1, 1, 1}), 0, 0);
-  ExpectSize(Jpeg({0xFF, 0xE0, 0, 1}), 0, 0);                        // length too small
-  ExpectSize(Jpeg({0xFF, 0xDA, 0, 2}), 0, 0);                        // scan in front of it
-  ExpectSize(Jpeg({0xFF, 0xD9}), 0, 0);                              // end in front of it
+  ExpectSize(Jpeg({0xFF, 0xE0, 0, 1}), 0, 0);  // length too small
+  ExpectSize(Jpeg({0xFF, 0xDA, 0, 2}), 0, 0);  // scan in front of it
+  ExpectSize(Jpeg({0xFF, 0xD9}), 0, 0);        // end in front of it
 }
 
 Bytes Sized(unsigned width, unsigned height)

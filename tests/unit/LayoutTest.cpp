@@ -34,8 +34,7 @@ std::vector<const Control*> PlacedControls(const MainForm& form)
 {
   std::vector<const Control*> controls;
   for (const auto& design : FormControlSettings())
-    if (design.kind != ControlKind::kMenu)
-      controls.push_back(form.Find(design.name, design.index));
+    if (design.kind != ControlKind::kMenu) controls.push_back(form.Find(design.name, design.index));
   return controls;
 }
 
@@ -109,8 +108,10 @@ class Layout : public ::testing::TestWithParam<ScreenSize> {
   {
     const auto [width, height] = GetParam();
     // Names as long as the game's own longest ones.
-    editor_.Play("dir $G/Players/Jean-Pierre_Beltoise/Setups/nurburgring_24h\n"
-                 "screen " + std::to_string(width) + " " + std::to_string(height) + "\n");
+    editor_.Play(
+        "dir $G/Players/Jean-Pierre_Beltoise/Setups/nurburgring_24h\n"
+        "screen " +
+        std::to_string(width) + " " + std::to_string(height) + "\n");
     editor_.StartWithGame();
   }
   testing::ScriptedEditor editor_;
@@ -200,10 +201,9 @@ TEST(FormControlSettings, GivesNoShortcutAndNoMnemonicOfTheWindowTwice)
 TEST(FormControlSettings, DescribesEveryControlThatTheUserWorksWith)
 {
   for (const auto& design : FormControlSettings()) {
-    const bool interactive = design.kind == ControlKind::kButton ||
-                             design.kind == ControlKind::kList ||
-                             design.kind == ControlKind::kCheck ||
-                             design.kind == ControlKind::kOption;
+    const bool interactive =
+        design.kind == ControlKind::kButton || design.kind == ControlKind::kList ||
+        design.kind == ControlKind::kCheck || design.kind == ControlKind::kOption;
     EXPECT_TRUE(!interactive || !design.tip.empty()) << design.name << design.index;
   }
 }

@@ -43,9 +43,9 @@ Bytes HeaderOf(unsigned width, unsigned height)
 {
   const auto low = [](unsigned value) { return std::byte(value & 0xFFU); };
   const auto high = [](unsigned value) { return std::byte(value >> 8U); };
-  Bytes bytes{std::byte{0xFF}, std::byte{0xD8}, std::byte{0xFF}, std::byte{0xC0}, std::byte{0},
-              std::byte{17},   std::byte{8},    high(height),    low(height),     high(width),
-              low(width)};
+  Bytes bytes{std::byte{0xFF}, std::byte{0xD8}, std::byte{0xFF}, std::byte{0xC0},
+              std::byte{0},    std::byte{17},   std::byte{8},    high(height),
+              low(height),     high(width),     low(width)};
   bytes.resize(200, std::byte{3});
   return bytes;
 }
@@ -108,8 +108,8 @@ TEST_F(PicturesOfCars, WhatIsNoJpegGivesWayToTheBuiltInOne)
 {
   ExpectRefused({});
   ExpectRefused(Bytes(5000, std::byte{'x'}));
-  ExpectRefused(ReadFile(std::filesystem::path(VELQUIST_SOURCE_DIR) /
-                         "assets/icon/velquist-16.png"));
+  ExpectRefused(
+      ReadFile(std::filesystem::path(VELQUIST_SOURCE_DIR) / "assets/icon/velquist-16.png"));
 }
 
 TEST_F(PicturesOfCars, BrokenPicturesGiveWayToTheBuiltInOne)
@@ -118,8 +118,8 @@ TEST_F(PicturesOfCars, BrokenPicturesGiveWayToTheBuiltInOne)
   const auto whole = WholePicture();
   for (const std::size_t part : {2U, 4U, 50U, 99U}) {
     SCOPED_TRACE(part);
-    ExpectRefused({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(
-                                                      whole.size() * part / 100)});
+    ExpectRefused(
+        {whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(whole.size() * part / 100)});
   }
 }
 

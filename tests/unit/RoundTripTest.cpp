@@ -149,7 +149,7 @@ class RoundTrip : public ::testing::Test {
   /// A number of any size that a setup may hold, now and then one that it should not.
   float AnySingle()
   {
-    constexpr std::array kOdd = {0.0F,   -0.0F,  1e-40F, 3.4e38F, -3.4e38F,
+    constexpr std::array kOdd = {0.0F,     -0.0F,     1e-40F, 3.4e38F,     -3.4e38F,
                                  INFINITY, -INFINITY, NAN,    16777216.0F, 1e7F};
     if (Roll(0, 19) == 0) return kOdd[static_cast<std::size_t>(Roll(0, kOdd.size() - 1))];
     return std::ldexp(static_cast<float>(Roll(-9999999, 9999999)), -Roll(0, 24));
@@ -192,8 +192,8 @@ class RoundTrip : public ::testing::Test {
   {
     std::array<std::string, setup::kSlots> values;
     for (int slot = 0; slot < setup::kSlots; ++slot)
-      values[static_cast<std::size_t>(slot)] = runner::Hex8(
-          window_.State().setup_data.Value(setup::RowOf(slot), data::kCurrent));
+      values[static_cast<std::size_t>(slot)] =
+          runner::Hex8(window_.State().setup_data.Value(setup::RowOf(slot), data::kCurrent));
     return values;
   }
 
@@ -206,8 +206,8 @@ class RoundTrip : public ::testing::Test {
       values[static_cast<std::size_t>(slot)] = runner::Hex8(static_cast<float>(value));
     };
     for (int pair = 0; pair < setup::kGearPairs; ++pair) {
-      const auto id = window_.State().setup_data.Value(setup::RowOf(setup::kFirstGear + pair),
-                                                       data::kCurrent);
+      const auto id =
+          window_.State().setup_data.Value(setup::RowOf(setup::kFirstGear + pair), data::kCurrent);
       put(setup::kFirstRatio + pair,
           std::stod(window_.State().GearData.Text(static_cast<int>(id), 2)));
     }

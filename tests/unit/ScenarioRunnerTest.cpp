@@ -121,8 +121,9 @@ class ScenarioRunner : public testing::Test {
   Outcome Play(const std::string& script)
   {
     log_.str("");
-    Runner runner({false, shipped_}, [this] { return std::make_unique<ButtonDriver>(actions_); },
-                  resources_, out_, log_);
+    Runner runner(
+        {false, shipped_}, [this] { return std::make_unique<ButtonDriver>(actions_); }, resources_,
+        out_, log_);
     const auto outcome = runner.PlayScript(script, "test.scn");
     RemoveKept();
     return outcome;
@@ -150,8 +151,9 @@ class ScenarioRunner : public testing::Test {
     fs::remove_all(kept);
   }
 
-  fs::path shipped_ = fs::temp_directory_path() / ("velquist-shipped-" + std::string(
-      testing::UnitTest::GetInstance()->current_test_info()->name()));
+  fs::path shipped_ = fs::temp_directory_path() /
+                      ("velquist-shipped-" +
+                       std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
   Actions actions_{
       {"Ask",
        [this](const Outside& outside) {
@@ -267,8 +269,7 @@ TEST_F(ScenarioRunner, AnAnnouncedDialogMustHaveComeByTheNextStartOrTheEnd)
   ExpectFailure("start\non FrmHelp\n", "2: expected FrmHelp of line 2, got no dialog");
   ExpectFailure("start\non FrmHelp\nexpect running\nstart\n",
                 "4: expected FrmHelp of line 2, got no dialog");
-  EXPECT_EQ(Play("start\non message \"Hello\" information -> ok\nstart Hello\n"),
-            Outcome::kPassed)
+  EXPECT_EQ(Play("start\non message \"Hello\" information -> ok\nstart Hello\n"), Outcome::kPassed)
       << "raised by the start itself: " << log_.str();
 }
 
@@ -356,8 +357,9 @@ TEST_F(ScenarioRunner, TheDirectoryGoesWhenTheScriptPassed)
 
 TEST_F(ScenarioRunner, TheDirectoryStaysWhenItIsToBeKept)
 {
-  Runner runner({true, shipped_}, [this] { return std::make_unique<ButtonDriver>(actions_); },
-                resources_, out_, log_);
+  Runner runner(
+      {true, shipped_}, [this] { return std::make_unique<ButtonDriver>(actions_); }, resources_,
+      out_, log_);
   EXPECT_EQ(runner.PlayScript("file $T/a text b\nprint $T\n", "test.scn"), Outcome::kPassed);
   const fs::path directory = out_.str().substr(0, out_.str().size() - 1);
   EXPECT_EQ(log_.str(), "test.scn: files kept in " + directory.string() + "\n");
@@ -367,15 +369,45 @@ TEST_F(ScenarioRunner, TheDirectoryStaysWhenItIsToBeKept)
 
 TEST_F(ScenarioRunner, UnknownStatementsAndWrongWordsAreFoundBeforeAnythingIsPlayed)
 {
-  for (const std::string statement :
-       {"jump", "click", "click A B", "click A(x)", "click (3)", "select L #x", "tick -1", "tick",
-        "setup x", "setup x wide", "setup x short 52=0", "setup x short 33=1", "setup x long 8=0.5",
-        "setup x long sym=2", "file x hex 5", "file x hex zz", "random 1", "random -0.1", "clock x",
-        "screen 800", "on message \"x\" loud -> ok", "on message \"x\" critical -> maybe",
-        "on message \"x\" critical", "on open filter", "on dance", "on FrmModYear1 -> 1968",
-        "on FrmInstallDelete ->", "on FrmInstallDelete -> cancel delete", "expect slot 52 = 0",
-        "expect slot 1 0", "expect slot 1 = x", "expect file x", "expect file x size y", "expect",
-        "expect chart PictureChart3 text a", "dump", "dump all", "dump chart", "print"}) {
+  for (const std::string statement : {"jump",
+                                      "click",
+                                      "click A B",
+                                      "click A(x)",
+                                      "click (3)",
+                                      "select L #x",
+                                      "tick -1",
+                                      "tick",
+                                      "setup x",
+                                      "setup x wide",
+                                      "setup x short 52=0",
+                                      "setup x short 33=1",
+                                      "setup x long 8=0.5",
+                                      "setup x long sym=2",
+                                      "file x hex 5",
+                                      "file x hex zz",
+                                      "random 1",
+                                      "random -0.1",
+                                      "clock x",
+                                      "screen 800",
+                                      "on message \"x\" loud -> ok",
+                                      "on message \"x\" critical -> maybe",
+                                      "on message \"x\" critical",
+                                      "on open filter",
+                                      "on dance",
+                                      "on FrmModYear1 -> 1968",
+                                      "on FrmInstallDelete ->",
+                                      "on FrmInstallDelete -> cancel delete",
+                                      "expect slot 52 = 0",
+                                      "expect slot 1 0",
+                                      "expect slot 1 = x",
+                                      "expect file x",
+                                      "expect file x size y",
+                                      "expect",
+                                      "expect chart PictureChart3 text a",
+                                      "dump",
+                                      "dump all",
+                                      "dump chart",
+                                      "print"}) {
     SCOPED_TRACE(statement);
     out_.str("");
     EXPECT_EQ(Play("print played\n" + statement + "\n"), Outcome::kUnreadable);
@@ -395,8 +427,9 @@ TEST_F(ScenarioRunner, FilesAreCountedAndTheExitCodeSaysTheWorst)
   std::ofstream(shipped_ / "wrong.scn") << "nonsense\n";
   const auto play = [this](const std::vector<fs::path>& paths) {
     log_.str("");
-    Runner runner({false, shipped_}, [this] { return std::make_unique<ButtonDriver>(actions_); },
-                  resources_, out_, log_);
+    Runner runner(
+        {false, shipped_}, [this] { return std::make_unique<ButtonDriver>(actions_); }, resources_,
+        out_, log_);
     for (const auto& path : paths) runner.PlayPath(path);
     const int code = runner.Finish();
     RemoveKept();

@@ -74,8 +74,8 @@ TEST(ScenarioWords, ALineGoesOnBehindASingleUnquotedBackslash)
 
 TEST(ScenarioWords, WhatIsNotWrittenInTheLanguageIsReportedWithItsLine)
 {
-  for (const std::string line : {"\"open", "\"open\\\"", "a\"b\"", "\"a\"b", "\"\\q\"", "\"\\x4\"",
-                                 "\"\\xg0\"", "a \\"}) {
+  for (const std::string line :
+       {"\"open", "\"open\\\"", "a\"b\"", "\"a\"b", "\"\\q\"", "\"\\x4\"", "\"\\xg0\"", "a \\"}) {
     SCOPED_TRACE(line);
     try {
       (void)ReadScript("start\n" + line, kPlaces);

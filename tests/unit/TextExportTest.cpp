@@ -79,7 +79,7 @@ TEST(TextExport, FileNameEndsInTxtBehindTheLastDot)
 // --- The table ---------------------------------------------------------------------------------
 
 constexpr std::size_t kRows = 53;
-constexpr std::size_t kLeftColumn = 42;   ///< counted from 0
+constexpr std::size_t kLeftColumn = 42;  ///< counted from 0
 constexpr std::size_t kRightColumn = 56;
 
 /// Values that tell every slot from every other: slot + a quarter.

@@ -16,10 +16,9 @@ constexpr std::array kScreens = {ScreenSize{800, 600},   ScreenSize{1024, 768},
                                  ScreenSize{1280, 1024}, ScreenSize{1366, 768},
                                  ScreenSize{1920, 1080}, ScreenSize{3840, 2160}};
 
-constexpr std::array kModes = {"check OptUnits(0)\nuncheck FineCheck\n",
-                               "check OptUnits(0)\ncheck FineCheck\n",
-                               "check OptUnits(1)\nuncheck FineCheck\n",
-                               "check OptUnits(1)\ncheck FineCheck\n"};
+constexpr std::array kModes = {
+    "check OptUnits(0)\nuncheck FineCheck\n", "check OptUnits(0)\ncheck FineCheck\n",
+    "check OptUnits(1)\nuncheck FineCheck\n", "check OptUnits(1)\ncheck FineCheck\n"};
 
 class Fit : public RealWindow, public ::testing::WithParamInterface<ScreenSize> {};
 

@@ -65,7 +65,8 @@ TEST_F(HelpWindow, KeepsItsTextWithinTheSmallestWindow)
 {
   help_->SetClientSize(60, 30);
   const wxSize small(120, 60);
-  EXPECT_TRUE(WaitUntil([&] { return Text().GetSize().x < small.x || Text().GetSize().y < small.y; }));
+  EXPECT_TRUE(
+      WaitUntil([&] { return Text().GetSize().x < small.x || Text().GetSize().y < small.y; }));
   const wxRect client(Text().GetParent()->GetClientSize());
   EXPECT_TRUE(client.Contains(Text().GetRect()));
 }

@@ -23,9 +23,8 @@ struct Tables {
 
   [[nodiscard]] std::map<std::string, Setup> Setups(const std::string& name, UnitSet set) const
   {
-    return ReadSetups(
-        sources / name, ranges, set,
-        {{Family::k67, &gears67}, {Family::k65, &gears65}, {Family::kGt, &gears65}});
+    return ReadSetups(sources / name, ranges, set,
+                      {{Family::k67, &gears67}, {Family::k65, &gears65}, {Family::kGt, &gears65}});
   }
 
   std::filesystem::path sources;

@@ -104,9 +104,8 @@ void Ranges::ReadRows(const std::filesystem::path& path)
     DataRow row;
     row.quantity = line.cells[1];
     row.place = OptionalText(line.cells[2]);
-    const auto measure = std::find_if(measures_.begin(), measures_.end(), [&](const Measure& m) {
-      return m.name == line.cells[3];
-    });
+    const auto measure = std::find_if(measures_.begin(), measures_.end(),
+                                      [&](const Measure& m) { return m.name == line.cells[3]; });
     if (measure == measures_.end()) Reject(line, "unknown measure");
     row.measure = static_cast<std::size_t>(measure - measures_.begin());
     rows_.push_back(row);
@@ -114,8 +113,7 @@ void Ranges::ReadRows(const std::filesystem::path& path)
 
     for (std::size_t family = 0; family < kFamilies.size(); ++family) {
       const std::string& cell = line.cells[4 + family];
-      rows_.back().ranges[family] =
-          cell == "same" ? rows_.back().ranges[0] : ReadRange(line, cell);
+      rows_.back().ranges[family] = cell == "same" ? rows_.back().ranges[0] : ReadRange(line, cell);
     }
   }
   if (rows_.size() != kDataRows) {
@@ -193,8 +191,8 @@ Range Ranges::RangeOf(int row, Family family, UnitSet set) const
   Range range;
   range.minimum = at(std::ceil(steps(english.minimum) - kGridTolerance) + 0.0);  // no -0
   range.maximum = at(std::floor(steps(english.maximum) + kGridTolerance));
-  range.standard = std::clamp(at(std::round(steps(english.standard)) + 0.0), range.minimum,
-                              range.maximum);
+  range.standard =
+      std::clamp(at(std::round(steps(english.standard)) + 0.0), range.minimum, range.maximum);
   range.step = at(1);
   range.fine = measure.FromMetric(measure.metric_fine);
   return range;

@@ -22,7 +22,7 @@ struct Setup {
   Family family = Family::k67;
   bool is_long = false;
   bool is_symmetric = true;
-  std::vector<float> values;                    ///< by row of the setup data file
+  std::vector<float> values;                      ///< by row of the setup data file
   std::map<std::size_t, std::uint8_t> odd_bytes;  ///< bytes that are no parameter, by offset
 
   /// The setup file: 264 bytes in the short layout, 272 in the long one.

@@ -60,8 +60,8 @@ std::vector<TableLine> ReadTable(const std::filesystem::path& path)
       section = content.substr(1, content.size() - 2);
       continue;
     }
-    lines.push_back({path.filename().string() + ":" + std::to_string(number), section,
-                     SplitCells(content)});
+    lines.push_back(
+        {path.filename().string() + ":" + std::to_string(number), section, SplitCells(content)});
   }
   return lines;
 }

@@ -230,8 +230,8 @@ Path Path::Ring(double cx, double cy, double outer, double inner)
 
 Path Path::Rect(double left, double top, double width, double height)
 {
-  return Polygon({{left, top}, {left + width, top}, {left + width, top + height},
-                  {left, top + height}});
+  return Polygon(
+      {{left, top}, {left + width, top}, {left + width, top + height}, {left, top + height}});
 }
 
 Path Path::RoundRect(double left, double top, double width, double height, double radius)
@@ -436,9 +436,9 @@ void Canvas::Fill(const Path& path, const Paint& paint)
       const int y = cover.top + row;
       const auto at = static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
                       static_cast<std::size_t>(x);
-      double share = cover.shares[static_cast<std::size_t>(row) *
-                                      static_cast<std::size_t>(cover.width) +
-                                  static_cast<std::size_t>(column)];
+      double share =
+          cover.shares[static_cast<std::size_t>(row) * static_cast<std::size_t>(cover.width) +
+                       static_cast<std::size_t>(column)];
       if (!clip_.empty()) {
         share *= clip_[at];
       }

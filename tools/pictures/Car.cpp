@@ -14,16 +14,15 @@ const Color kIron = Hex(0x3A3E44);
 void DrawShadow(Canvas& canvas)
 {
   const Color dark = Hex(0x0E1418);
-  canvas.Fill(Path::Ellipse(265, 4, 470, 26),
-              Paint::Radial({265, 4}, 470,
-                            {{0, WithAlpha(dark, 0.62)},
-                             {0.72, WithAlpha(dark, 0.5)},
-                             {1, WithAlpha(dark, 0)}},
-                            26.0 / 470));
+  canvas.Fill(Path::Ellipse(265, 4, 470, 26), Paint::Radial({265, 4}, 470,
+                                                            {{0, WithAlpha(dark, 0.62)},
+                                                             {0.72, WithAlpha(dark, 0.5)},
+                                                             {1, WithAlpha(dark, 0)}},
+                                                            26.0 / 470));
   for (const double x : {0.0, kWheelbase}) {
-    canvas.Fill(Path::Ellipse(x, 1, 66, 9),
-                Paint::Radial({x, 1}, 66,
-                              {{0, WithAlpha(dark, 0.85)}, {1, WithAlpha(dark, 0)}}, 9.0 / 66));
+    canvas.Fill(
+        Path::Ellipse(x, 1, 66, 9),
+        Paint::Radial({x, 1}, 66, {{0, WithAlpha(dark, 0.85)}, {1, WithAlpha(dark, 0)}}, 9.0 / 66));
   }
 }
 
@@ -52,17 +51,17 @@ void DrawWheel(Canvas& canvas, Point c, double r, const Color& rim)
   canvas.Fill(Path::Circle(c.x, c.y, lip),
               Paint::Linear({c.x - lip, c.y - lip}, {c.x + lip, c.y + lip},
                             {{0, Lighter(rim, 0.65)}, {0.5, rim}, {1, Darker(rim, 0.35)}}));
-  canvas.Fill(Path::Circle(c.x, c.y, lip * 0.88),
-              Paint::Linear({c.x - lip, c.y - lip}, {c.x + lip, c.y + lip},
-                            {{0.1, Darker(rim, 0.45)}, {0.55, Darker(rim, 0.12)},
-                             {0.95, Lighter(rim, 0.35)}}));
+  canvas.Fill(
+      Path::Circle(c.x, c.y, lip * 0.88),
+      Paint::Linear(
+          {c.x - lip, c.y - lip}, {c.x + lip, c.y + lip},
+          {{0.1, Darker(rim, 0.45)}, {0.55, Darker(rim, 0.12)}, {0.95, Lighter(rim, 0.35)}}));
   for (int i = 0; i < 8; ++i) {
     const double degrees = i * 45 + 22.5;
     Path window;
     bool first = true;
-    for (const auto& [turn, distance] :
-         std::vector<std::pair<double, double>>{{-15, 0.76}, {0, 0.80}, {15, 0.76},
-                                                {11, 0.48}, {0, 0.43}, {-11, 0.48}}) {
+    for (const auto& [turn, distance] : std::vector<std::pair<double, double>>{
+             {-15, 0.76}, {0, 0.80}, {15, 0.76}, {11, 0.48}, {0, 0.43}, {-11, 0.48}}) {
       const Point p = Around(c, degrees + turn, distance * lip);
       if (first) {
         window.MoveTo(p.x, p.y);
@@ -177,15 +176,16 @@ void DrawDriver(Canvas& canvas, const CarStyle& style, double x, double y)
   face.MoveTo(x - 20, y - 6).CubicTo(x - 24, y + 6, x - 25, y + 8, x - 27, y + 12);
   face.LineTo(x - 22, y + 14).CubicTo(x - 22, y + 26, x - 12, y + 28, x - 2, y + 26);
   face.LineTo(x + 12, y + 12).LineTo(x + 8, y - 8);
-  canvas.Fill(face, Paint::Linear({x - 24, y}, {x + 10, y + 20},
-                                  {{0, Hex(0xE2AE88)}, {1, Hex(0xB98160)}}));
+  canvas.Fill(
+      face, Paint::Linear({x - 24, y}, {x + 10, y + 20}, {{0, Hex(0xE2AE88)}, {1, Hex(0xB98160)}}));
   Path shell;
   shell.MoveTo(x - 25, y - 2).CubicTo(x - 28, y - 36, x + 26, y - 38, x + 29, y - 3);
   shell.CubicTo(x + 30, y + 8, x + 27, y + 16, x + 22, y + 19);
   shell.CubicTo(x + 8, y + 20, x + 2, y + 12, x - 2, y + 3).LineTo(x - 25, y - 2);
   canvas.Fill(shell.StrokedClosed(1.6), Darker(style.helmet, 0.55));
   canvas.Fill(shell, Paint::Radial({x - 8, y - 20}, 52,
-                                   {{0, Lighter(style.helmet, 0.45)}, {0.45, style.helmet},
+                                   {{0, Lighter(style.helmet, 0.45)},
+                                    {0.45, style.helmet},
                                     {1, Darker(style.helmet, 0.45)}}));
   Path stripe;
   stripe.MoveTo(x - 25, y - 8).CubicTo(x - 10, y - 12, x + 14, y - 11, x + 29, y - 5);
@@ -205,16 +205,18 @@ void DrawEngine(Canvas& canvas)
   Path gearbox;
   gearbox.MoveTo(424, -112).LineTo(520, -104).LineTo(600, -98).LineTo(618, -84).LineTo(616, -62);
   gearbox.LineTo(560, -46).LineTo(424, -40);
-  canvas.Fill(gearbox, Paint::Vertical(-112, -40, {{0, Hex(0x888E92)}, {0.4, Hex(0x5A6066)},
-                                                   {1, Hex(0x2B2F34)}}));
+  canvas.Fill(
+      gearbox,
+      Paint::Vertical(-112, -40, {{0, Hex(0x888E92)}, {0.4, Hex(0x5A6066)}, {1, Hex(0x2B2F34)}}));
   for (int i = 0; i < 5; ++i) {
     canvas.Fill(Path::Line(548 + i * 12, -96 + i * 1.5, 548 + i * 12, -56 - i * 2).Stroked(2.4),
                 WithAlpha(Hex(0x16191C), 0.55));
   }
   Path block;
   block.MoveTo(312, -122).LineTo(436, -122).LineTo(440, -44).LineTo(420, -32).LineTo(312, -32);
-  canvas.Fill(block, Paint::Vertical(-122, -32, {{0, Hex(0xB7BBBB)}, {0.5, Hex(0x83898C)},
-                                                 {1, Hex(0x43484D)}}));
+  canvas.Fill(
+      block,
+      Paint::Vertical(-122, -32, {{0, Hex(0xB7BBBB)}, {0.5, Hex(0x83898C)}, {1, Hex(0x43484D)}}));
   for (int i = 0; i < 4; ++i) {
     canvas.Fill(Path::RoundRect(326 + i * 26, -74, 15, 26, 4), WithAlpha(Hex(0x2A2E32), 0.45));
   }
@@ -242,9 +244,9 @@ void DrawEngine(Canvas& canvas)
     }
   }
   canvas.Fill(Path::RoundRect(318, -146, 118, 30, 9), Hex(0x1B1E21));
-  canvas.Fill(Path::RoundRect(320, -144.5, 114, 27, 8),
-              Paint::Vertical(-145, -117, {{0, Hex(0x6A7076)}, {0.35, Hex(0x3B4046)},
-                                           {1, Hex(0x24272B)}}));
+  canvas.Fill(
+      Path::RoundRect(320, -144.5, 114, 27, 8),
+      Paint::Vertical(-145, -117, {{0, Hex(0x6A7076)}, {0.35, Hex(0x3B4046)}, {1, Hex(0x24272B)}}));
   for (int i = 0; i < 6; ++i) {
     canvas.Fill(Path::Circle(329 + i * 19.4, -140, 1.9), Hex(0xC6CACB));
     canvas.Fill(Path::Circle(329 + i * 19.4, -122, 1.9), Hex(0x9BA0A2));
@@ -277,9 +279,11 @@ void DrawExhaust(Canvas& canvas)
     megaphone.MoveTo(630, -113.5 + dy).LineTo(700, -117 + dy).LineTo(700, -96 + dy);
     megaphone.LineTo(630, -100.5 + dy);
     canvas.Fill(megaphone.StrokedClosed(1.6), Darker(metal, 0.7));
-    canvas.Fill(megaphone, Paint::Vertical(-117 + dy, -96 + dy,
-                                           {{0, metal}, {0.3, Lighter(metal, 0.7)},
-                                            {0.55, metal}, {1, Darker(metal, 0.5)}}));
+    canvas.Fill(
+        megaphone,
+        Paint::Vertical(
+            -117 + dy, -96 + dy,
+            {{0, metal}, {0.3, Lighter(metal, 0.7)}, {0.55, metal}, {1, Darker(metal, 0.5)}}));
     canvas.Fill(Path::Ellipse(700, -106.5 + dy, 4, 10.5), Hex(0x17191B));
   }
 }
@@ -308,17 +312,21 @@ void ShadeBody(Canvas& canvas, const Path& body, const CarStyle& style, double t
   const Color& paint = style.body;
   canvas.Fill(body.StrokedClosed(2.2), Darker(paint, 0.72));
   canvas.Fill(body, Paint::Vertical(-190, -22,
-                                    {{0, Lighter(paint, 0.30)}, {0.3, Lighter(paint, 0.08)},
-                                     {0.52, paint}, {0.76, Darker(paint, 0.30)},
-                                     {0.93, Darker(paint, 0.55)}, {1, Darker(paint, 0.45)}}));
+                                    {{0, Lighter(paint, 0.30)},
+                                     {0.3, Lighter(paint, 0.08)},
+                                     {0.52, paint},
+                                     {0.76, Darker(paint, 0.30)},
+                                     {0.93, Darker(paint, 0.55)},
+                                     {1, Darker(paint, 0.45)}}));
   canvas.Clip(body);
   // Band around the nose and line along the flank.
   Path band;
   band.MoveTo(-134, -140).CubicTo(-146, -110, -142, -70, -118, -30).LineTo(-84, -30);
   band.CubicTo(-108, -70, -112, -110, -98, -150);
-  canvas.Fill(band, Paint::Vertical(-150, -30, {{0, Lighter(style.trim, 0.25)},
-                                                {0.45, style.trim},
-                                                {1, Darker(style.trim, 0.45)}}));
+  canvas.Fill(band, Paint::Vertical(-150, -30,
+                                    {{0, Lighter(style.trim, 0.25)},
+                                     {0.45, style.trim},
+                                     {1, Darker(style.trim, 0.45)}}));
   Path flank;
   flank.MoveTo(-116, -95).CubicTo(-10, -110, 150, -112, tail, -104);
   canvas.Fill(flank.Stroked(9), style.trim);
@@ -340,8 +348,10 @@ void DrawDetails(Canvas& canvas, const CarStyle& style)
   intake.MoveTo(-166, -86).CubicTo(-174, -98, -171, -110, -158, -114);
   intake.CubicTo(-150, -104, -152, -94, -154, -80);
   canvas.Fill(intake, Hex(0x121417));
-  canvas.Fill(Path::Line(-163, -88, -153, -86).Add(Path::Line(-165, -98, -153, -98))
-                  .Add(Path::Line(-161, -107, -154, -108)).Stroked(1.4),
+  canvas.Fill(Path::Line(-163, -88, -153, -86)
+                  .Add(Path::Line(-165, -98, -153, -98))
+                  .Add(Path::Line(-161, -107, -154, -108))
+                  .Stroked(1.4),
               Hex(0x565C60));
   const Color joint = WithAlpha(Darker(style.body, 0.75), 0.75);
   Path joints;
@@ -364,9 +374,10 @@ void DrawScreen(Canvas& canvas)
   screen.MoveTo(112, -163).CubicTo(130, -184, 152, -200, 176, -204);
   screen.CubicTo(196, -190, 206, -172, 210, -147).CubicTo(190, -148, 178, -150, 168, -156);
   screen.CubicTo(156, -166, 140, -170, 112, -163);
-  canvas.Fill(screen, Paint::Linear({120, -200}, {205, -150},
-                                    {{0, Hex(0xE9F6FA, 0.62)}, {0.5, Hex(0xB9DCE6, 0.38)},
-                                     {1, Hex(0xE3F2F5, 0.5)}}));
+  canvas.Fill(screen,
+              Paint::Linear(
+                  {120, -200}, {205, -150},
+                  {{0, Hex(0xE9F6FA, 0.62)}, {0.5, Hex(0xB9DCE6, 0.38)}, {1, Hex(0xE3F2F5, 0.5)}}));
   Path rim;
   rim.MoveTo(112, -163).CubicTo(130, -184, 152, -200, 176, -204);
   rim.CubicTo(196, -190, 206, -172, 210, -147);
@@ -391,17 +402,18 @@ void DrawWings(Canvas& canvas, const CarStyle& style)
     const double front = wing.x - wing.chord / 2;
     const double back = wing.x + wing.chord / 2;
     Path foil;
-    foil.MoveTo(front, wing.y + 2).CubicTo(front + 4, wing.y - 6, wing.x, wing.y - 8, back,
-                                           wing.y - 24);
-    foil.LineTo(back + 1, wing.y - 20).CubicTo(wing.x + 10, wing.y + 6, front + 14, wing.y + 12,
-                                               front, wing.y + 2);
+    foil.MoveTo(front, wing.y + 2)
+        .CubicTo(front + 4, wing.y - 6, wing.x, wing.y - 8, back, wing.y - 24);
+    foil.LineTo(back + 1, wing.y - 20)
+        .CubicTo(wing.x + 10, wing.y + 6, front + 14, wing.y + 12, front, wing.y + 2);
     Path plate;
     plate.MoveTo(front - 3, wing.y + 8).LineTo(front + 2, wing.y - 14);
     plate.LineTo(back + 4, wing.y - 34).LineTo(back + 2, wing.y - 8);
     plate.LineTo(front + 10, wing.y + 14);
     canvas.Fill(plate.StrokedClosed(2), Darker(style.body, 0.7));
     canvas.Fill(plate, Paint::Vertical(wing.y - 34, wing.y + 14,
-                                       {{0, Lighter(style.body, 0.35)}, {0.6, style.body},
+                                       {{0, Lighter(style.body, 0.35)},
+                                        {0.6, style.body},
                                         {1, Darker(style.body, 0.3)}}));
     canvas.Fill(foil, style.trim);
   }
@@ -440,9 +452,9 @@ void DrawFormulaCar(Canvas& canvas, const CarStyle& style)
       trumpet.MoveTo(x - 6, y + 12).LineTo(x - 6, y - 8).LineTo(x - 10, y - 17);
       trumpet.LineTo(x + 10, y - 17).LineTo(x + 6, y - 8).LineTo(x + 6, y + 12);
       canvas.Fill(trumpet.StrokedClosed(1.4), Hex(0x3B3F42));
-      canvas.Fill(trumpet, Paint::Linear({x - 10, 0}, {x + 10, 0},
-                                         {{0, Hex(0x9EA4A5)}, {0.3, Hex(0xFAFAF4)},
-                                          {1, Hex(0x6F7577)}}));
+      canvas.Fill(trumpet,
+                  Paint::Linear({x - 10, 0}, {x + 10, 0},
+                                {{0, Hex(0x9EA4A5)}, {0.3, Hex(0xFAFAF4)}, {1, Hex(0x6F7577)}}));
     }
   }
   const Path body = FormulaBody(style.shape);
@@ -503,15 +515,18 @@ void DrawCoupe(Canvas& canvas, const CarStyle& style)
   canvas.Fill(Path::Rect(-92, -40, 700, 22), Hex(0x111316));
   canvas.Fill(body.StrokedClosed(2.2), Darker(paint, 0.72));
   canvas.Fill(body, Paint::Vertical(-194, -24,
-                                    {{0, Lighter(paint, 0.35)}, {0.3, Lighter(paint, 0.10)},
-                                     {0.55, paint}, {0.8, Darker(paint, 0.32)},
+                                    {{0, Lighter(paint, 0.35)},
+                                     {0.3, Lighter(paint, 0.10)},
+                                     {0.55, paint},
+                                     {0.8, Darker(paint, 0.32)},
                                      {1, Darker(paint, 0.55)}}));
   canvas.Clip(body);
   Path stripe;
   stripe.MoveTo(-172, -70).CubicTo(-60, -84, 300, -86, 680, -104).LineTo(680, -90);
   stripe.CubicTo(300, -70, -60, -68, -172, -56);
-  canvas.Fill(stripe, Paint::Vertical(-104, -56, {{0, Lighter(style.trim, 0.1)},
-                                                  {1, Darker(style.trim, 0.15)}}));
+  canvas.Fill(
+      stripe,
+      Paint::Vertical(-104, -56, {{0, Lighter(style.trim, 0.1)}, {1, Darker(style.trim, 0.15)}}));
   for (const double x : {0.0, kWheelbase}) {  // light on the wings
     Path hump;
     hump.MoveTo(x - 110, -104).CubicTo(x - 60, -128, x + 50, -136, x + 100, -122);
@@ -530,9 +545,9 @@ void DrawCoupe(Canvas& canvas, const CarStyle& style)
   window.MoveTo(140, -132).CubicTo(166, -156, 194, -174, 222, -179);
   window.CubicTo(250, -184, 284, -183, 304, -179).LineTo(312, -138);
   window.CubicTo(260, -134, 190, -130, 140, -132);
-  const Paint glass = Paint::Linear({150, -184}, {300, -130},
-                                    {{0, Hex(0xBFDDE4)}, {0.4, Hex(0x5F7F8B)},
-                                     {0.41, Hex(0x4B6976)}, {1, Hex(0x22333B)}});
+  const Paint glass = Paint::Linear(
+      {150, -184}, {300, -130},
+      {{0, Hex(0xBFDDE4)}, {0.4, Hex(0x5F7F8B)}, {0.41, Hex(0x4B6976)}, {1, Hex(0x22333B)}});
   canvas.Fill(window.StrokedClosed(3), Darker(paint, 0.75));
   canvas.Fill(window, glass);
   canvas.Clip(window);
@@ -559,11 +574,12 @@ void DrawCoupe(Canvas& canvas, const CarStyle& style)
   scoop.CubicTo(376, -98, 356, -104, 340, -120);
   canvas.Fill(scoop, Hex(0x121417));
   Path lamp;
-  lamp.MoveTo(-142, -90).CubicTo(-128, -100, -112, -108, -98, -112).CubicTo(-96, -98, -108, -86,
-                                                                            -142, -90);
+  lamp.MoveTo(-142, -90)
+      .CubicTo(-128, -100, -112, -108, -98, -112)
+      .CubicTo(-96, -98, -108, -86, -142, -90);
   canvas.Fill(lamp.StrokedClosed(2), Darker(paint, 0.6));
-  canvas.Fill(lamp, Paint::Linear({-142, -110}, {-98, -88}, {{0, Hex(0xFFFFFF)},
-                                                             {1, Hex(0x9FB6BD)}}));
+  canvas.Fill(lamp,
+              Paint::Linear({-142, -110}, {-98, -88}, {{0, Hex(0xFFFFFF)}, {1, Hex(0x9FB6BD)}}));
   canvas.Fill(Path::Circle(-114, -98, 6.5), Hex(0xFFF1B8));
   canvas.Fill(Path::RoundRect(660, -122, 9, 16, 3), Hex(0xD5341F));
   canvas.Fill(Path::RoundRect(152, -104, 20, 4.5, 2), Darker(paint, 0.6));

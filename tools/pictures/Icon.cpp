@@ -148,18 +148,23 @@ std::string IconSvg()
       "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 256 256\">\n"
       "  <defs><linearGradient id=\"plate\" gradientUnits=\"userSpaceOnUse\" x1=\"0\" y1=\"8\" "
       "x2=\"0\" y2=\"248\">\n"
-      "    <stop offset=\"0\" stop-color=\"" + Web(kGreenTop) + "\"/>\n"
-      "    <stop offset=\"1\" stop-color=\"" + Web(kGreenBottom) + "\"/>\n"
+      "    <stop offset=\"0\" stop-color=\"" +
+      Web(kGreenTop) +
+      "\"/>\n"
+      "    <stop offset=\"1\" stop-color=\"" +
+      Web(kGreenBottom) +
+      "\"/>\n"
       "  </linearGradient></defs>\n";
   svg += "  <rect x=\"" + number(w.margin) + "\" y=\"" + number(w.margin) + "\" width=\"" + side +
          "\" height=\"" + side + "\" rx=\"" + number(w.corner) + "\" fill=\"url(#plate)\"/>\n";
-  svg += "  <g fill=\"none\" stroke=\"" + Web(kCream) + "\" stroke-linecap=\"round\" "
+  svg += "  <g fill=\"none\" stroke=\"" + Web(kCream) +
+         "\" stroke-linecap=\"round\" "
          "stroke-linejoin=\"round\">\n";
   svg += "    <path stroke-width=\"" + number(w.spoke) + "\" d=\"" + Spokes(w).SvgData() + "\"/>\n";
   svg += "    <circle cx=\"128\" cy=\"128\" r=\"" + number(w.radius) + "\" stroke-width=\"" +
          number(w.rim) + "\"/>\n  </g>\n";
-  svg += "  <circle cx=\"128\" cy=\"" + number(kBossY) + "\" r=\"" + number(w.boss) +
-         "\" fill=\"" + Web(kSignal) + "\"/>\n";
+  svg += "  <circle cx=\"128\" cy=\"" + number(kBossY) + "\" r=\"" + number(w.boss) + "\" fill=\"" +
+         Web(kSignal) + "\"/>\n";
   svg += "  <circle cx=\"128\" cy=\"" + number(kBossY) + "\" r=\"7\" fill=\"" + Web(kCream) +
          "\"/>\n</svg>\n";
   return svg;

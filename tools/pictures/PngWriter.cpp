@@ -53,7 +53,8 @@ class Deflater {
     std::vector<std::ptrdiff_t> before(data.size(), -1);
     const auto hash = [&](std::size_t i) {
       return ((static_cast<std::size_t>(data[i]) << 10U) ^
-              (static_cast<std::size_t>(data[i + 1]) << 5U) ^ data[i + 2]) & 0x7FFFU;
+              (static_cast<std::size_t>(data[i + 1]) << 5U) ^ data[i + 2]) &
+             0x7FFFU;
     };
     const auto remember = [&](std::size_t i) {
       if (i + kShortest <= data.size()) {
@@ -138,9 +139,9 @@ class Deflater {
 
   void Match(std::size_t length, std::size_t distance)
   {
-    constexpr std::array<std::uint32_t, 29> kLengths{
-        3,  4,  5,  6,  7,  8,  9,  10, 11,  13,  15,  17,  19,  23, 27,
-        31, 35, 43, 51, 59, 67, 83, 99, 115, 131, 163, 195, 227, 258};
+    constexpr std::array<std::uint32_t, 29> kLengths{3,  4,  5,  6,   7,   8,   9,   10,  11, 13,
+                                                     15, 17, 19, 23,  27,  31,  35,  43,  51, 59,
+                                                     67, 83, 99, 115, 131, 163, 195, 227, 258};
     constexpr std::array<int, 29> kLengthBits{0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 2, 2, 2,
                                               2, 3, 3, 3, 3, 4, 4, 4, 4, 5, 5, 5, 5, 0};
     constexpr std::array<std::uint32_t, 30> kDistances{

@@ -32,7 +32,7 @@ struct View {
   double horizon;
 };
 
-constexpr double kTrackEdge = -46;   ///< far edge of the track
+constexpr double kTrackEdge = -46;  ///< far edge of the track
 constexpr double kHorizon = -150;
 
 void DrawSky(Canvas& canvas, const View& view, const Light& light, Dice& dice)
@@ -47,8 +47,8 @@ void DrawSky(Canvas& canvas, const View& view, const Light& light, Dice& dice)
   const Point sun{view.left + width * 0.72, view.horizon - std::min(sky * 0.44, 330.0)};
   const double r = 88;
   canvas.Fill(Path::Circle(sun.x, sun.y, r * 4.2),
-              Paint::Radial(sun, r * 4.2, {{0.2, WithAlpha(light.sun, 0.55)},
-                                           {1, WithAlpha(light.sun, 0)}}));
+              Paint::Radial(sun, r * 4.2,
+                            {{0.2, WithAlpha(light.sun, 0.55)}, {1, WithAlpha(light.sun, 0)}}));
   canvas.Fill(Path::Circle(sun.x, sun.y, r), light.sun);
 
   const int clouds = static_cast<int>(width * sky / 110000) + 2;
@@ -74,10 +74,9 @@ void DrawHills(Canvas& canvas, const View& view, const Light& light, Dice& dice)
     Color color;
   };
   const double phase = dice.Between(0, 6);
-  for (const Ridge& ridge :
-       {Ridge{150, 52, 250, light.far_hills},
-        Ridge{98, 34, 170, Mix(light.far_hills, light.near_hills, 0.5)},
-        Ridge{58, 20, 215, light.near_hills}}) {
+  for (const Ridge& ridge : {Ridge{150, 52, 250, light.far_hills},
+                             Ridge{98, 34, 170, Mix(light.far_hills, light.near_hills, 0.5)},
+                             Ridge{58, 20, 215, light.near_hills}}) {
     Path hill;
     hill.MoveTo(view.left - 5, view.horizon + 4);
     for (double x = view.left - 5; x <= view.right + 5; x += 4) {
@@ -87,9 +86,9 @@ void DrawHills(Canvas& canvas, const View& view, const Light& light, Dice& dice)
       hill.LineTo(x, view.horizon - ridge.height - ridge.swing * wave);
     }
     hill.LineTo(view.right + 5, view.horizon + 4);
-    canvas.Fill(hill, Paint::Vertical(view.horizon - ridge.height - ridge.swing, view.horizon,
-                                      {{0, ridge.color},
-                                       {1, Mix(ridge.color, light.horizon, 0.35)}}));
+    canvas.Fill(hill,
+                Paint::Vertical(view.horizon - ridge.height - ridge.swing, view.horizon,
+                                {{0, ridge.color}, {1, Mix(ridge.color, light.horizon, 0.35)}}));
   }
 }
 
@@ -139,10 +138,11 @@ void DrawStand(Canvas& canvas, const View& view, Dice& dice)
   const double width = 250;
   const double floor = view.horizon + 14;
   const double roof = floor - 104;
-  canvas.Fill(Path::Polygon({{x, floor}, {x, floor - 30}, {x + width - 20, roof + 26},
-                             {x + width - 20, floor}})
-                  .Add(Path::Rect(x, floor - 62, width - 20, 62)),
-              Hex(0x4A4E55));
+  canvas.Fill(
+      Path::Polygon(
+          {{x, floor}, {x, floor - 30}, {x + width - 20, roof + 26}, {x + width - 20, floor}})
+          .Add(Path::Rect(x, floor - 62, width - 20, 62)),
+      Hex(0x4A4E55));
   const std::uint32_t coats[] = {0xE9DFC8, 0xC8553D, 0xF2B544, 0x6E9FB5,
                                  0xF7F3E6, 0x7B5E57, 0x3D6B5C};
   for (int row = 0; row < 6; ++row) {
@@ -151,20 +151,23 @@ void DrawStand(Canvas& canvas, const View& view, Dice& dice)
         continue;
       }
       const auto coat = static_cast<std::size_t>(dice.Next() * 7);
-      canvas.Fill(Path::Circle(x + 9 + seat * 9.2 + dice.Between(-1.5, 1.5),
-                               floor - 54 + row * 9.3, 3.5),
-                  Mix(Hex(coats[coat]), Hex(0x4A4E55), 0.28 - 0.04 * row));
+      canvas.Fill(
+          Path::Circle(x + 9 + seat * 9.2 + dice.Between(-1.5, 1.5), floor - 54 + row * 9.3, 3.5),
+          Mix(Hex(coats[coat]), Hex(0x4A4E55), 0.28 - 0.04 * row));
     }
   }
   canvas.Fill(Path::Rect(x - 3, floor - 8, width - 14, 12), Hex(0xE9E3D2));
   for (int post = 0; post < 4; ++post) {
     canvas.Fill(Path::Rect(x + 4 + post * 72, roof + 8, 4, 96), Hex(0xD8D4C6));
   }
-  canvas.Fill(Path::Polygon({{x - 16, roof + 14}, {x - 10, roof}, {x + width, roof - 12},
-                             {x + width + 6, roof + 4}}),
-              Hex(0xF3EDDC));
-  canvas.Fill(Path::Polygon({{x - 16, roof + 14}, {x + width + 6, roof + 4},
-                             {x + width + 6, roof + 9}, {x - 16, roof + 20}}),
+  canvas.Fill(
+      Path::Polygon(
+          {{x - 16, roof + 14}, {x - 10, roof}, {x + width, roof - 12}, {x + width + 6, roof + 4}}),
+      Hex(0xF3EDDC));
+  canvas.Fill(Path::Polygon({{x - 16, roof + 14},
+                             {x + width + 6, roof + 4},
+                             {x + width + 6, roof + 9},
+                             {x - 16, roof + 20}}),
               Hex(0xA9A595));
   const std::uint32_t flags[] = {0xC8402F, 0xF2B544, 0x2F6F86, 0xF7F3E6};
   for (int i = 0; i < 4; ++i) {
@@ -198,8 +201,8 @@ void DrawFence(Canvas& canvas, const View& view, Dice& dice)
     canvas.Fill(Path::Rect(x + 4, y - 12, 7, 28), Hex(0x8F8A7C));
   }
   canvas.Fill(Path::Rect(view.left, y - 12, view.right - view.left, 13),
-              Paint::Vertical(y - 12, y + 1, {{0, Hex(0xFFFDF4)}, {0.5, Hex(0xEDE7D6)},
-                                              {1, Hex(0xB9B3A2)}}));
+              Paint::Vertical(y - 12, y + 1,
+                              {{0, Hex(0xFFFDF4)}, {0.5, Hex(0xEDE7D6)}, {1, Hex(0xB9B3A2)}}));
   canvas.Fill(Path::Rect(view.left, y + 15, view.right - view.left, 5), Hex(0x10201A, 0.20));
   // Straw bales in front of it.
   for (double x = view.left + dice.Between(20, 80); x < view.right; x += dice.Between(250, 420)) {
@@ -213,8 +216,8 @@ void DrawFence(Canvas& canvas, const View& view, Dice& dice)
       canvas.Fill(Path::RoundRect(bx, kTrackEdge - 32, 47, 28, 4),
                   Paint::Vertical(kTrackEdge - 32, kTrackEdge - 4,
                                   {{0, Hex(0xEBCB80)}, {0.3, Hex(0xD9B25E)}, {1, Hex(0x9E7A38)}}));
-      canvas.Fill(Path::Rect(bx + 12, kTrackEdge - 32, 2, 28).Add(
-                      Path::Rect(bx + 32, kTrackEdge - 32, 2, 28)),
+      canvas.Fill(Path::Rect(bx + 12, kTrackEdge - 32, 2, 28)
+                      .Add(Path::Rect(bx + 32, kTrackEdge - 32, 2, 28)),
                   Hex(0x7A5A28, 0.7));
     }
   }
@@ -224,10 +227,11 @@ void DrawTrack(Canvas& canvas, const View& view, const Light& light, Dice& dice)
 {
   const double width = view.right - view.left;
   const double near_edge = std::min(92.0, (view.bottom + 60) * 0.62);
-  canvas.Fill(Path::Rect(view.left, kTrackEdge, width, view.bottom - kTrackEdge),
-              Paint::Vertical(kTrackEdge, near_edge,
-                              {{0, Lighter(light.track, 0.20)}, {0.5, light.track},
-                               {1, Darker(light.track, 0.10)}}));
+  canvas.Fill(
+      Path::Rect(view.left, kTrackEdge, width, view.bottom - kTrackEdge),
+      Paint::Vertical(
+          kTrackEdge, near_edge,
+          {{0, Lighter(light.track, 0.20)}, {0.5, light.track}, {1, Darker(light.track, 0.10)}}));
   for (int i = 0; i < 70; ++i) {  // rubber and wear along the road
     const double x = view.left + width * dice.Between(-0.1, 1);
     const double y = dice.Between(kTrackEdge + 8, near_edge - 6);
@@ -244,7 +248,8 @@ void DrawTrack(Canvas& canvas, const View& view, const Light& light, Dice& dice)
   Path blades;
   for (double x = view.left - 5; x < view.right + 5; x += dice.Between(2.5, 6)) {
     const double lean = dice.Between(-4, 4);
-    blades.Add(Path::Polygon({{x - 2.2, near_edge + 3}, {x + lean, near_edge - dice.Between(4, 13)},
+    blades.Add(Path::Polygon({{x - 2.2, near_edge + 3},
+                              {x + lean, near_edge - dice.Between(4, 13)},
                               {x + 2.2, near_edge + 3}}));
   }
   canvas.Fill(blades, Darker(light.grass, 0.12));
@@ -270,20 +275,20 @@ void DrawTrack(Canvas& canvas, const View& view, const Light& light, Dice& dice)
 
 Light Afternoon()
 {
-  return {Hex(0x5FA8BE), Hex(0xFBE9C2), Hex(0xFFF6DC), Hex(0x8DB4B5), Hex(0x5E927F),
-          Hex(0x2F5F4A), Hex(0x8AA850), Hex(0x6E7480)};
+  return {Hex(0x5FA8BE), Hex(0xFBE9C2), Hex(0xFFF6DC), Hex(0x8DB4B5),
+          Hex(0x5E927F), Hex(0x2F5F4A), Hex(0x8AA850), Hex(0x6E7480)};
 }
 
 Light Evening()
 {
-  return {Hex(0x3E5C8A), Hex(0xF9B977), Hex(0xFFE2A6), Hex(0x9A8297), Hex(0x6A6784),
-          Hex(0x35465A), Hex(0x7F8A4C), Hex(0x615F6C)};
+  return {Hex(0x3E5C8A), Hex(0xF9B977), Hex(0xFFE2A6), Hex(0x9A8297),
+          Hex(0x6A6784), Hex(0x35465A), Hex(0x7F8A4C), Hex(0x615F6C)};
 }
 
 Light Morning()
 {
-  return {Hex(0x86B7D6), Hex(0xEEF3EA), Hex(0xFFFDF2), Hex(0xA9C4CC), Hex(0x7FA79B),
-          Hex(0x4A7A63), Hex(0x97B563), Hex(0x7A7F88)};
+  return {Hex(0x86B7D6), Hex(0xEEF3EA), Hex(0xFFFDF2), Hex(0xA9C4CC),
+          Hex(0x7FA79B), Hex(0x4A7A63), Hex(0x97B563), Hex(0x7A7F88)};
 }
 
 Canvas DrawScene(const Scene& scene)

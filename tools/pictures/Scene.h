@@ -25,13 +25,13 @@ struct Light {
 [[nodiscard]] Light Morning();
 
 struct Scene {
-  int width = 0;            ///< pixels
-  int height = 0;           ///< pixels
-  double car_share = 0.86;  ///< width of the car over the width of the picture
+  int width = 0;               ///< pixels
+  int height = 0;              ///< pixels
+  double car_share = 0.86;     ///< width of the car over the width of the picture
   double ground_share = 0.78;  ///< height of the tyres' foot in the picture, from the top
   Light light;
   CarStyle car;
-  std::uint32_t seed = 1;   ///< where trees and clouds stand
+  std::uint32_t seed = 1;  ///< where trees and clouds stand
 };
 
 /// Draws the car on a road before stand, trees and hills; no pixel stays clear.

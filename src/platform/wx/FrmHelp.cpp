@@ -46,7 +46,10 @@ FrmHelp::FrmHelp(wxWindow* parent, std::string_view manual)
 
   MakeSearchBar();
   BindKeys();
-  panel_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) { PlaceControls(); event.Skip(); });
+  panel_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    PlaceControls();
+    event.Skip();
+  });
   SetClientSize(FromDIP(wxSize(kClientWidth, kClientHeight)));
   ShowSearchBar(false);
   if (parent != nullptr)
@@ -59,16 +62,15 @@ void FrmHelp::MakeSearchBar()
 {
   bar_ = new wxPanel(panel_);
   auto* const label = new wxStaticText(bar_, wxID_ANY, "F&ind:");
-  wanted_ = new wxTextCtrl(bar_, wxID_ANY, wxString(), wxDefaultPosition,
-                           wxSize(FromDIP(220), -1), wxTE_PROCESS_ENTER, wxDefaultValidator,
-                           "FindText");
+  wanted_ = new wxTextCtrl(bar_, wxID_ANY, wxString(), wxDefaultPosition, wxSize(FromDIP(220), -1),
+                           wxTE_PROCESS_ENTER, wxDefaultValidator, "FindText");
   SetMnemonicTarget(*label, *wanted_);
   SetSpoken(*wanted_, "Find", {});
   auto* const next = new wxButton(bar_, wxID_ANY, "&Next", wxDefaultPosition, wxDefaultSize, 0,
                                   wxDefaultValidator, "FindNext");
   next->SetToolTip("Goes to the next place (Enter or F3)");
-  auto* const previous = new wxButton(bar_, wxID_ANY, "&Previous", wxDefaultPosition,
-                                      wxDefaultSize, 0, wxDefaultValidator, "FindPrevious");
+  auto* const previous = new wxButton(bar_, wxID_ANY, "&Previous", wxDefaultPosition, wxDefaultSize,
+                                      0, wxDefaultValidator, "FindPrevious");
   previous->SetToolTip("Goes to the place before (Shift+F3)");
   result_ = new wxStaticText(bar_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                              wxST_NO_AUTORESIZE, "FindResult");

@@ -29,13 +29,18 @@ FrmInstallDelete::FrmInstallDelete(wxWindow* parent, InstallDeleteForm& form)
   auto* const remark = new wxStaticText(this, wxID_ANY, "Nothing is deleted from your disk.");
   auto* const remove = new wxButton(this, wxID_ANY, "&Delete", wxDefaultPosition, wxDefaultSize, 0,
                                     wxDefaultValidator, "DeleteButton");
-  auto* const leave = new wxButton(this, wxID_CANCEL, "&Close", wxDefaultPosition, wxDefaultSize,
-                                   0, wxDefaultValidator, "CancelButton");
+  auto* const leave = new wxButton(this, wxID_CANCEL, "&Close", wxDefaultPosition, wxDefaultSize, 0,
+                                   wxDefaultValidator, "CancelButton");
   remove->SetToolTip("Takes the chosen installation off the list");
 
-  list_->Bind(wxEVT_CHOICE,
-              [this](wxCommandEvent& event) { form_.Combo1_Click(event.GetInt()); ShowForm(); });
-  remove->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { form_.DeleteButton_Click(); ShowForm(); });
+  list_->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
+    form_.Combo1_Click(event.GetInt());
+    ShowForm();
+  });
+  remove->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+    form_.DeleteButton_Click();
+    ShowForm();
+  });
   leave->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { EndModal(wxID_CANCEL); });
   Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { EndModal(wxID_CANCEL); });
 

@@ -35,8 +35,8 @@ FrmModYear::FrmModYear(wxWindow* parent, ModYearForm form, std::string_view mess
   label->Wrap(FromDIP(kMessageWidth));
   label->SetMinSize(label->GetBestSize() + FromDIP(wxSize(8, 0)));
 
-  auto* const frame = new wxStaticBox(this, wxID_ANY, "Mod Year", wxDefaultPosition,
-                                      wxDefaultSize, 0, "Frame1");
+  auto* const frame =
+      new wxStaticBox(this, wxID_ANY, "Mod Year", wxDefaultPosition, wxDefaultSize, 0, "Frame1");
   auto* const buttons = new wxStaticBoxSizer(frame, wxHORIZONTAL);
   for (std::size_t i = 0; i < kYears.size(); ++i) {
     auto* const button = new wxButton(frame, wxID_ANY, kYears[i], wxDefaultPosition, wxDefaultSize,

@@ -43,8 +43,7 @@ void LoadStyleOnce()
   loaded = true;
   GtkCssProvider* provider = gtk_css_provider_new();
   gtk_css_provider_load_from_data(provider, kTightStyle, -1, nullptr);
-  gtk_style_context_add_provider_for_screen(gdk_screen_get_default(),
-                                            GTK_STYLE_PROVIDER(provider),
+  gtk_style_context_add_provider_for_screen(gdk_screen_get_default(), GTK_STYLE_PROVIDER(provider),
                                             GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   g_object_unref(provider);
 }
@@ -62,8 +61,8 @@ void TellChosenAgain(wxChoice& list, int chosen)
 void OnMenuActivate(GtkWidget*, const char* path, gpointer list)
 {
   auto& choice = *static_cast<wxChoice*>(list);
-  const auto before = GPOINTER_TO_INT(
-      g_object_get_data(G_OBJECT(choice.GetHandle()), kSelectionAtOpening));
+  const auto before =
+      GPOINTER_TO_INT(g_object_get_data(G_OBJECT(choice.GetHandle()), kSelectionAtOpening));
   long chosen = -1;
   if (!wxString::FromUTF8(path).ToLong(&chosen)) return;
   if (chosen == before && chosen == choice.GetSelection())

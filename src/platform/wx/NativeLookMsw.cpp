@@ -18,10 +18,7 @@ class Spoken final : public wxAccessible {
     description_ = description;
   }
 
-  wxAccStatus GetName(int child, wxString* name) override
-  {
-    return Tell(child, name_, name);
-  }
+  wxAccStatus GetName(int child, wxString* name) override { return Tell(child, name_, name); }
 
   wxAccStatus GetDescription(int child, wxString* description) override
   {
@@ -66,8 +63,7 @@ void SetSpoken(wxWindow& control, const wxString& name, const wxString& descript
 void CentreVertically(wxStaticText& label)
 {
   const HWND window = label.GetHWND();
-  ::SetWindowLongPtrW(window, GWL_STYLE,
-                      ::GetWindowLongPtrW(window, GWL_STYLE) | SS_CENTERIMAGE);
+  ::SetWindowLongPtrW(window, GWL_STYLE, ::GetWindowLongPtrW(window, GWL_STYLE) | SS_CENTERIMAGE);
 }
 
 void SetMnemonicTarget(wxStaticText&, wxWindow&)

@@ -75,7 +75,7 @@ Answer WxDialogs::ShowMessage(std::string_view text, Icon icon, Buttons buttons)
 {
   const bool asks = buttons == Buttons::kYesNo;
   MessageBox box(owner_, FromText(text), kCaption,
-                      (asks ? wxYES_NO : wxOK) | IconStyle(icon) | wxCENTRE);
+                 (asks ? wxYES_NO : wxOK) | IconStyle(icon) | wxCENTRE);
   const int pressed = box.ShowModal();
   if (!asks) return Answer::kOk;
   return pressed == wxID_YES ? Answer::kYes : Answer::kNo;
@@ -83,8 +83,8 @@ Answer WxDialogs::ShowMessage(std::string_view text, Icon icon, Buttons buttons)
 
 std::optional<std::string> WxDialogs::AskOpenFile(const OpenRequest& request)
 {
-  const auto start = request.start.empty() ? DialogStart{request.directory, {}}
-                                           : SplitStart(request.start);
+  const auto start =
+      request.start.empty() ? DialogStart{request.directory, {}} : SplitStart(request.start);
   wxFileDialog box(owner_, "Open", ExistingDirectory(start.directory), FromText(start.name),
                    SystemOpenFilter(request.filter), wxFD_OPEN | wxFD_FILE_MUST_EXIST);
   box.SetFilterIndex(request.filter_index - 1);
@@ -106,10 +106,9 @@ std::optional<std::string> WxDialogs::AskSaveFile(const SaveRequest& request)
     const auto written = WithExtension(chosen, request.extension);
     const wxFileName file(FromText(written));
     if (SamePathText(written, chosen) || !file.FileExists()) return chosen;
-    MessageBox question(owner_,
-                        "\"" + file.GetFullName() +
-                            "\" already exists.\nDo you want to replace it?",
-                        kCaption, wxYES_NO | wxNO_DEFAULT | wxICON_EXCLAMATION | wxCENTRE);
+    MessageBox question(
+        owner_, "\"" + file.GetFullName() + "\" already exists.\nDo you want to replace it?",
+        kCaption, wxYES_NO | wxNO_DEFAULT | wxICON_EXCLAMATION | wxCENTRE);
     if (question.ShowModal() == wxID_YES) return chosen;
     directory = file.GetPath();
     name = file.GetFullName();

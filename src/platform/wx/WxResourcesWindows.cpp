@@ -13,8 +13,7 @@ std::span<const std::byte> Resource(const wchar_t* type, WORD number)
   const HRSRC found = ::FindResourceW(nullptr, MAKEINTRESOURCEW(number), type);
   const HGLOBAL loaded = found != nullptr ? ::LoadResource(nullptr, found) : nullptr;
   if (loaded == nullptr) return {};
-  return {static_cast<const std::byte*>(::LockResource(loaded)),
-          ::SizeofResource(nullptr, found)};
+  return {static_cast<const std::byte*>(::LockResource(loaded)), ::SizeofResource(nullptr, found)};
 }
 
 }  // namespace

@@ -1,0 +1,198 @@
+; SPDX-License-Identifier: MIT
+; The installer: for the one user who runs it, without administrator rights.
+;
+; makensis -DVERSION=1.2.3 -DFOLDER=<what ships> -DDATA=<list of data files> -DOUT=<installer>
+;
+; Data files and default setups are the user's to change. Beside each, an untouched copy lies in
+; Originals: an update replaces only what is still the same as its copy, and removing the program
+; leaves what was changed. The settings file is never touched.
+
+Target amd64-unicode
+Unicode true
+SetCompressor /SOLID lzma
+Name "Velquist"
+OutFile "${OUT}"
+RequestExecutionLevel user
+InstallDir "$LOCALAPPDATA\Programs\Velquist"
+InstallDirRegKey HKCU "Software\Velquist Project\Velquist" "Directory"
+ManifestDPIAware true
+ManifestSupportedOS Win10
+VIProductVersion "${VERSION}.0"
+VIFileVersion "${VERSION}.0"
+VIAddVersionKey "CompanyName" "Velquist Project"
+VIAddVersionKey "FileDescription" "Velquist installer"
+VIAddVersionKey "FileVersion" "${VERSION}"
+VIAddVersionKey "LegalCopyright" "${COPYRIGHT}"
+VIAddVersionKey "ProductName" "Velquist"
+VIAddVersionKey "ProductVersion" "${VERSION}"
+
+!include LogicLib.nsh
+!include MUI2.nsh
+
+!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Velquist"
+!define SETTINGS "Velquist Program Settings.ini"
+
+!define MUI_ICON "${ICON}"
+!define MUI_UNICON "${ICON}"
+!define MUI_FINISHPAGE_RUN "$INSTDIR\Velquist.exe"
+!insertmacro MUI_PAGE_LICENSE "${FOLDER}\Licences\Velquist.txt"
+!insertmacro MUI_PAGE_DIRECTORY
+!insertmacro MUI_PAGE_INSTFILES
+!insertmacro MUI_PAGE_FINISH
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE "English"
+
+; $R0 becomes 1 when both files are there and hold the same bytes, else 0.
+!macro SameFile PREFIX
+Function ${PREFIX}SameFile
+  Exch $0
+  Exch
+  Exch $1
+  Push $2
+  Push $3
+  Push $4
+  Push $5
+  StrCpy $R0 0
+  ${If} ${FileExists} "$0"
+  ${AndIf} ${FileExists} "$1"
+    FileOpen $2 "$0" r
+    FileOpen $3 "$1" r
+    FileSeek $2 0 END $4
+    FileSeek $3 0 END $5
+    ${If} $4 = $5
+      FileSeek $2 0 SET
+      FileSeek $3 0 SET
+      StrCpy $R0 1
+      ${Do}
+        ClearErrors
+        FileReadByte $2 $4
+        ${If} ${Errors}
+          ${ExitDo}
+        ${EndIf}
+        FileReadByte $3 $5
+        ${If} $4 != $5
+          StrCpy $R0 0
+          ${ExitDo}
+        ${EndIf}
+      ${Loop}
+    ${EndIf}
+    FileClose $2
+    FileClose $3
+  ${EndIf}
+  ClearErrors
+  Pop $5
+  Pop $4
+  Pop $3
+  Pop $2
+  Pop $1
+  Pop $0
+FunctionEnd
+!macroend
+!insertmacro SameFile ""
+!insertmacro SameFile "un."
+
+; PLACE is "" or a folder with "\" in front of it.
+!macro InstallData PLACE FILE
+  StrCpy $R1 1
+  ${If} ${FileExists} "$INSTDIR${PLACE}\${FILE}"
+    Push "$INSTDIR${PLACE}\${FILE}"
+    Push "$INSTDIR\Originals${PLACE}\${FILE}"
+    Call SameFile
+    StrCpy $R1 $R0
+  ${EndIf}
+  SetOutPath "$INSTDIR\Originals${PLACE}"
+  File "${FOLDER}${PLACE}\${FILE}"
+  ${If} $R1 = 1
+    SetOutPath "$INSTDIR${PLACE}"
+    File "${FOLDER}${PLACE}\${FILE}"
+  ${EndIf}
+!macroend
+
+!macro RemoveData PLACE FILE
+  Push "$INSTDIR${PLACE}\${FILE}"
+  Push "$INSTDIR\Originals${PLACE}\${FILE}"
+  Call un.SameFile
+  ${If} $R0 = 1
+    Delete "$INSTDIR${PLACE}\${FILE}"
+  ${ElseIf} ${FileExists} "$INSTDIR${PLACE}\${FILE}"
+    StrCpy $R9 1
+  ${EndIf}
+  Delete "$INSTDIR\Originals${PLACE}\${FILE}"
+!macroend
+
+!macro RemoveChangedData PLACE FILE
+  Delete "$INSTDIR${PLACE}\${FILE}"
+!macroend
+
+!include "${DATA}"
+
+Section
+  ; A program that runs cannot be replaced.
+  SetOutPath "$INSTDIR"
+  SetOverwrite try
+  ClearErrors
+  File "${FOLDER}\Velquist.exe"
+  ${If} ${Errors}
+    MessageBox MB_OK|MB_ICONEXCLAMATION "Velquist is running. Close it and install again." /SD IDOK
+    SetErrorLevel 2
+    Abort
+  ${EndIf}
+  SetOverwrite on
+  File "${FOLDER}\Velquist Manual.txt"
+  SetOutPath "$INSTDIR\Licences"
+  File "${FOLDER}\Licences\*.txt"
+  !insertmacro DataFiles InstallData
+
+  SetOutPath "$INSTDIR"
+  WriteUninstaller "$INSTDIR\Uninstall.exe"
+  CreateShortCut "$SMPROGRAMS\Velquist.lnk" "$INSTDIR\Velquist.exe"
+  WriteRegStr HKCU "Software\Velquist Project\Velquist" "Directory" "$INSTDIR"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "Velquist"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\Velquist.exe"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "Publisher" "Velquist Project"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\Uninstall.exe"'
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\Uninstall.exe" /S'
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoModify" 1
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoRepair" 1
+SectionEnd
+
+Section Uninstall
+  ClearErrors
+  Delete "$INSTDIR\Velquist.exe"
+  ${If} ${Errors}
+    MessageBox MB_OK|MB_ICONEXCLAMATION "Velquist is running. Close it and remove it again." /SD IDOK
+    SetErrorLevel 2
+    Abort
+  ${EndIf}
+  Delete "$INSTDIR\Velquist Manual.txt"
+  Delete "$INSTDIR\Licences\*.txt"
+  Delete "$INSTDIR\Uninstall.exe"
+  Delete "$SMPROGRAMS\Velquist.lnk"
+
+  StrCpy $R9 0
+  !insertmacro DataFiles RemoveData
+  ${If} ${FileExists} "$INSTDIR\${SETTINGS}"
+    StrCpy $R9 1
+  ${EndIf}
+  ${If} $R9 = 1
+    MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 \
+      "Remove your settings and the data files and default setups that you have changed, too?" \
+      /SD IDNO IDNO keep
+    !insertmacro DataFiles RemoveChangedData
+    Delete "$INSTDIR\${SETTINGS}"
+    keep:
+  ${EndIf}
+
+  ; Folders go when nothing of the user's is left in them.
+  RMDir "$INSTDIR\Originals\Metric"
+  RMDir "$INSTDIR\Originals"
+  RMDir "$INSTDIR\Licences"
+  RMDir "$INSTDIR\Metric"
+  RMDir "$INSTDIR"
+  DeleteRegKey HKCU "${UNINSTALL_KEY}"
+  DeleteRegKey HKCU "Software\Velquist Project\Velquist"
+  DeleteRegKey /ifempty HKCU "Software\Velquist Project"
+SectionEnd
