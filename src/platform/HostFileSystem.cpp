@@ -3,7 +3,13 @@
 
 #include <algorithm>
 #include <fstream>
+#include <memory>
 #include <optional>
+
+#ifndef _WIN32
+#include <dirent.h>
+#include <sys/stat.h>
+#endif
 
 #include "platform/AtomicFile.h"
 #include "platform/Errors.h"
@@ -180,6 +186,8 @@ void HostFileSystem::WriteText(std::string_view path, std::string_view text)
   WriteAtomically(HostPath(path), std::as_bytes(std::span(text)), path);
 }
 
+#ifdef _WIN32
+
 std::vector<std::string> HostFileSystem::ListSubdirectories(std::string_view directory,
                                                             std::size_t most) const
 {
@@ -192,5 +200,32 @@ std::vector<std::string> HostFileSystem::ListSubdirectories(std::string_view dir
   }
   return names;
 }
+
+#else
+
+// The system's own calls: a start lists hundreds of names and needs no path of each.
+std::vector<std::string> HostFileSystem::ListSubdirectories(std::string_view directory,
+                                                            std::size_t most) const
+{
+  std::vector<std::string> names;
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(HostPath(directory).c_str()),
+                                                 ::closedir);
+  if (!open) return names;
+  while (const dirent* entry = names.size() < most ? ::readdir(open.get()) : nullptr) {
+    const std::string_view name = entry->d_name;
+    if (name == "." || name == "..") continue;
+    // Links, and all entries of file systems that do not tell, are looked at themselves.
+    bool is_directory = entry->d_type == DT_DIR;
+    if (entry->d_type == DT_LNK || entry->d_type == DT_UNKNOWN) {
+      struct stat status {};
+      is_directory =
+          ::fstatat(::dirfd(open.get()), entry->d_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
+    }
+    if (is_directory) names.emplace_back(name);
+  }
+  return names;
+}
+
+#endif
 
 }  // namespace velquist::platform
