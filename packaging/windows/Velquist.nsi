@@ -169,6 +169,7 @@ Section Uninstall
   ${EndIf}
   Delete "$INSTDIR\Velquist Manual.txt"
   Delete "$INSTDIR\Licences\*.txt"
+  Delete "$INSTDIR\MyPicture.tmp"
   Delete "$INSTDIR\Uninstall.exe"
   Delete "$SMPROGRAMS\Velquist.lnk"
 
