@@ -63,10 +63,10 @@ TEST_F(HelpWindow, KeepsItsProportionsWhenItIsResized)
 
 TEST_F(HelpWindow, KeepsItsTextWithinTheSmallestWindow)
 {
-  help_->SetClientSize(60, 30);
-  const wxSize small(120, 60);
-  EXPECT_TRUE(
-      WaitUntil([&] { return Text().GetSize().x < small.x || Text().GetSize().y < small.y; }));
+  const wxSize before = Text().GetSize();
+  help_->SetClientSize(help_->GetMinClientSize());
+  EXPECT_TRUE(WaitUntil(
+      [&] { return Text().GetSize().x < before.x / 2 && Text().GetSize().y < before.y / 2; }));
   const wxRect client(Text().GetParent()->GetClientSize());
   EXPECT_TRUE(client.Contains(Text().GetRect()));
 }

@@ -15,6 +15,8 @@ namespace {
 // Client area and text box as designed; a resize keeps the proportions.
 constexpr int kClientWidth = 820;
 constexpr int kClientHeight = 620;
+constexpr int kLeastClientWidth = 200;
+constexpr int kLeastClientHeight = 120;
 constexpr int kTextLeft = 10;
 constexpr int kTextTop = 10;
 constexpr int kTextWidth = kClientWidth - 2 * kTextLeft;
@@ -50,6 +52,8 @@ FrmHelp::FrmHelp(wxWindow* parent, std::string_view manual)
     PlaceControls();
     event.Skip();
   });
+  // Smaller than this the toolkit has no room for the scroll bar.
+  SetMinClientSize(FromDIP(wxSize(kLeastClientWidth, kLeastClientHeight)));
   SetClientSize(FromDIP(wxSize(kClientWidth, kClientHeight)));
   ShowSearchBar(false);
   if (parent != nullptr)
