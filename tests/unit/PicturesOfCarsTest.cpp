@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
@@ -43,10 +44,11 @@ Bytes HeaderOf(unsigned width, unsigned height)
 {
   const auto low = [](unsigned value) { return std::byte(value & 0xFFU); };
   const auto high = [](unsigned value) { return std::byte(value >> 8U); };
-  Bytes bytes{std::byte{0xFF}, std::byte{0xD8}, std::byte{0xFF}, std::byte{0xC0},
-              std::byte{0},    std::byte{17},   std::byte{8},    high(height),
-              low(height),     high(width),     low(width)};
-  bytes.resize(200, std::byte{3});
+  const Bytes header{std::byte{0xFF}, std::byte{0xD8}, std::byte{0xFF}, std::byte{0xC0},
+                     std::byte{0},    std::byte{17},   std::byte{8},    high(height),
+                     low(height),     high(width),     low(width)};
+  Bytes bytes(200, std::byte{3});
+  std::copy(header.begin(), header.end(), bytes.begin());
   return bytes;
 }
 
