@@ -20,7 +20,7 @@ namespace {
 using platform::Icon;
 
 constexpr std::uint64_t kMarqueePause = 30000;  ///< ms from a new quotation to its first step
-constexpr std::uint64_t kMarqueePeriod = 30;    ///< ms from one step to the next
+constexpr std::uint64_t kMarqueePeriod = 40;    ///< ms from one step to the next
 constexpr int kMarqueeStep = 10;                ///< units to the left
 constexpr int kUnitsPerPixel = 15;
 

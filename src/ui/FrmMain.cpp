@@ -108,7 +108,6 @@ void FrmMain::FitToDesktop()
 
 void FrmMain::RunMarquee()
 {
-  platform::KeepToItself(*widgets_[marquee_].Window().GetParent());
   marquee_runs_ = true;
   SetTimer();
 }
@@ -118,12 +117,11 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
   int id = kFirstId;
   const app::ControlDesign* previous = nullptr;
   for (const auto& design : app::FormControlSettings()) {
-    if (design.kind != ControlKind::kMenu) {
+    if (design.kind != ControlKind::kMenu && design.name != "LblMarquee") {
       const bool goes_on = previous != nullptr && previous->kind == ControlKind::kOption &&
                            previous->name == design.name;
       wxWindow* const made = MakeWindow(design, id, !goes_on, pictures);
       Describe(*made, design);
-      if (design.name == "LblMarquee") marquee_ = widgets_.size();
       widgets_.emplace_back(*window_.Form().Find(design.name, design.index), *made);
       previous = &design;
     }
@@ -139,14 +137,7 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id, b
   if (IsStepButton(design))
     return new StepButton(panel_, id, name, *form.Find("Label1", design.index),
                           [this, slot = design.index] { return window_.SlotValue(slot); });
-  if (design.kind != ControlKind::kPicture) {
-    // What stands in a picture box is cut off at its edge; frames only stand around things.
-    const auto* const around = form.Find(design.frame, design.frame_index);
-    wxWindow* parent = panel_;
-    if (around != nullptr && around->design->kind == ControlKind::kPicture)
-      parent = FindWindowByName(WindowName(*around->design), panel_);
-    return MakeWidget(design, parent, id, first_option);
-  }
+  if (design.kind != ControlKind::kPicture) return MakeWidget(design, panel_, id, first_option);
   if (design.name == "PictureChart")
     return chart_ = new ChartBox(panel_, id, name, form.chart, [this](double x, double y) {
              return window_.PictureChart_MouseMove(x, y);
@@ -156,7 +147,7 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id, b
              return window_.PictureChart2_MouseMove(x, y);
            });
   if (design.name == "GEMPic1") return car_ = new CarPictureBox(panel_, id, name, pictures);
-  return new MarqueeBox(panel_, id, name);
+  return marquee_ = new MarqueeBox(panel_, id, name, form.LblMarquee);
 }
 
 void FrmMain::LinkMnemonics()
@@ -231,30 +222,23 @@ void FrmMain::ShowChanges()
   const wxString caption = platform::FromText(form.caption);
   if (GetTitle() != caption) SetTitle(caption);
   for (auto& widget : widgets_) {
-    ShowChanges(widget);
-    if (auto* const button = dynamic_cast<StepButton*>(&widget.Window()))
-      button->SayValue(widget.Design());
+    const auto& design = widget.Design();
+    widget.BringInLine(form.IsShown(*form.Find(design.name, design.index)));
+    if (auto* const button = dynamic_cast<StepButton*>(&widget.Window())) button->SayValue(design);
   }
   menus_.BringInLine();
   chart_->BringInLine();
   chart2_->BringInLine();
   car_->ShowPicture(form.car_picture);
+  marquee_->BringInLine();
   SetTimer();  // which a box on the screen has held up
 }
 
-void FrmMain::ShowChanges(ControlWidget& widget)
-{
-  const auto& form = window_.Form();
-  const auto& control = *form.Find(widget.Design().name, widget.Design().index);
-  wxWindow* const parent = widget.Window().GetParent();
-  widget.BringInLine(form.IsShown(control), parent == panel_ ? wxPoint() : parent->GetPosition());
-}
-
-/// Happens so often that it looks at the one control alone that it can change.
+/// Happens so often that it looks at the one thing alone that it can change.
 void FrmMain::OnTick()
 {
   if (!Give([this] { window_.Tick(); })) return;
-  ShowChanges(widgets_[marquee_]);
+  marquee_->BringInLine();
   SetTimer();
 }
 

@@ -47,7 +47,6 @@ class FrmMain final : public wxFrame {
   /// False when another event is under way or the window is going.
   bool Give(const std::function<void()>& event);
   void ShowChanges();
-  void ShowChanges(ControlWidget& widget);
   /// Has everything placed anew when the client area has another size.
   void LayOut();
   void SetTimer();
@@ -69,7 +68,7 @@ class FrmMain final : public wxFrame {
   ChartBox* chart_ = nullptr;
   ChartBox* chart2_ = nullptr;
   CarPictureBox* car_ = nullptr;
-  std::size_t marquee_ = 0;  ///< place of the marquee's label in `widgets_`
+  MarqueeBox* marquee_ = nullptr;
   wxTimer timer_;
   bool marquee_runs_ = false;
   wxSize laid_out_for_;    ///< client area that the places in the form are for

@@ -2,16 +2,23 @@
 #include "ui/PictureBoxes.h"
 
 #include <wx/dcbuffer.h>
+#include <wx/dcclient.h>
 #include <wx/dcmemory.h>
+#include <wx/toplevel.h>
 
 #include <utility>
 
 #include "app/CarPictures.h"
+#include "platform/wx/NativeLook.h"
 #include "platform/wx/WxText.h"
 #include "ui/ChartPainting.h"
+#include "ui/Widgets.h"
 
 namespace velquist::ui {
 namespace {
+
+/// Pixels of background after the quotation, which wipe out its end where it was before.
+constexpr int kMarqueeMargin = 8;
 
 /// `image` in a bitmap that fills `box` device pixels in one direction; `scale` device pixels
 /// make one of the window's.
@@ -104,10 +111,72 @@ void CarPictureBox::OnPaint()
   paint.DrawBitmap(scaled_, (size.x - shown.x) / 2, (size.y - shown.y) / 2);
 }
 
-MarqueeBox::MarqueeBox(wxWindow* parent, wxWindowID id, const wxString& name)
-    : wxPanel(parent, id, wxDefaultPosition, wxSize(1, 1), wxBORDER_NONE, name)
+MarqueeBox::MarqueeBox(wxWindow* parent, wxWindowID id, const wxString& name,
+                       const app::Control& quotation)
+    : wxPanel(parent, id, wxDefaultPosition, wxSize(1, 1), wxBORDER_NONE, name),
+      quotation_(quotation)
 {
   SetDoubleBuffered(true);
+  OnColoursChanged();
+  Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+    OnColoursChanged();
+    event.Skip();
+  });
+}
+
+void MarqueeBox::BringInLine()
+{
+  const wxPoint corner = GetPosition();
+  const auto& place = quotation_.place;
+  const wxRect at(place.left - corner.x, place.top - corner.y, place.width, place.height);
+  const bool same = quotation_.text == text_ && at.GetSize() == at_.GetSize();
+  if (same && at == at_) return;
+  const wxRect before = std::exchange(at_, at);
+  const int moved = before.x - at.x;
+  if (same && moved > 0 && moved <= kMarqueeMargin && platform::PaintsAtOnce()) {
+    wxClientDC(this).DrawBitmap(Painted(), at.GetPosition());
+    return;
+  }
+  if (!same) {
+    painted_ = wxBitmap();
+    text_ = quotation_.text;
+    platform::SetSpoken(*this, platform::FromText(text_), wxString());
+  }
+  RefreshRect(before);
+  RefreshRect(at);
+}
+
+void MarqueeBox::OnPaint()
+{
+  wxPaintDC paint(this);
+  if (!text_.empty() && !at_.IsEmpty()) paint.DrawBitmap(Painted(), at_.GetPosition());
+}
+
+/// A drawing context asks for them, and without being told once they are looked up every time.
+void MarqueeBox::OnColoursChanged()
+{
+  const auto around = wxGetTopLevelParent(this)->GetDefaultAttributes();
+  SetFont(around.font);
+  SetForegroundColour(around.colFg);
+  SetBackgroundColour(around.colBg);
+  painted_ = wxBitmap();
+  Refresh();
+}
+
+const wxBitmap& MarqueeBox::Painted()
+{
+  const double scale = GetContentScaleFactor();
+  if (painted_.IsOk() && painted_.GetScaleFactor() == scale) return painted_;
+  const wxString text = platform::FromText(text_);
+  painted_.CreateScaled(at_.width + kMarqueeMargin, at_.height, wxBITMAP_SCREEN_DEPTH, scale);
+  wxMemoryDC memory(painted_);
+  memory.SetBackground(GetBackgroundColour());
+  memory.Clear();
+  memory.SetFont(ControlFont(quotation_.font_size));
+  memory.SetTextForeground(GetForegroundColour());
+  memory.DrawText(text, 0, (at_.height - memory.GetTextExtent(text).y) / 2);
+  return painted_;
 }
 
 }  // namespace velquist::ui

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 
+#include "app/MainForm.h"
 #include "app/PictureRecorder.h"
 #include "platform/wx/WxPictureLoader.h"
 
@@ -59,10 +60,30 @@ class CarPictureBox final : public wxPanel {
   wxSize scaled_for_;  ///< the box's size in device pixels that `scaled_` was made for
 };
 
-/// The box that the marquee runs through.
+/// The box that the marquee runs through. It paints the quotation itself and, where the system lets
+/// it, at once: a label of the toolkit's costs several times as much at every step.
 class MarqueeBox final : public wxPanel {
  public:
-  MarqueeBox(wxWindow* parent, wxWindowID id, const wxString& name);
+  MarqueeBox(wxWindow* parent, wxWindowID id, const wxString& name, const app::Control& quotation);
+
+  /// Shows the quotation's text and place as they are now.
+  void BringInLine();
+
+  /// The text shown, and its place in the box.
+  [[nodiscard]] const std::string& Text() const noexcept { return text_; }
+  [[nodiscard]] wxRect TextRect() const noexcept { return at_; }
+
+  [[nodiscard]] bool AcceptsFocus() const override { return false; }
+
+ private:
+  void OnPaint();
+  void OnColoursChanged();
+  [[nodiscard]] const wxBitmap& Painted();
+
+  const app::Control& quotation_;
+  std::string text_;  ///< as last shown
+  wxRect at_;         ///< of the quotation in the box, as last shown
+  wxBitmap painted_;  ///< the quotation; none when it is to be painted anew
 };
 
 }  // namespace velquist::ui

@@ -21,6 +21,12 @@ constexpr char kFace[] = "Arial";
 /// From this slot on, values are chosen from lists.
 constexpr int kFirstListSlot = 48;
 
+/// The system draws something of its own beside the text.
+bool HasMark(ControlKind kind)
+{
+  return kind == ControlKind::kCheck || kind == ControlKind::kOption || kind == ControlKind::kFrame;
+}
+
 /// The text with its mnemonic while it is the caption of the design.
 wxString LabelText(const app::Control& control)
 {
@@ -37,7 +43,7 @@ long LabelStyle(const app::ControlDesign& design)
   if (design.name == "Label4") return wxALIGN_LEFT | wxST_ELLIPSIZE_MIDDLE;
   const bool of_list =
       design.name == "Label5" || (design.name == "Label3" && design.index >= kFirstListSlot);
-  return of_list || design.name == "LblMarquee" ? wxALIGN_LEFT : wxALIGN_CENTRE_HORIZONTAL;
+  return of_list ? wxALIGN_LEFT : wxALIGN_CENTRE_HORIZONTAL;
 }
 
 }  // namespace
@@ -60,18 +66,20 @@ ControlWidget::ControlWidget(const app::Control& control, wxWindow& window)
   last_.shown = window.IsShown();
 }
 
-void ControlWidget::BringInLine(bool shown, wxPoint origin)
+void ControlWidget::BringInLine(bool shown)
 {
-  if (control_->font_size != last_.font_size) {
-    window_->SetFont(ControlFont(control_->font_size));
-    last_.font_size = control_->font_size;
-  }
+  const bool other_letters = control_->font_size != last_.font_size;
+  const bool other_fit = HasMark(Design().kind) && (other_letters || control_->text != last_.text ||
+                                                    control_->place.width != last_.place.width);
+  if (other_letters || other_fit) window_->SetFont(ControlFont(control_->font_size));
+  last_.font_size = control_->font_size;
   if (Design().kind == ControlKind::kList)
     ShowItems();
   else if (control_->text != last_.text)
     ShowText();
   if (control_->checked != last_.checked) ShowChecked();
-  if (control_->place != last_.place || origin != last_origin_) ShowPlace(origin);
+  if (control_->place != last_.place) ShowPlace();
+  if (other_fit) platform::KeepTextWhole(*window_, control_->place.width);
   if (control_->enabled != last_.enabled) {
     window_->Enable(control_->enabled);
     last_.enabled = control_->enabled;
@@ -129,13 +137,11 @@ void ControlWidget::ShowChecked()
   last_.checked = control_->checked;
 }
 
-void ControlWidget::ShowPlace(wxPoint origin)
+void ControlWidget::ShowPlace()
 {
   const auto& place = control_->place;
-  window_->SetSize(place.left - origin.x, place.top - origin.y, place.width, place.height,
-                   wxSIZE_FORCE);
+  window_->SetSize(place.left, place.top, place.width, place.height, wxSIZE_FORCE);
   last_.place = place;
-  last_origin_ = origin;
 }
 
 wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindowID id,

@@ -24,9 +24,8 @@ class ControlWidget {
   [[nodiscard]] wxWindow& Window() const { return *window_; }
 
   /// Brings the widget in line with the control; touches only what differs from the last time.
-  /// `shown` is that of the control and everything around it, `origin` the place of the parent
-  /// window's corner.
-  void BringInLine(bool shown, wxPoint origin);
+  /// `shown` is that of the control and everything around it.
+  void BringInLine(bool shown);
 
   /// The user has changed the widget itself: what it shows now counts as the last time.
   void TakeUserChange();
@@ -35,12 +34,11 @@ class ControlWidget {
   void ShowText();
   void ShowItems();
   void ShowChecked();
-  void ShowPlace(wxPoint origin);
+  void ShowPlace();
 
   const app::Control* control_;
   wxWindow* window_;
   app::Control last_;  ///< as last shown; an empty text, no items and no place at first
-  wxPoint last_origin_;
 };
 
 /// Makes the empty widget of a button (but a step button), label, list, check box, option button

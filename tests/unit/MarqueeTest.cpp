@@ -11,7 +11,7 @@ namespace velquist::app {
 namespace {
 
 constexpr int kPause = 30000;  ///< ms
-constexpr int kPeriod = 30;    ///< ms
+constexpr int kPeriod = 40;    ///< ms
 
 class Marquee : public ::testing::Test {
  protected:

@@ -75,6 +75,23 @@ TEST_F(Behaviour, TheMarqueeRestsWhileTheWindowIsMinimised)
   EXPECT_TRUE(WaitUntil([&] { return Frame().MarqueeTimer().IsRunning(); }));
 }
 
+TEST_F(Behaviour, TheMarqueeMovesAndLeavesNoTrace)
+{
+  Start();
+  editor.Play("random 0\ntick 0\n");
+  LetTimePass(300);
+  const auto empty = Pixels("Picture1");
+  editor.Play("tick 33000\n");  // which is painted anew
+  EXPECT_TRUE(WaitUntil([&] { return Pixels("Picture1") != empty; }));
+  for (int step = 0; step < 200; ++step) editor.Play("tick 60\n");  // and these at once
+  LetTimePass(100);
+  const auto moved = Pixels("Picture1");
+  Widget("Picture1")->Refresh();
+  LetTimePass(100);
+  EXPECT_EQ(Pixels("Picture1"), moved);
+  EXPECT_NE(moved, empty);
+}
+
 TEST_F(Behaviour, AResizedWindowKeepsItsProportions)
 {
   Start();

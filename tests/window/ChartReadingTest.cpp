@@ -1,11 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <wx/bitmap.h>
-#include <wx/dcclient.h>
-#include <wx/dcmemory.h>
-#include <wx/image.h>
 #include <wx/uiaction.h>
-
-#include <vector>
 
 #include "RealWindow.h"
 #include "ui/PictureBoxes.h"
@@ -71,17 +65,7 @@ TEST_F(ChartReading, FollowsAnEditUnderAStillPointer)
 TEST_F(ChartReading, IsPaintedAndLeavesNoTrace)
 {
   Start();
-  const auto pixels = [&] {
-    const auto area = Widget("PictureChart2")->GetClientSize();
-    wxClientDC chart(Widget("PictureChart2"));
-    wxBitmap shown(area.x, area.y);
-    wxMemoryDC memory(shown);
-    memory.Blit(0, 0, area.x, area.y, &chart, 0, 0);
-    memory.SelectObject(wxNullBitmap);
-    const auto image = shown.ConvertToImage();
-    const auto bytes = static_cast<std::size_t>(area.x * area.y) * 3;
-    return std::vector<unsigned char>(image.GetData(), image.GetData() + bytes);
-  };
+  const auto pixels = [&] { return Pixels("PictureChart2"); };
   PointAt("CmdInc(0)", {5, 5});
   LetTimePass(500);
   const auto before = pixels();

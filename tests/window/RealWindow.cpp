@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "RealWindow.h"
 
+#include <wx/bitmap.h>
+#include <wx/dcclient.h>
+#include <wx/dcmemory.h>
+#include <wx/image.h>
+
 #include <chrono>
 #include <stdexcept>
 #include <thread>
@@ -39,6 +44,19 @@ wxWindow* RealWindow::Widget(const app::ControlDesign& design) const
 wxWindow* RealWindow::Widget(const char* name) const
 {
   return wxWindow::FindWindowByName(name, &Frame());
+}
+
+std::vector<unsigned char> RealWindow::Pixels(const char* name) const
+{
+  const auto area = Widget(name)->GetClientSize();
+  wxClientDC screen(Widget(name));
+  wxBitmap shown(area.x, area.y);
+  wxMemoryDC memory(shown);
+  memory.Blit(0, 0, area.x, area.y, &screen, 0, 0);
+  memory.SelectObject(wxNullBitmap);
+  const auto image = shown.ConvertToImage();
+  const auto bytes = static_cast<std::size_t>(area.x * area.y) * 3;
+  return {image.GetData(), image.GetData() + bytes};
 }
 
 bool IsInteractive(const app::ControlDesign& design)

@@ -27,9 +27,12 @@ class RealWindow : public ::testing::Test {
   void Start(ScreenSize screen = {1280, 1024});
 
   [[nodiscard]] ui::FrmMain& Frame() const;
-  /// The widget of a row of the layout; null for menus.
+  /// The widget of a row of the layout; null for menus and for the text of the marquee.
   [[nodiscard]] wxWindow* Widget(const app::ControlDesign& design) const;
   [[nodiscard]] wxWindow* Widget(const char* name) const;
+
+  /// What is on the screen of a widget: red, green and blue of every pixel.
+  [[nodiscard]] std::vector<unsigned char> Pixels(const char* name) const;
 
   ScriptedEditor editor;
 };

@@ -12,9 +12,8 @@ namespace velquist::platform {
 /// keep them larger.
 void AllowSmallControls(wxWindow& panel);
 
-/// Lets `box` place anew what it holds without the window around it being laid out: for something
-/// that moves all the time.
-void KeepToItself(wxWindow& box);
+/// True when a wxClientDC paints what is on the screen, and not only a wxPaintDC.
+[[nodiscard]] bool PaintsAtOnce();
 
 /// What a screen reader says for `control`, and what it can add; an empty text leaves the
 /// system's own.
@@ -25,6 +24,14 @@ void CentreVertically(wxStaticText& label);
 
 /// The mnemonic of `label` leads to `target`, which is the next control in tab order.
 void SetMnemonicTarget(wxStaticText& label, wxWindow& target);
+
+/// Lets the text of a box or frame be read whole within `width` pixels where the mark or margin
+/// that the system puts beside it does not shrink with the letters.
+void KeepTextWhole(wxWindow& control, int width);
+
+/// A message box with the icon and the buttons that `style` asks for, on every system; returns the
+/// id of the button pressed.
+int ShowMessageBox(wxWindow* owner, const wxString& text, const wxString& caption, long style);
 
 /// The wheel does not choose, and choosing the item that is chosen already is an event like any
 /// other.

@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <gdk/gdkx.h>
 #include <gtk/gtk.h>
+#include <wx/msgdlg.h>
+
+#include <wx/generic/msgdlgg.h>
 
 #include "platform/wx/NativeLook.h"
 
@@ -93,12 +97,9 @@ void AllowSmallControls(wxWindow& panel)
   gtk_style_context_add_class(gtk_widget_get_style_context(panel.GetHandle()), kStyleClass);
 }
 
-void KeepToItself(wxWindow& box)
+bool PaintsAtOnce()
 {
-  // There is nothing in place of it in this version of the toolkit, which has it for good.
-  G_GNUC_BEGIN_IGNORE_DEPRECATIONS
-  gtk_container_set_resize_mode(GTK_CONTAINER(box.GetHandle()), GTK_RESIZE_QUEUE);
-  G_GNUC_END_IGNORE_DEPRECATIONS
+  return GDK_IS_X11_DISPLAY(gdk_display_get_default());
 }
 
 void SetSpoken(wxWindow& control, const wxString& name, const wxString& description)
@@ -119,6 +120,18 @@ void CentreVertically(wxStaticText& label)
 void SetMnemonicTarget(wxStaticText& label, wxWindow& target)
 {
   gtk_label_set_mnemonic_widget(GTK_LABEL(label.GetHandle()), target.GetHandle());
+}
+
+void KeepTextWhole(wxWindow&, int)
+{
+  // Marks and margins shrink with the letters.
+}
+
+int ShowMessageBox(wxWindow* owner, const wxString& text, const wxString& caption, long style)
+{
+  // The system's own message boxes show no icons.
+  wxGenericMessageDialog box(owner, text, caption, style | wxCENTRE);
+  return box.ShowModal();
 }
 
 void ReportEveryChoice(wxChoice& list)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <wx/access.h>
+#include <wx/msgdlg.h>
 #include <wx/msw/wrapwin.h>
 
 #include "platform/wx/NativeLook.h"
@@ -44,9 +45,9 @@ void AllowSmallControls(wxWindow&)
   // Controls have any size here.
 }
 
-void KeepToItself(wxWindow&)
+bool PaintsAtOnce()
 {
-  // Every window does here.
+  return true;
 }
 
 void SetSpoken(wxWindow& control, const wxString& name, const wxString& description)
@@ -69,6 +70,37 @@ void CentreVertically(wxStaticText& label)
 void SetMnemonicTarget(wxStaticText&, wxWindow&)
 {
   // The system goes to the control behind the label.
+}
+
+void KeepTextWhole(wxWindow& control, int width)
+{
+  constexpr int kSmallestLetters = 7;  // pixels
+  wxFont font = control.GetFont();
+  for (int size = font.GetPixelSize().y;
+       control.GetBestSize().x > width && size > kSmallestLetters;) {
+    font.SetPixelSize(wxSize(0, --size));
+    control.SetFont(font);
+  }
+}
+
+int ShowMessageBox(wxWindow* owner, const wxString& text, const wxString& caption, long style)
+{
+  // The toolkit's own boxes show no icon beside a question.
+  UINT wanted = (style & wxYES_NO) != 0 ? MB_YESNO : MB_OK;
+  if ((style & wxNO_DEFAULT) != 0) wanted |= MB_DEFBUTTON2;
+  switch (style & wxICON_MASK) {
+    case wxICON_EXCLAMATION: wanted |= MB_ICONEXCLAMATION; break;
+    case wxICON_QUESTION: wanted |= MB_ICONQUESTION; break;
+    case wxICON_ERROR: wanted |= MB_ICONERROR; break;
+    default: wanted |= MB_ICONINFORMATION; break;
+  }
+  if (owner == nullptr) wanted |= MB_TASKMODAL;
+  switch (::MessageBoxW(owner != nullptr ? owner->GetHWND() : nullptr, text.wc_str(),
+                        caption.wc_str(), wanted)) {
+    case IDYES: return wxID_YES;
+    case IDNO: return wxID_NO;
+    default: return wxID_OK;
+  }
 }
 
 void ReportEveryChoice(wxChoice& list)

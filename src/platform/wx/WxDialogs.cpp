@@ -4,26 +4,17 @@
 #include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/msgdlg.h>
-#ifdef __WXGTK__
-#include <wx/generic/msgdlgg.h>
-#endif
 
 #include "platform/HostFileSystem.h"
 #include "platform/Paths.h"
 #include "platform/wx/FileDialogText.h"
 #include "platform/wx/FrmInstallDelete.h"
 #include "platform/wx/FrmModYear.h"
+#include "platform/wx/NativeLook.h"
 #include "platform/wx/WxText.h"
 
 namespace velquist::platform {
 namespace {
-
-// GTK's own message boxes show no icons.
-#ifdef __WXGTK__
-using MessageBox = wxGenericMessageDialog;
-#else
-using MessageBox = wxMessageDialog;
-#endif
 
 constexpr char kCaption[] = "Velquist";
 
@@ -74,9 +65,8 @@ wxString ExistingDirectory(std::string_view directory)
 Answer WxDialogs::ShowMessage(std::string_view text, Icon icon, Buttons buttons)
 {
   const bool asks = buttons == Buttons::kYesNo;
-  MessageBox box(owner_, FromText(text), kCaption,
-                 (asks ? wxYES_NO : wxOK) | IconStyle(icon) | wxCENTRE);
-  const int pressed = box.ShowModal();
+  const int pressed =
+      ShowMessageBox(owner_, FromText(text), kCaption, (asks ? wxYES_NO : wxOK) | IconStyle(icon));
   if (!asks) return Answer::kOk;
   return pressed == wxID_YES ? Answer::kYes : Answer::kNo;
 }
@@ -106,10 +96,11 @@ std::optional<std::string> WxDialogs::AskSaveFile(const SaveRequest& request)
     const auto written = WithExtension(chosen, request.extension);
     const wxFileName file(FromText(written));
     if (SamePathText(written, chosen) || !file.FileExists()) return chosen;
-    MessageBox question(
-        owner_, "\"" + file.GetFullName() + "\" already exists.\nDo you want to replace it?",
-        kCaption, wxYES_NO | wxNO_DEFAULT | wxICON_EXCLAMATION | wxCENTRE);
-    if (question.ShowModal() == wxID_YES) return chosen;
+    const auto question =
+        "\"" + file.GetFullName() + "\" already exists.\nDo you want to replace it?";
+    if (ShowMessageBox(owner_, question, kCaption, wxYES_NO | wxNO_DEFAULT | wxICON_EXCLAMATION) ==
+        wxID_YES)
+      return chosen;
     directory = file.GetPath();
     name = file.GetFullName();
   }

@@ -24,6 +24,7 @@
 #include "runner/Driver.h"
 #include "runner/window/WindowSystem.h"
 #include "ui/FrmMain.h"
+#include "ui/PictureBoxes.h"
 
 namespace velquist::runner {
 namespace {
@@ -136,6 +137,17 @@ SeenControl Look(const wxWindow& widget, const wxWindow* top)
   return seen;
 }
 
+/// The label that the box of the marquee paints.
+SeenControl LookAtMarquee(const ui::MarqueeBox& box, const wxWindow* top)
+{
+  SeenControl seen = Look(box, top);
+  seen.kind = ControlKind::kLabel;
+  seen.text = box.Text();
+  const wxRect text = box.TextRect();
+  seen.place = {seen.place.left + text.x, seen.place.top + text.y, text.width, text.height};
+  return seen;
+}
+
 /// Runs `actions` inside the loop of a dialog that is shown modally, and throws what they throw
 /// once it has gone.
 class Inside {
@@ -206,6 +218,7 @@ class WindowDriver final : public Driver {
       seen.checked = entry->checked;
       return seen;
     }
+    if (name == "LblMarquee") return LookAtMarquee(Get<ui::MarqueeBox>(frame_, "Picture1"), frame_);
     const auto* const widget = wxWindow::FindWindowByName(NameText(name, index), frame_);
     if (widget == nullptr) return std::nullopt;
     return Look(*widget, frame_);
