@@ -8,6 +8,7 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
+#include "app/FormControlSettings.h"
 #include "platform/wx/NativeLook.h"
 #include "platform/wx/WxText.h"
 
@@ -25,6 +26,20 @@ constexpr int kFirstListSlot = 48;
 bool HasMark(ControlKind kind)
 {
   return kind == ControlKind::kCheck || kind == ControlKind::kOption || kind == ControlKind::kFrame;
+}
+
+/// The longest caption of the boxes and options below each other, which have letters of one size;
+/// the text of a frame alone.
+wxString LongestText(const app::Control& control)
+{
+  if (control.design->kind == ControlKind::kFrame) return platform::FromText(control.text);
+  wxString longest;
+  for (const auto& design : app::FormControlSettings()) {
+    if (design.kind != ControlKind::kCheck && design.kind != ControlKind::kOption) continue;
+    const wxString caption = wxControl::RemoveMnemonics(platform::FromText(design.caption));
+    if (caption.length() > longest.length()) longest = caption;
+  }
+  return longest;
 }
 
 /// The text with its mnemonic while it is the caption of the design.
@@ -79,7 +94,7 @@ void ControlWidget::BringInLine(bool shown)
     ShowText();
   if (control_->checked != last_.checked) ShowChecked();
   if (control_->place != last_.place) ShowPlace();
-  if (other_fit) platform::KeepTextWhole(*window_, control_->place.width);
+  if (other_fit) platform::KeepTextWhole(*window_, LongestText(*control_), control_->place.width);
   if (control_->enabled != last_.enabled) {
     window_->Enable(control_->enabled);
     last_.enabled = control_->enabled;

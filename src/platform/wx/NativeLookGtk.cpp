@@ -122,7 +122,7 @@ void SetMnemonicTarget(wxStaticText& label, wxWindow& target)
   gtk_label_set_mnemonic_widget(GTK_LABEL(label.GetHandle()), target.GetHandle());
 }
 
-void KeepTextWhole(wxWindow&, int)
+void KeepTextWhole(wxWindow&, const wxString&, int)
 {
   // Marks and margins shrink with the letters.
 }
