@@ -12,6 +12,7 @@ namespace {
 
 using enum ControlKind;
 
+constexpr int kFileNameSize = 12;
 constexpr int kTitleSize = 14;  ///< titles of frames
 constexpr int kTextSize = 15;   ///< lists and options
 constexpr int kCaptionSize = 16;
@@ -178,7 +179,7 @@ void WhereAndWhat(Designer& form)
   TopList(form, "Combo5", 5, "Trac&k", "Track directory that setups are opened from and saved to",
           962, 140);
   form.Add(kLabel, "Label5", 6, "Setup File", {1114, 24, 136, 20});
-  form.Add(kLabel, "Label4", -1, "", {1114, 46, 136, 32}, kTextSize);
+  form.Add(kLabel, "Label4", -1, "", {1114, 46, 136, 32}, kFileNameSize);
 }
 
 /// Both wheels of an axle in mirrored columns around the captions, the axle's own values beneath.

@@ -154,9 +154,11 @@ void MainWindow::Tick()
 void MainWindow::Resized(int client_width, int client_height)
 {
   Event([&] {
+    const int marquee_width = form_.Picture1.place.width;
     ScaleControls(form_, {static_cast<float>(client_width) / kDesignClientWidth,
                           static_cast<float>(client_height) / kDesignClientHeight});
     LayOut();
+    ResizeMarquee(marquee_width);
   });
 }
 

@@ -165,6 +165,7 @@ class MainWindow {
   void ShowCarPicture();
   void MoveMarquee();
   void PlaceMarquee();
+  void ResizeMarquee(int width_before);
   void MnuAbout_Click();
   void MnuHelp2_Click();
 

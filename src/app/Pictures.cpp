@@ -130,6 +130,13 @@ int MainWindow::UntilTick() const
   return static_cast<int>(due - now);
 }
 
+/// The quotation stays where it was as seen from the right edge, beyond which it waits.
+void MainWindow::ResizeMarquee(int width_before)
+{
+  globals_.marquee.left += (form_.Picture1.place.width - width_before) * kUnitsPerPixel;
+  PlaceMarquee();
+}
+
 void MainWindow::PlaceMarquee()
 {
   Control& label = form_.LblMarquee;

@@ -38,6 +38,7 @@ ChartBox::ChartBox(wxWindow* parent, wxWindowID id, const wxString& name,
       read_(std::move(read))
 {
   SetBackgroundStyle(wxBG_STYLE_PAINT);
+  SetCanFocus(false);
   Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
   Bind(wxEVT_MOTION, [this](wxMouseEvent& event) { OnPointer(event.GetPosition()); });
   Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) { OnPointer(std::nullopt); });
@@ -83,13 +84,16 @@ CarPictureBox::CarPictureBox(wxWindow* parent, wxWindowID id, const wxString& na
       pictures_(pictures)
 {
   SetDoubleBuffered(true);
+  SetCanFocus(false);
   Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
 }
 
 void CarPictureBox::ShowPicture(const std::string& path)
 {
-  if (path == path_) return;
-  path_ = path;
+  // The file may be another one than last time.
+  const wxImage& image = pictures_.Picture(path);
+  if (image.IsSameAs(image_)) return;
+  image_ = image;
   scaled_ = wxBitmap();
   Refresh();
 }
@@ -102,9 +106,8 @@ void CarPictureBox::OnPaint()
   const wxSize device = size * scale;
   if (device.x < 1 || device.y < 1) return;
   if (!scaled_.IsOk() || scaled_for_ != device) {
-    const wxImage& image = pictures_.Picture(path_);
-    if (!image.IsOk()) return;
-    scaled_ = Fitted(image, device, scale);
+    if (!image_.IsOk()) return;
+    scaled_ = Fitted(image_, device, scale);
     scaled_for_ = device;
   }
   const wxSize shown(scaled_.GetLogicalSize());
@@ -117,6 +120,7 @@ MarqueeBox::MarqueeBox(wxWindow* parent, wxWindowID id, const wxString& name,
       quotation_(quotation)
 {
   SetDoubleBuffered(true);
+  SetCanFocus(false);
   OnColoursChanged();
   Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <wx/bitmap.h>
+#include <wx/image.h>
 #include <wx/panel.h>
 
 #include <functional>
@@ -30,6 +31,8 @@ class ChartBox final : public wxWindow {
   /// The text beside the pointer; empty when there is none.
   [[nodiscard]] const std::string& Reading() const noexcept { return reading_; }
 
+  [[nodiscard]] bool AcceptsFocus() const override { return false; }
+
  private:
   void OnPaint();
   void OnPointer(std::optional<wxPoint> pointer);
@@ -51,11 +54,13 @@ class CarPictureBox final : public wxPanel {
   /// Shows the picture at `path`, the built-in one when it is empty or cannot be shown.
   void ShowPicture(const std::string& path);
 
+  [[nodiscard]] bool AcceptsFocus() const override { return false; }
+
  private:
   void OnPaint();
 
   platform::WxPictureLoader& pictures_;
-  std::string path_;
+  wxImage image_;
   wxBitmap scaled_;
   wxSize scaled_for_;  ///< the box's size in device pixels that `scaled_` was made for
 };

@@ -51,11 +51,17 @@ wxString LabelText(const app::Control& control)
   return wxControl::EscapeMnemonics(text);
 }
 
+/// Its text can be longer than its place: what is cut off is in its tool tip.
+bool HasNameOfFile(const app::ControlDesign& design)
+{
+  return design.name == "Label4";
+}
+
 /// In the middle, as between the columns of the two sides, but for the captions of lists and what
 /// is read as a line. A file name too long for its place keeps both its ends.
 long LabelStyle(const app::ControlDesign& design)
 {
-  if (design.name == "Label4") return wxALIGN_LEFT | wxST_ELLIPSIZE_MIDDLE;
+  if (HasNameOfFile(design)) return wxALIGN_LEFT | wxST_ELLIPSIZE_MIDDLE;
   const bool of_list =
       design.name == "Label5" || (design.name == "Label3" && design.index >= kFirstListSlot);
   return of_list ? wxALIGN_LEFT : wxALIGN_CENTRE_HORIZONTAL;
@@ -71,7 +77,7 @@ wxString WindowName(const app::ControlDesign& design)
 
 wxFont ControlFont(int pixels)
 {
-  return wxFont(wxFontInfo(wxSize(0, pixels)).FaceName(kFace));
+  return platform::LetterFont(kFace, pixels);
 }
 
 ControlWidget::ControlWidget(const app::Control& control, wxWindow& window)
@@ -122,6 +128,7 @@ void ControlWidget::TakeUserChange()
 void ControlWidget::ShowText()
 {
   if (Design().kind != ControlKind::kPicture) window_->SetLabel(LabelText(*control_));
+  if (HasNameOfFile(Design())) window_->SetToolTip(platform::FromText(control_->text));
   last_.text = control_->text;
 }
 

@@ -92,6 +92,33 @@ TEST_F(Behaviour, TheMarqueeMovesAndLeavesNoTrace)
   EXPECT_NE(moved, empty);
 }
 
+TEST_F(Behaviour, TheMarqueeKeepsItsDistanceFromTheRightEdgeOfAResizedWindow)
+{
+  Start();
+  const auto& form = editor.Window().Form();
+  const auto distance = [&] {
+    const auto& box = form.Picture1.place;
+    return box.left + box.width - form.LblMarquee.place.left;
+  };
+  const auto resize_to = [&](int percent) {
+    Frame().SetClientSize(app::kDesignClientWidth * percent / 100,
+                          app::kDesignClientHeight * percent / 100);
+    const int width = form.Picture1.place.width;
+    EXPECT_TRUE(WaitUntil([&] { return form.Picture1.place.width != width; }));
+  };
+  editor.Play("tick 0\n");
+  EXPECT_EQ(distance(), 0);
+  for (const int percent : {75, 120, 100}) {
+    resize_to(percent);
+    EXPECT_EQ(distance(), 0) << percent;
+  }
+  editor.Play("tick 36000\n");
+  const int moved = distance();
+  EXPECT_GT(moved, 50);
+  resize_to(75);
+  EXPECT_EQ(distance(), moved);
+}
+
 TEST_F(Behaviour, AResizedWindowKeepsItsProportions)
 {
   Start();

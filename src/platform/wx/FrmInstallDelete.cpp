@@ -6,6 +6,7 @@
 #include <wx/stattext.h>
 
 #include "platform/wx/NativeLook.h"
+#include "platform/wx/ProgramIcons.h"
 #include "platform/wx/WxText.h"
 
 namespace velquist::platform {
@@ -20,6 +21,7 @@ FrmInstallDelete::FrmInstallDelete(wxWindow* parent, InstallDeleteForm& form)
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "FrmInstallDelete"),
       form_(form)
 {
+  SetIcons(ProgramIcons());
   const int gap = FromDIP(12);
   auto* const label = new wxStaticText(this, wxID_ANY, "&Installation to take off the list:");
   list_ = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxSize(FromDIP(kListWidth), -1), 0,

@@ -2,11 +2,15 @@
 #pragma once
 
 #include <wx/choice.h>
+#include <wx/font.h>
 #include <wx/stattext.h>
 #include <wx/window.h>
 
 /// What the toolkit leaves to each system. One implementation a system.
 namespace velquist::platform {
+
+/// A font whose letters are `pixels` high: the size of its em, not of a line.
+[[nodiscard]] wxFont LetterFont(const wxString& face, int pixels);
 
 /// Lets the controls in `panel` be as small as their places say, where a desktop's theme would
 /// keep them larger.

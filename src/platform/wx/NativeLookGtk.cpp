@@ -91,6 +91,16 @@ void OnPopupShown(GObject* combo, GParamSpec*, gpointer list)
 
 }  // namespace
 
+wxFont LetterFont(const wxString& face, int pixels)
+{
+  // The toolkit's own sizes in pixels are those of a line.
+  constexpr double kUsualResolution = 96;  // where the desktop sets none
+  constexpr double kPointsPerInch = 72;
+  const double set = gdk_screen_get_resolution(gdk_screen_get_default());
+  const double resolution = set > 0 ? set : kUsualResolution;
+  return wxFont(wxFontInfo(pixels * kPointsPerInch / resolution).FaceName(face));
+}
+
 void AllowSmallControls(wxWindow& panel)
 {
   LoadStyleOnce();

@@ -41,6 +41,11 @@ class Spoken final : public wxAccessible {
 
 }  // namespace
 
+wxFont LetterFont(const wxString& face, int pixels)
+{
+  return wxFont(wxFontInfo(wxSize(0, pixels)).FaceName(face));
+}
+
 void AllowSmallControls(wxWindow&)
 {
   // Controls have any size here.

@@ -9,9 +9,12 @@
 #include "platform/wx/ProgramIcons.h"
 
 VELQUIST_EMBED(velquist_icon_16, "icon/velquist-16.png");
+VELQUIST_EMBED(velquist_icon_24, "icon/velquist-24.png");
 VELQUIST_EMBED(velquist_icon_32, "icon/velquist-32.png");
 VELQUIST_EMBED(velquist_icon_48, "icon/velquist-48.png");
+VELQUIST_EMBED(velquist_icon_64, "icon/velquist-64.png");
 VELQUIST_EMBED(velquist_icon_128, "icon/velquist-128.png");
+VELQUIST_EMBED(velquist_icon_256, "icon/velquist-256.png");
 
 namespace velquist::platform {
 namespace {
@@ -33,9 +36,12 @@ wxIconBundle ProgramIcons()
 {
   wxIconBundle icons;
   Add(icons, {velquist_icon_16_begin, velquist_icon_16_end});
+  Add(icons, {velquist_icon_24_begin, velquist_icon_24_end});
   Add(icons, {velquist_icon_32_begin, velquist_icon_32_end});
   Add(icons, {velquist_icon_48_begin, velquist_icon_48_end});
+  Add(icons, {velquist_icon_64_begin, velquist_icon_64_end});
   Add(icons, {velquist_icon_128_begin, velquist_icon_128_end});
+  Add(icons, {velquist_icon_256_begin, velquist_icon_256_end});
   return icons;
 }
 
