@@ -51,6 +51,20 @@ wxString LabelText(const app::Control& control)
   return wxControl::EscapeMnemonics(text);
 }
 
+/// Makes the letters smaller until `text` is whole within `width` pixels: the mark or margin beside
+/// the label does not shrink with the letters on every system, nor do the smallest letters with the
+/// screen.
+void KeepTextWhole(wxWindow& control, const wxString& text, int letters, int width)
+{
+  constexpr int kSmallestLetters = 6;  // pixels
+  const wxString label = wxControl::RemoveMnemonics(control.GetLabel());
+  const auto wanted = [&] {
+    const int beside = control.GetBestSize().x - control.GetTextExtent(label).x;
+    return control.GetTextExtent(text).x + beside;
+  };
+  while (wanted() > width && letters > kSmallestLetters) control.SetFont(ControlFont(--letters));
+}
+
 /// Its text can be longer than its place: what is cut off is in its tool tip.
 bool HasNameOfFile(const app::ControlDesign& design)
 {
@@ -90,8 +104,9 @@ ControlWidget::ControlWidget(const app::Control& control, wxWindow& window)
 void ControlWidget::BringInLine(bool shown)
 {
   const bool other_letters = control_->font_size != last_.font_size;
-  const bool other_fit = HasMark(Design().kind) && (other_letters || control_->text != last_.text ||
-                                                    control_->place.width != last_.place.width);
+  const bool other_fit =
+      HasMark(Design().kind) && !control_->text.empty() &&
+      (other_letters || control_->text != last_.text || control_->place.width != last_.place.width);
   if (other_letters || other_fit) window_->SetFont(ControlFont(control_->font_size));
   last_.font_size = control_->font_size;
   if (Design().kind == ControlKind::kList)
@@ -100,7 +115,8 @@ void ControlWidget::BringInLine(bool shown)
     ShowText();
   if (control_->checked != last_.checked) ShowChecked();
   if (control_->place != last_.place) ShowPlace();
-  if (other_fit) platform::KeepTextWhole(*window_, LongestText(*control_), control_->place.width);
+  if (other_fit)
+    KeepTextWhole(*window_, LongestText(*control_), control_->font_size, control_->place.width);
   if (control_->enabled != last_.enabled) {
     window_->Enable(control_->enabled);
     last_.enabled = control_->enabled;

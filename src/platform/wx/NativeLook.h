@@ -29,10 +29,6 @@ void CentreVertically(wxStaticText& label);
 /// The mnemonic of `label` leads to `target`, which is the next control in tab order.
 void SetMnemonicTarget(wxStaticText& label, wxWindow& target);
 
-/// Lets `text` be read whole within `width` pixels where the mark or margin that the system puts
-/// beside the label of `control` does not shrink with the letters.
-void KeepTextWhole(wxWindow& control, const wxString& text, int width);
-
 /// A message box with the icon and the buttons that `style` asks for, on every system; returns the
 /// id of the button pressed.
 int ShowMessageBox(wxWindow* owner, const wxString& text, const wxString& caption, long style);

@@ -12,7 +12,8 @@ namespace {
 
 constexpr char kStyleClass[] = "velquist-tight";
 
-// Sizes are those of the control's own font, so that they shrink with a small screen.
+// Sizes are those of the control's own font, so that they shrink with a small screen; but what
+// stands around a frame's label is not, since the label is placed before it knows of another font.
 constexpr char kTightStyle[] = R"css(
 .velquist-tight button, .velquist-tight combobox button, .velquist-tight button.combo {
   padding: 0 0.15em; min-width: 0; min-height: 0; margin: 0; border-radius: 3px;
@@ -32,7 +33,7 @@ constexpr char kTightStyle[] = R"css(
 .velquist-tight frame, .velquist-tight frame > border, .velquist-tight frame > label {
   padding: 0; margin: 0; min-width: 0; min-height: 0;
 }
-.velquist-tight frame > label { margin: 0 0.4em; padding: 0 0.2em; }
+.velquist-tight frame > label { margin: 0 5px; padding: 0 3px; }
 .velquist-tight label { padding: 0; min-width: 0; min-height: 0; }
 )css";
 
@@ -130,11 +131,6 @@ void CentreVertically(wxStaticText& label)
 void SetMnemonicTarget(wxStaticText& label, wxWindow& target)
 {
   gtk_label_set_mnemonic_widget(GTK_LABEL(label.GetHandle()), target.GetHandle());
-}
-
-void KeepTextWhole(wxWindow&, const wxString&, int)
-{
-  // Marks and margins shrink with the letters.
 }
 
 int ShowMessageBox(wxWindow* owner, const wxString& text, const wxString& caption, long style)

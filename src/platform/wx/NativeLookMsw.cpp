@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <wx/access.h>
-#include <wx/control.h>
 #include <wx/msgdlg.h>
 #include <wx/msw/wrapwin.h>
 
@@ -76,21 +75,6 @@ void CentreVertically(wxStaticText& label)
 void SetMnemonicTarget(wxStaticText&, wxWindow&)
 {
   // The system goes to the control behind the label.
-}
-
-void KeepTextWhole(wxWindow& control, const wxString& text, int width)
-{
-  constexpr int kSmallestLetters = 7;  // pixels
-  const wxString label = wxControl::RemoveMnemonics(control.GetLabel());
-  const auto wanted = [&] {
-    const int beside = control.GetBestSize().x - control.GetTextExtent(label).x;
-    return control.GetTextExtent(text).x + beside;
-  };
-  wxFont font = control.GetFont();
-  for (int size = font.GetPixelSize().y; wanted() > width && size > kSmallestLetters;) {
-    font.SetPixelSize(wxSize(0, --size));
-    control.SetFont(font);
-  }
 }
 
 int ShowMessageBox(wxWindow* owner, const wxString& text, const wxString& caption, long style)
