@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "platform/Errors.h"
+#include "platform/SystemFiles.h"
 
 #ifdef _WIN32
 #include <fcntl.h>
@@ -36,7 +37,7 @@ std::error_code LastError()
   return {errno, std::generic_category()};
 }
 
-// The few system calls that the standard library has no words for.
+// What the standard library has no words for, or not the same on both systems.
 #ifdef _WIN32
 
 int OpenNew(const fs::path& path)
@@ -77,7 +78,16 @@ std::error_code Rename(const fs::path& from, const fs::path& to)
     return {};
   return {static_cast<int>(::GetLastError()), std::system_category()};
 }
+void Remove(const fs::path& path)
+{
+  ::DeleteFileW(path.c_str());
+}
 void FlushDirectory(const fs::path&) {}
+/// Links are not told from files here.
+fs::path BehindLinks(const fs::path& path, std::string_view)
+{
+  return Lengthened(path);
+}
 
 #else
 
@@ -126,6 +136,10 @@ std::error_code Rename(const fs::path& from, const fs::path& to)
 {
   return ::rename(from.c_str(), to.c_str()) == 0 ? std::error_code{} : LastError();
 }
+void Remove(const fs::path& path)
+{
+  ::unlink(path.c_str());
+}
 void FlushDirectory(const fs::path& directory)
 {
   const int file =
@@ -134,9 +148,6 @@ void FlushDirectory(const fs::path& directory)
   ::fsync(file);
   ::close(file);
 }
-
-#endif
-
 /// Where the links that start at `path` end; the last one's target need not exist.
 fs::path BehindLinks(fs::path path, std::string_view shown_path)
 {
@@ -152,6 +163,8 @@ fs::path BehindLinks(fs::path path, std::string_view shown_path)
   return path;
 }
 
+#endif
+
 /// Removes the temporary file unless it was renamed.
 struct Temporary {
   fs::path path;
@@ -164,8 +177,7 @@ struct Temporary {
   ~Temporary()
   {
     if (file >= 0) Close(file);
-    std::error_code ignored;
-    if (!done && !path.empty()) fs::remove(path, ignored);
+    if (!done && !path.empty()) Remove(path);
   }
 };
 
@@ -191,7 +203,7 @@ void WriteAtomically(const fs::path& target, std::span<const std::byte> bytes,
 {
   const fs::path real = BehindLinks(target, shown_path);
   std::error_code error;
-  const auto status = fs::status(real, error);
+  const auto status = StatusOf(real, error);
   if (fs::is_directory(status)) Fail(shown_path, std::make_error_code(std::errc::is_a_directory));
   if (!fs::is_regular_file(status) && status.type() != fs::file_type::not_found)
     Fail(shown_path, error ? error : std::make_error_code(std::errc::invalid_argument));

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "platform/FileSystem.h"
+#include "platform/SystemFiles.h"  // PathText, the way back from HostPath
 
 namespace velquist::platform {
 
@@ -11,9 +12,6 @@ namespace velquist::platform {
 /// each part that does not exist as spelled is looked up without regard to case, and a part that
 /// does not exist at all stays as spelled.
 [[nodiscard]] std::filesystem::path HostPath(std::string_view path);
-
-/// UTF-8 text of a host path.
-[[nodiscard]] std::string PathText(const std::filesystem::path& path);
 
 /// The files of this machine.
 class HostFileSystem final : public FileSystem {

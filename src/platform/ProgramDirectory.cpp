@@ -7,6 +7,7 @@
 #include "platform/AtomicFile.h"
 #include "platform/Errors.h"
 #include "platform/HostFileSystem.h"
+#include "platform/SystemFiles.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -41,11 +42,12 @@ bool IsDataFile(const fs::path& file)
 /// The default setups are what no other program has.
 bool HoldsData(const fs::path& directory)
 {
-  std::error_code error;
-  for (fs::directory_iterator entry(directory, error), end; !error && entry != end;
-       entry.increment(error))
-    if (IsDefaultSetup(entry->path())) return true;
-  return false;
+  bool holds = false;
+  ListNames(directory, Listed::kAll, [&](std::string_view name) {
+    holds = IsDefaultSetup(PathFromText(name));
+    return !holds;
+  });
+  return holds;
 }
 
 #ifdef _WIN32
@@ -54,7 +56,7 @@ bool HoldsData(const fs::path& directory)
 bool MayWriteInto(const fs::path& directory)
 {
   const auto probe = directory / (L".velquist-" + std::to_wstring(::GetCurrentProcessId()));
-  const auto file = ::CreateFileW(probe.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+  const auto file = ::CreateFileW(Lengthened(probe).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                   FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
   if (file == INVALID_HANDLE_VALUE) return false;
   ::CloseHandle(file);
@@ -92,20 +94,20 @@ fs::path UserDirectory(const Environment& environment)
 /// Copies the data files that `to` does not have.
 void Fill(const fs::path& from, const fs::path& to)
 {
-  std::error_code error;
-  fs::create_directories(to, error);
-  if (error) Fail(to, error);
+  if (const auto error = MakeDirectories(to)) Fail(to, error);
   const HostFileSystem files;
-  fs::directory_iterator entry(from, error);
-  for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
-    const auto target = to / entry->path().filename();
+  const auto copy = [&](std::string_view name) {
+    const auto file = PathFromText(name);
+    const auto source = from / file;
+    const auto target = to / file;
     std::error_code unknown;
-    if (!IsDataFile(target) || !entry->is_regular_file(unknown) || fs::exists(target, unknown))
-      continue;
-    const auto bytes = files.ReadWhole(PathText(entry->path()));
-    WriteAtomically(target, bytes, PathText(target));
-  }
-  if (error) Fail(from, error);
+    if (!IsDataFile(file) || !fs::is_regular_file(StatusOf(source, unknown)) ||
+        fs::exists(StatusOf(target, unknown)))
+      return true;
+    WriteAtomically(target, files.ReadWhole(PathText(source)), PathText(target));
+    return true;
+  };
+  if (const auto error = ListNames(from, Listed::kAll, copy)) Fail(from, error);
 }
 
 }  // namespace
@@ -113,7 +115,7 @@ void Fill(const fs::path& from, const fs::path& to)
 std::optional<std::string> EnvironmentVariable(std::string_view name)
 {
 #ifdef _WIN32
-  const auto* const value = ::_wgetenv(fs::path(std::u8string(name.begin(), name.end())).c_str());
+  const auto* const value = ::_wgetenv(PathFromText(name).c_str());
   if (value == nullptr) return std::nullopt;
   return PathText(fs::path(value));
 #else
@@ -134,7 +136,8 @@ std::string ProgramDirectory(const fs::path& executable, const Environment& envi
   const auto directory = UserDirectory(environment);
   Fill(source, directory);
   std::error_code error;
-  if (fs::is_directory(source / kMetric, error)) Fill(source / kMetric, directory / kMetric);
+  if (fs::is_directory(StatusOf(source / kMetric, error)))
+    Fill(source / kMetric, directory / kMetric);
   return PathText(directory);
 }
 

@@ -18,6 +18,7 @@
 
 #include "TemporaryFolder.h"
 #include "platform/Errors.h"
+#include "platform/SystemFiles.h"
 
 namespace velquist::platform {
 namespace {
@@ -256,7 +257,77 @@ TEST_F(HostFiles, AFolderThatCannotBeListedHasNone)
   EXPECT_TRUE(files.ListSubdirectories(At("\\Players\\Me\\Setups\\Monza"), 9).empty());
 }
 
-#ifndef _WIN32
+// --- Names out of the ordinary ------------------------------------------------------------------
+
+TEST_F(HostFiles, AFolderBeyondTheClassicLimitIsLikeAnyOther)
+{
+  const std::string part(100, 'd');
+  const auto deep = At("\\" + part + "\\" + part + "\\" + part);
+  for (const auto* name : {"Anna", "Bert"}) ASSERT_FALSE(MakeDirectories(HostPath(deep) / name));
+  files.WriteText(deep + "\\long.lo1", "0123456789");
+  files.WriteOver(deep + "\\long.lo1", AsBytes("abc"));
+  EXPECT_EQ(AsText(files.ReadWhole(deep + "\\long.lo1")), "abc3456789");
+
+  auto names = files.ListSubdirectories(deep, 9);
+  std::ranges::sort(names);
+  EXPECT_EQ(names, (std::vector<std::string>{"Anna", "Bert"}));
+  for (const auto* there : {"", "\\", "\\Anna", "\\Anna\\", "\\long.lo1", "\\*.lo?"})
+    EXPECT_TRUE(files.Exists(deep + there)) << there;
+  for (const auto* missing : {"\\Carl", "\\long.lo1\\", "\\long.lo", "\\*.lp?", "\\Anna\\*"})
+    EXPECT_FALSE(files.Exists(deep + missing)) << missing;
+
+  std::vector<std::string> all;
+  EXPECT_FALSE(ListNames(HostPath(deep), Listed::kAll, [&](std::string_view name) {
+    all.emplace_back(name);
+    return true;
+  }));
+  std::ranges::sort(all);
+  EXPECT_EQ(all, (std::vector<std::string>{"Anna", "Bert", "long.lo1"})) << "nothing left behind";
+
+  EXPECT_EQ(ErrorOf([&] { (void)files.ReadWhole(deep + "\\none"); }),
+            Expected(deep + "\\none", std::errc::no_such_file_or_directory));
+  EXPECT_EQ(ErrorOf([&] { files.WriteText(deep + "\\Anna", "x"); }),
+            Expected(deep + "\\Anna", std::errc::is_a_directory));
+  EXPECT_EQ(MakeDirectories(HostPath(deep + "\\long.lo1\\below")),
+            std::make_error_code(std::errc::not_a_directory));
+}
+
+TEST_F(HostFiles, ANameThatIsNotUtf8IsMerelyNotThere)
+{
+  for (const std::string name :
+       {"\\n\xFCrburg.LO1", "\\\xC9t\xE9\\GPL", "\\\xF0\x9F", "\\\xED\xA0\x80"}) {
+    EXPECT_FALSE(files.Exists(At(name)));
+    EXPECT_TRUE(files.ListSubdirectories(At(name), 9).empty());
+    EXPECT_EQ(ErrorOf([&] { (void)files.ReadWhole(At(name)); }),
+              Expected(At(name), std::errc::no_such_file_or_directory));
+  }
+  EXPECT_FALSE(files.Exists(At("\\*\xFC*")));
+}
+
+#ifdef _WIN32
+
+TEST(HostPath, OfALongTextHasThePrefixThatTheTextLacks)
+{
+  const std::string part(250, 'x');
+  EXPECT_EQ(HostPath("C:\\a/b").native(), L"C:\\a/b");
+  for (const std::string start : {"C:\\", "\\\\server\\share\\"}) {
+    const auto host = HostPath(start + part + "/a/../b");
+    EXPECT_TRUE(host.native().starts_with(L"\\\\?\\")) << start;
+    EXPECT_EQ(PathText(host), start + part + "\\b");
+    EXPECT_EQ(HostPath(PathText(host)), host);
+    EXPECT_EQ(Lengthened(host), host);
+  }
+  EXPECT_EQ(PathText(fs::path(L"\\\\?\\Volume{1}\\a")), "\\\\?\\Volume{1}\\a");
+  EXPECT_EQ(PathText(fs::path(L"\\\\?\\")), "\\\\?\\");
+}
+
+TEST(PathText, TakesWhatIsNotUtf16)
+{
+  EXPECT_EQ(PathText(fs::path(std::wstring(L"a\xD800z"))), "a\xEF\xBF\xBDz");
+  EXPECT_EQ(PathText(fs::path()), "");
+}
+
+#else
 
 TEST_F(HostFiles, AnExactSpellingWinsOverAnotherCase)
 {

@@ -139,6 +139,21 @@ TEST_F(ProgramDirectories, OfASystemWideInstallAreTheUsersAndFilledOnTheFirstSta
   EXPECT_EQ(Read(UserDirectory() / "Metric" / "67 Velquist Default.vqset"), "metric setup");
 }
 
+TEST_F(ProgramDirectories, MayLieBeyondTheClassicLimit)
+{
+  fs::create_directories(Bin());
+  PutDataInto(Shared());
+  const std::string part(100, 'd');
+  const auto home = Home() / part / part / part;
+  for (auto& [name, value] : environment_) value = PathText(home);
+  const auto directory = PathText(home / UserDirectory().lexically_relative(Home()));
+  EXPECT_EQ(Found(), directory);
+  EXPECT_EQ(Found(), directory) << "filled before";
+  const HostFileSystem files;
+  for (const auto& file : data_files_)
+    EXPECT_FALSE(files.ReadWhole(directory + "/" + file).empty()) << file;
+}
+
 TEST_F(ProgramDirectories, KeepWhatTheUserChanged)
 {
   fs::create_directories(Bin());
