@@ -9,15 +9,24 @@ if(WIN32)
   install(DIRECTORY assets/program/ DESTINATION .)
   install(FILES ${velquist_manual} DESTINATION . RENAME "Velquist Manual.txt")
   install(FILES LICENSE DESTINATION Licences RENAME Velquist.txt)
-  # Of everything that is linked into the one file.
+  # Of everything that is linked into the one file; and the texts that Debian keeps once for all,
+  # where one of these refers to them.
+  function(install_licence file name)
+    install(FILES ${file} DESTINATION Licences RENAME ${name}.txt)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+    file(READ ${file} text)
+    string(REGEX MATCHALL "/usr/share/common-licenses/[A-Za-z0-9.-]*[A-Za-z0-9]" commons "${text}")
+    foreach(common ${commons})
+      file(REAL_PATH ${common} common)  # LGPL is a link to the newest
+      get_filename_component(name ${common} NAME)
+      install(FILES ${common} DESTINATION Licences RENAME ${name}.txt)
+    endforeach()
+  endfunction()
   foreach(library wxwidgets3.2 libjpeg-turbo zlib)
-    install(FILES ${VELQUIST_WINDOWS_LIBRARIES}/share/doc/${library}/copyright
-      DESTINATION Licences RENAME ${library}.txt)
+    install_licence(${VELQUIST_WINDOWS_LIBRARIES}/share/doc/${library}/copyright ${library})
   endforeach()
-  install(FILES /usr/share/doc/gcc-mingw-w64-base/copyright
-    DESTINATION Licences RENAME gcc-runtime.txt)
-  install(FILES /usr/share/doc/mingw-w64-x86-64-dev/copyright
-    DESTINATION Licences RENAME mingw-w64-runtime.txt)
+  install_licence(/usr/share/doc/gcc-mingw-w64-base/copyright gcc-runtime)
+  install_licence(/usr/share/doc/mingw-w64-x86-64-dev/copyright mingw-w64-runtime)
   return()
 endif()
 

@@ -2,7 +2,7 @@
 #
 # The static libraries are those of scripts/build-windows-libraries. Their prefix is asked of
 # that script; -DVELQUIST_WINDOWS_LIBRARIES=<prefix> or an environment variable of that name
-# overrides it.
+# overrides it. Once configured it stays; scripts/build-windows configures anew when it changes.
 
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)

@@ -1,7 +1,7 @@
 ; SPDX-License-Identifier: MIT
 ; The installer: for the one user who runs it, without administrator rights.
 ;
-; makensis -DVERSION=1.2.3 -DFOLDER=<what ships> -DDATA=<list of data files> -DOUT=<installer>
+; makensis -DVERSION=1.2.3 -DFOLDER=<what ships> -DFILES=<lists of files> -DOUT=<installer>
 ;
 ; Data files and default setups are the user's to change. Beside each, an untouched copy lies in
 ; Originals: an update replaces only what is still the same as its copy, and removing the program
@@ -93,17 +93,30 @@ FunctionEnd
 !insertmacro SameFile "un."
 
 ; PLACE is "" or a folder with "\" in front of it.
+
+; What the version before brought and nobody changed goes first: what ships no longer is not left.
+!macro RemoveUnchangedData PLACE
+  FindFirst $R1 $R2 "$INSTDIR\Originals${PLACE}\*.*"
+  ${DoUntil} $R2 == ""
+    ${If} ${FileExists} "$INSTDIR${PLACE}\$R2"
+    ${AndIfNot} ${FileExists} "$INSTDIR${PLACE}\$R2\*.*"
+      Push "$INSTDIR${PLACE}\$R2"
+      Push "$INSTDIR\Originals${PLACE}\$R2"
+      Call SameFile
+      ${If} $R0 = 1
+        Delete "$INSTDIR${PLACE}\$R2"
+      ${EndIf}
+      Delete "$INSTDIR\Originals${PLACE}\$R2"
+    ${EndIf}
+    FindNext $R1 $R2
+  ${Loop}
+  FindClose $R1
+!macroend
+
 !macro InstallData PLACE FILE
-  StrCpy $R1 1
-  ${If} ${FileExists} "$INSTDIR${PLACE}\${FILE}"
-    Push "$INSTDIR${PLACE}\${FILE}"
-    Push "$INSTDIR\Originals${PLACE}\${FILE}"
-    Call SameFile
-    StrCpy $R1 $R0
-  ${EndIf}
   SetOutPath "$INSTDIR\Originals${PLACE}"
   File "${FOLDER}${PLACE}\${FILE}"
-  ${If} $R1 = 1
+  ${IfNot} ${FileExists} "$INSTDIR${PLACE}\${FILE}"
     SetOutPath "$INSTDIR${PLACE}"
     File "${FOLDER}${PLACE}\${FILE}"
   ${EndIf}
@@ -125,7 +138,15 @@ FunctionEnd
   Delete "$INSTDIR${PLACE}\${FILE}"
 !macroend
 
-!include "${DATA}"
+!macro InstallLicence FILE
+  File "${FOLDER}\Licences\${FILE}"
+!macroend
+
+!macro RemoveLicence FILE
+  Delete "$INSTDIR\Licences\${FILE}"
+!macroend
+
+!include "${FILES}"
 
 Section
   ; A program that runs cannot be replaced.
@@ -141,7 +162,9 @@ Section
   SetOverwrite on
   File "${FOLDER}\Velquist Manual.txt"
   SetOutPath "$INSTDIR\Licences"
-  File "${FOLDER}\Licences\*.txt"
+  !insertmacro LicenceFiles InstallLicence
+  !insertmacro RemoveUnchangedData ""
+  !insertmacro RemoveUnchangedData "\Metric"
   !insertmacro DataFiles InstallData
 
   SetOutPath "$INSTDIR"
@@ -168,7 +191,7 @@ Section Uninstall
     Abort
   ${EndIf}
   Delete "$INSTDIR\Velquist Manual.txt"
-  Delete "$INSTDIR\Licences\*.txt"
+  !insertmacro LicenceFiles RemoveLicence
   Delete "$INSTDIR\MyPicture.tmp"
   Delete "$INSTDIR\Uninstall.exe"
   Delete "$SMPROGRAMS\Velquist.lnk"
