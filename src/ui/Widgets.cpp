@@ -197,11 +197,19 @@ wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindo
       platform::ReportEveryChoice(*list);
       return list;
     }
-    case ControlKind::kCheck:
-      return new wxCheckBox(parent, id, wxString(), at, size, 0, wxDefaultValidator, name);
-    case ControlKind::kOption:
-      return new wxRadioButton(parent, id, wxString(), at, size, first_option ? wxRB_GROUP : 0,
-                               wxDefaultValidator, name);
+    case ControlKind::kCheck: {
+      auto* const box =
+          new wxCheckBox(parent, id, wxString(), at, size, 0, wxDefaultValidator, name);
+      platform::AllowCutLabel(*box);
+      return box;
+    }
+    case ControlKind::kOption: {
+      auto* const option =
+          new wxRadioButton(parent, id, wxString(), at, size, first_option ? wxRB_GROUP : 0,
+                            wxDefaultValidator, name);
+      platform::AllowCutLabel(*option);
+      return option;
+    }
     case ControlKind::kFrame: return new wxStaticBox(parent, id, wxString(), at, size, 0, name);
     default: {
       const long style = wxST_NO_AUTORESIZE | LabelStyle(design);

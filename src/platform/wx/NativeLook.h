@@ -23,6 +23,10 @@ void AllowSmallControls(wxWindow& panel);
 /// system's own.
 void SetSpoken(wxWindow& control, const wxString& name, const wxString& description);
 
+/// Lets the label of a box or option be cut while the control is placed anew: the system may do so
+/// before it knows of smaller letters.
+void AllowCutLabel(wxWindow& control);
+
 /// Puts the one line of `label` in the middle of its height.
 void CentreVertically(wxStaticText& label);
 

@@ -121,6 +121,12 @@ void SetSpoken(wxWindow& control, const wxString& name, const wxString& descript
   if (!description.empty()) atk_object_set_description(spoken, description.utf8_str());
 }
 
+void AllowCutLabel(wxWindow& control)
+{
+  GtkWidget* const label = gtk_bin_get_child(GTK_BIN(control.GetHandle()));
+  if (GTK_IS_LABEL(label)) gtk_label_set_ellipsize(GTK_LABEL(label), PANGO_ELLIPSIZE_END);
+}
+
 void CentreVertically(wxStaticText& label)
 {
   auto* const widget = GTK_LABEL(label.GetHandle());

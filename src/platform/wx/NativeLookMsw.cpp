@@ -66,6 +66,11 @@ void SetSpoken(wxWindow& control, const wxString& name, const wxString& descript
   spoken->Set(name, description);
 }
 
+void AllowCutLabel(wxWindow&)
+{
+  // Labels are always cut at the control's edge.
+}
+
 void CentreVertically(wxStaticText& label)
 {
   const HWND window = label.GetHWND();
