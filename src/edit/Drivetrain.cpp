@@ -36,11 +36,6 @@ std::string NumberItem(int number)
 
 }  // namespace
 
-int SlotOfList(int list)
-{
-  return kLists.at(static_cast<std::size_t>(list)).slot;
-}
-
 DrivetrainList BuildDrivetrainList(int list, const data::SetupData& values,
                                    const data::GearData& gears)
 {

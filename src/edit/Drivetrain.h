@@ -16,9 +16,6 @@ inline constexpr int kPowerAngleList = 1;
 inline constexpr int kCoastAngleList = 2;
 inline constexpr int kClutchesList = 3;
 
-/// Parameter slot behind a list of Combo1.
-[[nodiscard]] int SlotOfList(int list);
-
 struct DrivetrainList {
   std::vector<std::string> items;
   int selection = 0;  ///< may lie outside the items for a value outside the limits

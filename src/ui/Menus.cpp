@@ -36,7 +36,7 @@ wxString EntryText(const app::Control& control)
 
 }  // namespace
 
-Menus::Menus(const app::MainForm& form, int first_id) : form_(form), bar_(new wxMenuBar)
+Menus::Menus(const app::MainForm& form, int first_id) : bar_(new wxMenuBar)
 {
   int id = first_id;
   for (const auto& design : app::FormControlSettings()) {

@@ -51,7 +51,6 @@ class Menus {
   void Add(const app::Control& control, int id);
   void ShowEntry(Entry& entry, bool shown);
 
-  const app::MainForm& form_;
   wxMenuBar* bar_;
   std::vector<Entry> entries_;
 };

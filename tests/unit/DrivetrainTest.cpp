@@ -41,14 +41,6 @@ class Drivetrain : public ::testing::Test {
   data::GearData gears;
 };
 
-TEST_F(Drivetrain, EveryListStandsForItsSlot)
-{
-  EXPECT_EQ(SlotOfList(0), 48);
-  EXPECT_EQ(SlotOfList(1), 50);
-  EXPECT_EQ(SlotOfList(2), 49);
-  EXPECT_EQ(SlotOfList(3), 51);
-}
-
 TEST_F(Drivetrain, FinalDrivesAreTheDisplayTextsOfTheirRows)
 {
   Row(48, 74, 78, 89);
