@@ -15,10 +15,10 @@ TEST(CommandLineWords, NoneGiveAnEmptyPath)
 
 TEST(CommandLineWords, AreOnePathWithItsBlanks)
 {
-  EXPECT_EQ(FromWords({"/home/jim/GPL/Players/Jim Clark/Setups/monza/low drag.lo1"}).text,
-            "/home/jim/GPL/Players/Jim Clark/Setups/monza/low drag.lo1");
-  EXPECT_EQ(FromWords({"/GPL/Players/Jim", "Clark/Setups/monza/low", "drag.lo1"}).text,
-            "/GPL/Players/Jim Clark/Setups/monza/low drag.lo1");
+  EXPECT_EQ(FromWords({"/home/tobin/GPL/Players/Tobin Ferrant/Setups/monza/low drag.lo1"}).text,
+            "/home/tobin/GPL/Players/Tobin Ferrant/Setups/monza/low drag.lo1");
+  EXPECT_EQ(FromWords({"/GPL/Players/Tobin", "Ferrant/Setups/monza/low", "drag.lo1"}).text,
+            "/GPL/Players/Tobin Ferrant/Setups/monza/low drag.lo1");
 }
 
 TEST(CommandLineWords, LoseThePairOfQuotesAroundThePath)

@@ -39,7 +39,7 @@ TEST(InstallationOfPath, IsMissingWithoutPlayers)
 TEST(PlayerOfPath, StandsBetweenPlayersAndSetups)
 {
   EXPECT_EQ(PlayerOfPath("C:\\GPL\\Players\\Me\\Setups\\monza\\a.fe1"), "Me");
-  EXPECT_EQ(PlayerOfPath("/GPL/PLAYERS/Jim  Clark/sETUPS/monza/a.fe1"), "Jim  Clark");
+  EXPECT_EQ(PlayerOfPath("/GPL/PLAYERS/Tobin  Ferrant/sETUPS/monza/a.fe1"), "Tobin  Ferrant");
   EXPECT_EQ(PlayerOfPath("C:\\Setups\\GPL\\Players\\Me\\Setups\\monza\\a.fe1"), "Me");
   EXPECT_EQ(PlayerOfPath("C:\\GPL\\Players\\Setups\\Setups\\monza\\a.fe1"), "Setups");
   EXPECT_EQ(PlayerOfPath("C:\\GPL\\Players\\J\xC3\xBCrgen\\Setups\\a.fe1"), "J\xC3\xBCrgen");

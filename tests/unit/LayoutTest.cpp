@@ -109,7 +109,7 @@ class Layout : public ::testing::TestWithParam<ScreenSize> {
     const auto [width, height] = GetParam();
     // Names as long as the game's own longest ones.
     editor_.Play(
-        "dir $G/Players/Jean-Pierre_Beltoise/Setups/nurburgring_24h\n"
+        "dir $G/Players/Jean-Pierre_Bosteile/Setups/nurburgring_24h\n"
         "screen " +
         std::to_string(width) + " " + std::to_string(height) + "\n");
     editor_.StartWithGame();

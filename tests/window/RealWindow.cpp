@@ -22,7 +22,7 @@ void RealWindow::Start(ScreenSize screen)
 {
   // Names as long as the game's own longest ones.
   editor.Play(
-      "dir $G/Players/Jean-Pierre_Beltoise/Setups/nurburgring_24h\n"
+      "dir $G/Players/Jean-Pierre_Bosteile/Setups/nurburgring_24h\n"
       "screen " +
       std::to_string(screen.width) + " " + std::to_string(screen.height) + "\n");
   editor.StartWithGame();
