@@ -87,10 +87,12 @@ TEST(EngineChart, HorsepowerIsGreenAndTorqueBlueOfThePalette)
   EXPECT_EQ(kGreen, (platform::Colour{0, 128, 0}));
   EXPECT_EQ(kBlue, (platform::Colour{0, 0, 128}));
   const auto picture = Drawn(k1967, LevelCurve());
-  for (const auto& line : Lines(picture, kGreen, LineStyle::kSolid))
-    EXPECT_NEAR(line.y1, 110 - 100 * 100.0 / 450, 1e-9);
-  for (const auto& line : Lines(picture, kBlue, LineStyle::kSolid))
-    EXPECT_NEAR(line.y1, 110 - 50 * 100.0 / 450, 1e-9);
+  const auto power = Lines(picture, kGreen, LineStyle::kSolid);
+  ASSERT_FALSE(power.empty());
+  for (const auto& line : power) EXPECT_NEAR(line.y1, 110 - 100 * 100.0 / 450, 1e-9);
+  const auto torque = Lines(picture, kBlue, LineStyle::kSolid);
+  ASSERT_FALSE(torque.empty());
+  for (const auto& line : torque) EXPECT_NEAR(line.y1, 110 - 50 * 100.0 / 450, 1e-9);
 }
 
 TEST(EngineChart, AsManySamplesAreDrawnAsTheAxisIsLong)
@@ -172,8 +174,9 @@ TEST(EngineChart, NoEngineIsDrawnOutsideThePlotBox)
   for (int ModYearIndex = 0; ModYearIndex < 5; ++ModYearIndex) {
     for (int slot = 0; slot < data::kEngineSlots; ++slot) {
       SCOPED_TRACE(std::to_string(ModYearIndex) + ", " + std::to_string(slot));
-      const auto picture = Drawn(ModYearIndex, slot, kWidth, kHeight);
-      for (const auto& line : Having(picture, Primitive::Kind::kLine)) {
+      const auto lines = Having(Drawn(ModYearIndex, slot, kWidth, kHeight), Primitive::Kind::kLine);
+      ASSERT_FALSE(lines.empty());
+      for (const auto& line : lines) {
         for (const double x : {line.x1, line.x2}) EXPECT_TRUE(x >= 30 && x <= 330.0001) << x;
         for (const double y : {line.y1, line.y2}) EXPECT_TRUE(y >= 9.9999 && y <= 110.0001) << y;
       }
@@ -214,8 +217,9 @@ TEST(EngineChart, TextsNeverTouchAndLieWithinThePictureAtEverySize)
       SCOPED_TRACE(std::to_string(size.width) + ", " + std::to_string(ModYearIndex));
       const auto picture = Drawn(ModYearIndex, 0, size.width, size.height);
       EXPECT_EQ(testing::TextFaults(picture), std::vector<std::string>());
-      for (const auto& text : Having(picture, Primitive::Kind::kText))
-        EXPECT_GE(text.letter_height, kSmallestLetters) << text.text;
+      const auto texts = Having(picture, Primitive::Kind::kText);
+      ASSERT_FALSE(texts.empty());
+      for (const auto& text : texts) EXPECT_GE(text.letter_height, kSmallestLetters) << text.text;
     }
   }
 }

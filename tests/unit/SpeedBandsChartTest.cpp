@@ -208,9 +208,11 @@ TEST(SpeedBandsChart, TheLegendNamesBothBandsAndNeverCoversAGear)
       EXPECT_LT(text->x2, 30 + (size.width - 50) * 200.0 / 220) << "behind the red line";
     }
     EXPECT_GT(legend_bottom, 0);
-    for (const auto colour : {kBlue, kGreen, kRed})
-      for (const auto& box : Having(picture, Primitive::Kind::kBox, colour))
-        EXPECT_GE(box.y1, legend_bottom);
+    for (const auto colour : {kBlue, kGreen, kRed}) {
+      const auto boxes = Having(picture, Primitive::Kind::kBox, colour);
+      ASSERT_FALSE(boxes.empty()) << colour;
+      for (const auto& box : boxes) EXPECT_GE(box.y1, legend_bottom);
+    }
   }
 }
 
@@ -226,7 +228,9 @@ TEST(SpeedBandsChart, TextsNeverTouchAndLieWithinThePictureAtEverySize)
           bands.gear_rows = gears;
           const auto picture = Drawn(bands, ModYearIndex, size.width, size.height);
           EXPECT_EQ(testing::TextFaults(picture), std::vector<std::string>());
-          for (const auto& text : Having(picture, Primitive::Kind::kText))
+          const auto texts = Having(picture, Primitive::Kind::kText);
+          ASSERT_FALSE(texts.empty());
+          for (const auto& text : texts)
             EXPECT_GE(text.letter_height, kSmallestLetters - 1) << text.text;
         }
       }

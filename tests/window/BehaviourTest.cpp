@@ -49,19 +49,18 @@ TEST_F(Behaviour, AHeldStepButtonGoesOnUntilItIsReleased)
   EXPECT_EQ(Value(4), released);
 }
 
-TEST_F(Behaviour, AHeldStepButtonGoesOnInFineStepsUpToTheLimit)
+TEST_F(Behaviour, AHeldStepButtonGoesOnInFineStepsAsFarAsTheLimit)
 {
   Start();
   editor.Play("check FineCheck\n");
-  const auto& data = editor.Window().State().setup_data;
-  const auto row = setup::RowOf(setup::kFuel);
-  const float limit = data.Value(row, data::kMaximum);
-  Press("CmdInc(30)");
-  EXPECT_TRUE(WaitUntil(
-      [&] { return Value(setup::kFuel) > limit - data.Value(row, data::kFineStep); }, 30000));
+  const float before = Value(setup::kWheelRate);
+  Press("CmdDec(4)");
+  EXPECT_TRUE(WaitUntil([&] { return Value(setup::kWheelRate) != before; }));
+  EXPECT_EQ(Value(setup::kWheelRate), before - 1);
+  EXPECT_TRUE(WaitUntil([&] { return Value(setup::kWheelRate) <= 40; }, 30000));
   LetTimePass(200);
   Release();
-  EXPECT_LE(Value(setup::kFuel), limit);
+  EXPECT_EQ(Value(setup::kWheelRate), 40);
 }
 
 TEST_F(Behaviour, TheMarqueeRestsWhileTheWindowIsMinimised)
