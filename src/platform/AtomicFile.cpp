@@ -1,226 +1,158 @@
 // SPDX-License-Identifier: MIT
 #include "platform/AtomicFile.h"
 
-#include <algorithm>
-#include <cerrno>
-#include <cstdio>
 #include <string>
 #include <system_error>
+#include <utility>
 
 #include "platform/Errors.h"
 #include "platform/SystemFiles.h"
-
-#ifdef _WIN32
-#include <fcntl.h>
-#include <io.h>
-#include <process.h>
-#include <sys/stat.h>
-#include <windows.h>
-#else
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
 
 namespace velquist::platform {
 namespace {
 
 namespace fs = std::filesystem;
+using Error = std::error_code;
 
-[[noreturn]] void Fail(std::string_view shown_path, const std::error_code& error)
-{
-  throw FileError(std::string(shown_path), error.message());
-}
+constexpr int kMostNames = 100;  ///< tried for one temporary file
 
-std::error_code LastError()
+/// Calls again what a signal broke off.
+template <class Call>
+Error Whole(const Call& call)
 {
-  return {errno, std::generic_category()};
-}
-
-// What the standard library has no words for, or not the same on both systems.
-#ifdef _WIN32
-
-int OpenNew(const fs::path& path)
-{
-  return ::_wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
-}
-bool WriteSome(int file, std::span<const std::byte>& bytes)
-{
-  const auto written = ::_write(
-      file, bytes.data(), static_cast<unsigned>(std::min<std::size_t>(bytes.size(), 1U << 20)));
-  if (written < 0) return false;
-  bytes = bytes.subspan(static_cast<std::size_t>(written));
-  return true;
-}
-bool Flush(int file)
-{
-  return ::_commit(file) == 0;
-}
-bool Close(int file)
-{
-  return ::_close(file) == 0;
-}
-int ProcessNumber()
-{
-  return ::_getpid();
-}
-std::error_code MayWrite(const fs::path& target)
-{
-  const auto attributes = ::GetFileAttributesW(target.c_str());
-  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
-    return std::make_error_code(std::errc::permission_denied);
-  return {};
-}
-void KeepOwner(const fs::path&, int) {}
-std::error_code Rename(const fs::path& from, const fs::path& to)
-{
-  if (::MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-    return {};
-  return {static_cast<int>(::GetLastError()), std::system_category()};
-}
-void Remove(const fs::path& path)
-{
-  ::DeleteFileW(path.c_str());
-}
-void FlushDirectory(const fs::path&) {}
-/// Links are not told from files here.
-fs::path BehindLinks(const fs::path& path, std::string_view)
-{
-  return Lengthened(path);
+  for (;;)
+    if (const Error error = call(); error != std::errc::interrupted) return error;
 }
 
-#else
-
-int OpenNew(const fs::path& path)
-{
-  return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-}
-bool WriteSome(int file, std::span<const std::byte>& bytes)
-{
-  const auto written = ::write(file, bytes.data(), bytes.size());
-  if (written < 0) return errno == EINTR;
-  bytes = bytes.subspan(static_cast<std::size_t>(written));
-  return true;
-}
-bool Flush(int file)
-{
-  return ::fsync(file) == 0;
-}
-bool Close(int file)
-{
-  return ::close(file) == 0;
-}
-int ProcessNumber()
-{
-  return ::getpid();
-}
-/// A file that its owner made read-only is kept from everybody, whatever rights the user has.
-std::error_code MayWrite(const fs::path& target)
-{
-  struct stat status {};
-  if (::stat(target.c_str(), &status) != 0) return {};
-  if ((status.st_mode & S_IWUSR) == 0 ||
-      ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
-    return std::make_error_code(std::errc::permission_denied);
-  return {};
-}
-/// Permissions and, where that is allowed, owner and group of the old file.
-void KeepOwner(const fs::path& target, int file)
-{
-  struct stat status {};
-  if (::stat(target.c_str(), &status) != 0) return;
-  if (::fchown(file, status.st_uid, status.st_gid) != 0) errno = 0;
-  if (::fchmod(file, status.st_mode & 07777U) != 0) errno = 0;
-}
-std::error_code Rename(const fs::path& from, const fs::path& to)
-{
-  return ::rename(from.c_str(), to.c_str()) == 0 ? std::error_code{} : LastError();
-}
-void Remove(const fs::path& path)
-{
-  ::unlink(path.c_str());
-}
-void FlushDirectory(const fs::path& directory)
-{
-  const int file =
-      ::open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (file < 0) return;
-  ::fsync(file);
-  ::close(file);
-}
-/// Where the links that start at `path` end; the last one's target need not exist.
-fs::path BehindLinks(fs::path path, std::string_view shown_path)
-{
-  constexpr int kMostLinks = 40;
-  std::error_code error;
-  for (int links = 0; fs::is_symlink(path, error); ++links) {
-    if (links == kMostLinks)
-      Fail(shown_path, std::make_error_code(std::errc::too_many_symbolic_link_levels));
-    const auto next = fs::read_symlink(path, error);
-    if (error) Fail(shown_path, error);
-    path = path.parent_path() / next;
-  }
-  return path;
-}
-
-#endif
-
-/// Removes the temporary file unless it was renamed.
-struct Temporary {
-  fs::path path;
-  int file = -1;
-  bool done = false;
-
-  Temporary() = default;
-  Temporary(const Temporary&) = delete;
-  Temporary& operator=(const Temporary&) = delete;
-  ~Temporary()
+/// One save: a temporary file that goes away unless it takes the target's place.
+class Save {
+ public:
+  Save(const SaveCalls& calls, const fs::path& target) : calls_(calls), target_(target) {}
+  Save(const Save&) = delete;
+  Save& operator=(const Save&) = delete;
+  ~Save()
   {
-    if (file >= 0) Close(file);
-    if (!done && !path.empty()) Remove(path);
+    if (file_ >= 0) (void)calls_.close(file_);
+    if (!name_.empty()) (void)Whole([&] { return calls_.remove(name_); });
   }
+
+  /// A file without a name leaves nothing when the program is killed; not all systems have it.
+  Error OpenNameless()
+  {
+    return Whole([&] { return calls_.open_nameless(target_.parent_path(), file_); });
+  }
+  Error OpenNamed()
+  {
+    return WithFreeName([&](const fs::path& name) { return calls_.open_new(name, file_); });
+  }
+  Error GiveName()
+  {
+    return WithFreeName([&](const fs::path& name) { return calls_.give_name(file_, name); });
+  }
+
+  Error Write(std::span<const std::byte> bytes)
+  {
+    while (!bytes.empty()) {
+      std::size_t written = 0;
+      if (const auto error = Whole([&] { return calls_.write(file_, bytes, written); }))
+        return error;
+      if (written == 0) return std::make_error_code(std::errc::io_error);
+      bytes = bytes.subspan(written);
+    }
+    return {};
+  }
+
+  Error TakeOverAndFlush()
+  {
+    for (const auto* keep : {&calls_.keep_owner, &calls_.keep_rights, &calls_.keep_access_list,
+                             &calls_.keep_attributes})
+      if (const auto error = Whole([&] { return (*keep)(target_, file_); })) return error;
+    return Whole([&] { return calls_.flush(file_); });
+  }
+
+  Error Close()
+  {
+    // Broken off by a signal or not, the file is closed, and its bytes are on the disk.
+    const auto error = calls_.close(std::exchange(file_, -1));
+    return error == std::errc::interrupted ? Error{} : error;
+  }
+
+  Error TakePlace()
+  {
+    if (const auto error = Whole([&] { return calls_.rename(name_, target_); })) return error;
+    name_.clear();
+    return Whole([&] { return calls_.flush_directory(target_.parent_path()); });
+  }
+
+ private:
+  /// Tries one name after the other until one is not taken.
+  template <class Call>
+  Error WithFreeName(const Call& call)
+  {
+    Error error;
+    for (int number = 0; number < kMostNames; ++number) {
+      auto name = target_.parent_path() /
+                  (".velquist-" + std::to_string(ProcessNumber()) + "-" + std::to_string(number));
+      error = Whole([&] { return call(name); });
+      if (!error) name_ = std::move(name);
+      if (error != std::errc::file_exists) break;
+    }
+    return error;
+  }
+
+  const SaveCalls& calls_;
+  const fs::path& target_;
+  int file_ = -1;
+  fs::path name_;  ///< of the temporary file, empty while it has none
 };
 
-/// A file beside the target that did not exist before.
-void OpenBeside(const fs::path& target, std::string_view shown_path, Temporary& temporary)
+Error WriteNameless(const SaveCalls& calls, const fs::path& target,
+                    std::span<const std::byte> bytes, bool& possible)
 {
-  for (int attempt = 0;; ++attempt) {
-    auto path = target.parent_path() /
-                (".velquist-" + std::to_string(ProcessNumber()) + "-" + std::to_string(attempt));
-    temporary.file = OpenNew(path);
-    if (temporary.file >= 0) {
-      temporary.path = std::move(path);
-      return;
-    }
-    if (errno != EEXIST) Fail(shown_path, LastError());
-  }
+  Save save(calls, target);
+  possible = !save.OpenNameless();
+  if (!possible) return {};
+  if (const auto error = save.Write(bytes)) return error;
+  if (const auto error = save.TakeOverAndFlush()) return error;
+  possible = !save.GiveName();
+  if (!possible) return {};
+  if (const auto error = save.Close()) return error;
+  return save.TakePlace();
+}
+
+Error WriteNamed(const SaveCalls& calls, const fs::path& target, std::span<const std::byte> bytes)
+{
+  Save save(calls, target);
+  if (const auto error = save.OpenNamed()) return error;
+  if (const auto error = save.Write(bytes)) return error;
+  if (const auto error = save.TakeOverAndFlush()) return error;
+  if (const auto error = save.Close()) return error;
+  return save.TakePlace();
+}
+
+[[noreturn]] void Fail(std::string_view shown_path, const Error& error)
+{
+  throw FileError(std::string(shown_path), error.message());
 }
 
 }  // namespace
 
 void WriteAtomically(const fs::path& target, std::span<const std::byte> bytes,
-                     std::string_view shown_path)
+                     std::string_view shown_path, const SaveCalls& calls)
 {
-  const fs::path real = BehindLinks(target, shown_path);
-  std::error_code error;
+  Error error;
+  const fs::path real = BehindLinks(target, error);
+  if (error) Fail(shown_path, error);
   const auto status = StatusOf(real, error);
   if (fs::is_directory(status)) Fail(shown_path, std::make_error_code(std::errc::is_a_directory));
   if (!fs::is_regular_file(status) && status.type() != fs::file_type::not_found)
     Fail(shown_path, error ? error : std::make_error_code(std::errc::invalid_argument));
-  if (const auto refused = MayWrite(real)) Fail(shown_path, refused);
+  if (const auto refused = MayReplace(real)) Fail(shown_path, refused);
 
-  Temporary temporary;
-  OpenBeside(real, shown_path, temporary);
-  while (!bytes.empty())
-    if (!WriteSome(temporary.file, bytes)) Fail(shown_path, LastError());
-  KeepOwner(real, temporary.file);
-  if (!Flush(temporary.file)) Fail(shown_path, LastError());
-  const bool closed = Close(temporary.file);
-  temporary.file = -1;
-  if (!closed) Fail(shown_path, LastError());
-  if (const auto failed = Rename(temporary.path, real)) Fail(shown_path, failed);
-  temporary.done = true;
-  FlushDirectory(real.parent_path());
+  bool nameless = false;
+  error = WriteNameless(calls, real, bytes, nameless);
+  if (!nameless) error = WriteNamed(calls, real, bytes);
+  if (error) Fail(shown_path, error);
 }
 
 }  // namespace velquist::platform
