@@ -3,6 +3,7 @@
 // labels and charts included. Values go up and down in turn so that no press is refused.
 #include <benchmark/benchmark.h>
 
+#include "runner/SourceDirectory.h"
 #include "unit/MemoryProgram.h"
 
 namespace {
@@ -15,7 +16,7 @@ class Program {
  public:
   explicit Program(const SavedSettings& saved = {})
   {
-    program_.PutShippedFiles(std::filesystem::path(VELQUIST_SOURCE_DIR) / "assets" / "program");
+    program_.PutShippedFiles(velquist::testing::SourceDirectory() / "assets" / "program");
     program_.Start(saved);
   }
   void SetBox(const char* box) { program_.Window().Check(box, -1, true); }

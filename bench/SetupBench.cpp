@@ -6,6 +6,7 @@
 #include "data/GearData.h"
 #include "data/SetupData.h"
 #include "platform/HostFileSystem.h"
+#include "runner/SourceDirectory.h"
 #include "setup/Layouts.h"
 #include "setup/SetupRecord.h"
 
@@ -13,7 +14,7 @@ namespace {
 
 using namespace velquist;
 
-const std::string kProgram = VELQUIST_SOURCE_DIR "/assets/program";
+const std::string kProgram = (velquist::testing::SourceDirectory() / "assets" / "program").string();
 constexpr int k1967 = 0;
 
 // Moving a setup from its bytes to the values and back should cost under 2 microseconds.

@@ -13,6 +13,7 @@
 
 #include "app/MainWindow.h"
 #include "platform/HostFileSystem.h"
+#include "runner/SourceDirectory.h"
 
 namespace {
 
@@ -80,7 +81,7 @@ class Installed {
  public:
   Installed()
   {
-    fs::copy(fs::path(VELQUIST_SOURCE_DIR) / "assets" / "program", root_,
+    fs::copy(velquist::testing::SourceDirectory() / "assets" / "program", root_,
              fs::copy_options::recursive);
     // The players share one directory of tracks, which is listed no faster for that.
     for (int track = 0; track < 300; ++track)

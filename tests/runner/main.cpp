@@ -15,6 +15,7 @@
 
 #include "platform/wx/WxResources.h"
 #include "runner/Runner.h"
+#include "runner/SourceDirectory.h"
 
 namespace {
 
@@ -72,7 +73,8 @@ int main(int argc, char** argv)
 {
   KeepLineEnds();
   try {
-    const auto line = ReadCommandLine(Arguments(argc, argv), VELQUIST_PROGRAM_FILES);
+    const auto line = ReadCommandLine(Arguments(argc, argv),
+                                      velquist::testing::SourceDirectory() / "assets" / "program");
     return line.window ? RunWithWindowSystem([&line] { return PlayAll(line); }) : PlayAll(line);
   } catch (const std::invalid_argument& error) {
     std::cerr << error.what() << '\n' << kUsage;

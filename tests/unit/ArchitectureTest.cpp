@@ -11,12 +11,14 @@
 #include <string_view>
 #include <vector>
 
+#include "runner/SourceDirectory.h"
+
 namespace velquist {
 namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kProject = VELQUIST_SOURCE_DIR;
+const fs::path kProject = velquist::testing::SourceDirectory();
 
 std::vector<std::string> LinesOf(const fs::path& file)
 {

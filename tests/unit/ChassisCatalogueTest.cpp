@@ -13,6 +13,7 @@
 
 #include "data/EnginePoints.h"
 #include "platform/Errors.h"
+#include "runner/SourceDirectory.h"
 
 namespace velquist::data {
 namespace {
@@ -28,7 +29,7 @@ constexpr std::size_t kPointsPerEngine = 18;
 /// The numbers of a fixture list, its heading line left out.
 std::vector<float> NumbersOf(const std::string& name)
 {
-  std::ifstream file(std::string(VELQUIST_SOURCE_DIR) + "/tests/fixtures/" + name);
+  std::ifstream file(velquist::testing::SourceDirectory().string() + "/tests/fixtures/" + name);
   std::string word;
   std::getline(file, word);
   std::vector<float> numbers;

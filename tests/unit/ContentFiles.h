@@ -22,11 +22,13 @@
 #include <utility>
 #include <vector>
 
+#include "runner/SourceDirectory.h"
+
 namespace velquist::content::testing {
 
 namespace fs = std::filesystem;
 
-inline const fs::path kRoot = VELQUIST_SOURCE_DIR;
+inline const fs::path kRoot = velquist::testing::SourceDirectory();
 inline const fs::path kSources = kRoot / "tools" / "content";
 inline const fs::path kProgram = kRoot / "assets" / "program";
 inline const fs::path kExamples = kRoot / "examples" / "GPL";

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "MemoryProgram.h"
+#include "runner/SourceDirectory.h"
 
 namespace {
 
@@ -44,7 +45,7 @@ class EditingAllocation : public ::testing::Test {
  protected:
   EditingAllocation()
   {
-    program_.PutShippedFiles(std::filesystem::path(VELQUIST_SOURCE_DIR) / "assets" / "program");
+    program_.PutShippedFiles(velquist::testing::SourceDirectory() / "assets" / "program");
     program_.Start();
   }
 

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "MemoryProgram.h"
+#include "runner/SourceDirectory.h"
 
 namespace velquist {
 namespace {
@@ -13,7 +14,7 @@ class EditingEvents : public ::testing::Test {
  protected:
   EditingEvents()
   {
-    program_.PutShippedFiles(std::filesystem::path(VELQUIST_SOURCE_DIR) / "assets" / "program");
+    program_.PutShippedFiles(velquist::testing::SourceDirectory() / "assets" / "program");
     program_.Start();
   }
 

@@ -14,6 +14,7 @@
 #include "TemporaryFolder.h"
 #include "data/SetupData.h"
 #include "platform/HostFileSystem.h"
+#include "runner/SourceDirectory.h"
 #include "setup/Layouts.h"
 #include "setup/SetupRecord.h"
 #include "setup/SlotTable.h"
@@ -21,7 +22,7 @@
 namespace velquist::setup {
 namespace {
 
-const std::filesystem::path kRoot = VELQUIST_SOURCE_DIR;
+const std::filesystem::path kRoot = velquist::testing::SourceDirectory();
 
 using Row = std::map<std::string, std::string>;
 

@@ -11,6 +11,7 @@
 #include "SetupSamples.h"
 #include "platform/Errors.h"
 #include "platform/HostFileSystem.h"
+#include "runner/SourceDirectory.h"
 
 namespace velquist::data {
 namespace {
@@ -194,8 +195,8 @@ TEST(GearData, ShippedFilesFillEveryRow)
   const platform::HostFileSystem files;
   for (const int year : {k1967, k1965}) {
     GearData gears;
-    ASSERT_TRUE(
-        ReadGearData(files, std::string(VELQUIST_SOURCE_DIR) + "/assets/program", year, gears));
+    ASSERT_TRUE(ReadGearData(
+        files, velquist::testing::SourceDirectory().string() + "/assets/program", year, gears));
     for (int row = 0; row < kGearRows; ++row) {
       EXPECT_NE(gears.DisplayText(row), "") << row;
       EXPECT_GT(gears.Ratio(row), 0.0F) << row;

@@ -14,6 +14,7 @@
 #include "platform/HostFileSystem.h"
 #include "platform/wx/WxPictureLoader.h"
 #include "platform/wx/WxResources.h"
+#include "runner/SourceDirectory.h"
 
 namespace velquist::platform {
 namespace {
@@ -35,7 +36,7 @@ Bytes ReadFile(const std::filesystem::path& path)
 /// A picture of the example installation, 320 x 240 or the like.
 Bytes WholePicture()
 {
-  return ReadFile(std::filesystem::path(VELQUIST_SOURCE_DIR) /
+  return ReadFile(velquist::testing::SourceDirectory() /
                   "examples/GPL/cars/cars67/lotus/GEMPic.jpg");
 }
 
@@ -110,8 +111,7 @@ TEST_F(PicturesOfCars, WhatIsNoJpegGivesWayToTheBuiltInOne)
 {
   ExpectRefused({});
   ExpectRefused(Bytes(5000, std::byte{'x'}));
-  ExpectRefused(
-      ReadFile(std::filesystem::path(VELQUIST_SOURCE_DIR) / "assets/icon/velquist-16.png"));
+  ExpectRefused(ReadFile(velquist::testing::SourceDirectory() / "assets/icon/velquist-16.png"));
 }
 
 TEST_F(PicturesOfCars, BrokenPicturesGiveWayToTheBuiltInOne)

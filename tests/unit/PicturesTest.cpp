@@ -18,6 +18,7 @@
 
 #include "Canvas.h"
 #include "Icon.h"
+#include "runner/SourceDirectory.h"
 
 namespace velquist::pictures {
 namespace {
@@ -25,7 +26,7 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 using Size = std::pair<unsigned, unsigned>;
 
-const std::filesystem::path kRoot = VELQUIST_SOURCE_DIR;
+const std::filesystem::path kRoot = velquist::testing::SourceDirectory();
 
 const std::vector<PictureFile>& Pictures()
 {

@@ -14,6 +14,7 @@
 
 #include "app/FormControlSettings.h"
 #include "data/ChassisCatalogue.h"
+#include "runner/SourceDirectory.h"
 #include "setup/Identification.h"
 
 namespace velquist::platform {
@@ -23,7 +24,7 @@ constexpr int kModYears = 5;
 
 std::string ReadAsset(const char* name)
 {
-  const auto path = std::filesystem::path(VELQUIST_SOURCE_DIR) / "assets/resources" / name;
+  const auto path = velquist::testing::SourceDirectory() / "assets/resources" / name;
   std::ifstream in(path, std::ios::binary);
   EXPECT_TRUE(in) << path;
   return {std::istreambuf_iterator<char>(in), {}};

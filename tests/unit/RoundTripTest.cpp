@@ -10,6 +10,7 @@
 #include "ScriptedEditor.h"
 #include "data/GearData.h"
 #include "platform/Errors.h"
+#include "runner/SourceDirectory.h"
 #include "runner/Texts.h"
 #include "setup/BinarySubs.h"
 #include "setup/Identification.h"
@@ -129,7 +130,7 @@ class RoundTrip : public ::testing::Test {
                  "C:\\Velquist"})
   {
     for (const auto& entry :
-         fs::directory_iterator(fs::path(VELQUIST_SOURCE_DIR) / "assets" / "program"))
+         fs::directory_iterator(velquist::testing::SourceDirectory() / "assets" / "program"))
       if (entry.is_regular_file())
         files_.files["C:\\Velquist\\" + entry.path().filename().string()] =
             platform::HostFileSystem().ReadWhole(entry.path().string());

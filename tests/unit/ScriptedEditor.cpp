@@ -9,6 +9,7 @@
 
 #include "app/FormControlSettings.h"
 #include "platform/HostFileSystem.h"
+#include "runner/SourceDirectory.h"
 #include "runner/Texts.h"
 #include "setup/Identification.h"
 
@@ -110,7 +111,7 @@ std::string Everything(const app::MainWindow& window, WithBuffer with_buffer)
 
 std::vector<Example> Examples()
 {
-  std::ifstream readme(std::filesystem::path(VELQUIST_SOURCE_DIR) / "examples" / "README.md");
+  std::ifstream readme(velquist::testing::SourceDirectory() / "examples" / "README.md");
   std::vector<Example> examples;
   constexpr std::string_view kRow = "| `";
   constexpr std::string_view kNextCell = "` | ";
@@ -125,7 +126,7 @@ std::vector<Example> Examples()
 }
 
 ScriptedEditor::ScriptedEditor(std::unique_ptr<runner::Driver> driver)
-    : world_(std::filesystem::path(VELQUIST_SOURCE_DIR) / "assets" / "program"),
+    : world_(velquist::testing::SourceDirectory() / "assets" / "program"),
       driver_(std::move(driver)),
       outside_([this](std::string_view a, std::string_view b) { return world_.SameText(a, b); },
                *driver_),
@@ -169,7 +170,7 @@ start
 void ScriptedEditor::StartWithExamples()
 {
   namespace fs = std::filesystem;
-  fs::copy(fs::path(VELQUIST_SOURCE_DIR) / "examples" / "GPL", Path("$G"),
+  fs::copy(velquist::testing::SourceDirectory() / "examples" / "GPL", Path("$G"),
            fs::copy_options::recursive);
   Play(R"(
 on message \

@@ -13,6 +13,7 @@
 #include "SetupSamples.h"
 #include "platform/Errors.h"
 #include "platform/HostFileSystem.h"
+#include "runner/SourceDirectory.h"
 
 namespace velquist::data {
 namespace {
@@ -217,7 +218,8 @@ TEST(SetupData, ShippedFilesHaveALineForEveryRow)
   for (const auto* folder : {"/assets/program", "/assets/program/Metric"}) {
     for (int year = 0; year < 5; ++year) {
       SetupData data;
-      ASSERT_TRUE(ReadSetupData(files, std::string(VELQUIST_SOURCE_DIR) + folder, year, data));
+      ASSERT_TRUE(
+          ReadSetupData(files, velquist::testing::SourceDirectory().string() + folder, year, data));
       EXPECT_GE(data.SetupDataText.size(), 53U) << folder << ' ' << year;
     }
   }

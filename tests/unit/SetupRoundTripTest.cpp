@@ -12,6 +12,7 @@
 
 #include "SetupSamples.h"
 #include "platform/HostFileSystem.h"
+#include "runner/SourceDirectory.h"
 #include "setup/Layouts.h"
 #include "setup/SetupRecord.h"
 
@@ -134,7 +135,8 @@ TEST(SetupRoundTrip, TenThousandRandomLongSetupsKeepTheirBytes)
 TEST(SetupRoundTrip, EveryShippedDefaultKeepsAllItsBytes)
 {
   const platform::HostFileSystem files;
-  const std::string program = VELQUIST_SOURCE_DIR "/assets/program";
+  const std::string program =
+      (velquist::testing::SourceDirectory() / "assets" / "program").string();
   const std::pair<const char*, int> defaults[] = {
       {"67", k1967}, {"65", k1965}, {"66", k1966}, {"69", k1969}, {"GT", kGT}};
   for (const auto& [prefix, year] : defaults) {

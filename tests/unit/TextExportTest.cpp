@@ -12,6 +12,7 @@
 
 #include "ScriptedEditor.h"
 #include "platform/Errors.h"
+#include "runner/SourceDirectory.h"
 #include "setup/SlotTable.h"
 
 namespace velquist::text_export {
@@ -249,7 +250,7 @@ std::string Bytes(const fs::path& path)
 
 TEST(TextExport, ExamplesExportAsKept)
 {
-  const auto root = fs::path(VELQUIST_SOURCE_DIR);
+  const auto root = velquist::testing::SourceDirectory();
   testing::ScriptedEditor editor;
   editor.StartWithExamples();
   const auto examples = testing::Examples();

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "WatchedProgram.h"
+#include "runner/SourceDirectory.h"
 
 #include <filesystem>
 
 namespace velquist::testing {
 
 WatchedProgram::WatchedProgram()
-    : world(std::filesystem::path(VELQUIST_SOURCE_DIR) / "assets" / "program"),
+    : world(velquist::testing::SourceDirectory() / "assets" / "program"),
       announcements_(
           [this](std::string_view a, std::string_view b) { return world.SameText(a, b); }),
       pictures_(files)
