@@ -16,12 +16,12 @@ namespace {
 using namespace velquist;
 
 struct Car {
-  int ModYearIndex;
+  data::ModYear ModYearIndex;
   int engine_slot;
 };
-constexpr Car kPolynomial{0, 1};  // six gears
-constexpr Car kPointTable{2, 3};  // six gears
-constexpr Car kLargest{4, 0};     // leaves the value axis
+constexpr Car kPolynomial{data::ModYear::k1967, 1};  // six gears
+constexpr Car kPointTable{data::ModYear::k1966, 3};  // six gears
+constexpr Car kLargest{data::ModYear::kGT, 0};       // leaves the value axis
 
 constexpr std::array<float, 6> kRatios = {2.4F, 1.9F, 1.5F, 1.25F, 1.05F, 0.9F};
 constexpr float kFinalDrive = 3.6F;

@@ -8,6 +8,7 @@
 
 namespace {
 
+using velquist::data::ModYear;
 using velquist::testing::MemoryProgram;
 using velquist::testing::SavedSettings;
 
@@ -71,13 +72,13 @@ BENCHMARK(StepOfConstantRollBars);
 
 void GearPressWithPolynomialEngine(benchmark::State& state)
 {
-  Program({.ModYearIndex = 0, .chassis = 1}).PressInTurn(state, 42);
+  Program({.ModYearIndex = ModYear::k1967, .chassis = 1}).PressInTurn(state, 42);
 }
 BENCHMARK(GearPressWithPolynomialEngine);
 
 void GearPressWithPointTableEngine(benchmark::State& state)
 {
-  Program({.ModYearIndex = 2, .chassis = 4}).PressInTurn(state, 42);
+  Program({.ModYearIndex = ModYear::k1966, .chassis = 4}).PressInTurn(state, 42);
 }
 BENCHMARK(GearPressWithPointTableEngine);
 

@@ -15,7 +15,7 @@ namespace {
 using namespace velquist;
 
 const std::string kProgram = (velquist::testing::SourceDirectory() / "assets" / "program").string();
-constexpr int k1967 = 0;
+using enum data::ModYear;
 
 // Moving a setup from its bytes to the values and back should cost under 2 microseconds.
 void LoadAndStoreDefaultSetup(benchmark::State& state)

@@ -28,7 +28,7 @@ struct CarSet {
   std::string_view name;
   std::span<const std::string_view> folders;  ///< by chassis slot
 };
-constexpr std::array<CarSet, 5> kCarSets = {{
+constexpr std::array<CarSet, data::kModYearCount> kCarSets = {{
     {"cars67", kSharedFolders},  // 1967
     {"full65", kSharedFolders},  // 1965
     {"cars66", kFolders1966},    // 1966
@@ -38,7 +38,7 @@ constexpr std::array<CarSet, 5> kCarSets = {{
 
 }  // namespace
 
-std::string CarPicturePath(std::string_view installation, int ModYearIndex, int chassis)
+std::string CarPicturePath(std::string_view installation, data::ModYear ModYearIndex, int chassis)
 {
   const auto year = static_cast<std::size_t>(ModYearIndex);
   const auto slot = static_cast<std::size_t>(chassis);

@@ -4,12 +4,13 @@
 #include <string>
 #include <string_view>
 
+#include "data/ModYear.h"
 #include "platform/System.h"
 
 namespace velquist::app {
 
 /// installation\cars\car set\car\GEMPic.jpg of a mod year's chassis; empty where there is none.
-[[nodiscard]] std::string CarPicturePath(std::string_view installation, int ModYearIndex,
+[[nodiscard]] std::string CarPicturePath(std::string_view installation, data::ModYear ModYearIndex,
                                          int chassis);
 
 /// The size of a picture scaled by the one factor that makes it as large as `box` allows; at least

@@ -27,7 +27,7 @@ std::string OpenFilter()
 {
   const auto patterns = [](std::string_view formula) {
     std::string list;
-    for (const auto code : setup::ChassisCodeTable(setup::kModYear1966))
+    for (const auto code : setup::ChassisCodeTable(data::ModYear::k1966))
       list.append("*.").append(code).append(formula).append(";");
     return list;
   };
@@ -180,8 +180,8 @@ void MainWindow::Write(const std::string& path, bool convert)
       lists[list] = form_.Combo1[list].selection;
     setup::StoreSetupValues(globals_.setup_data, lists, form_.AsymmetricCheck.checked,
                             globals_.ModYearIndex, globals_.SetupBuffer);
-    const bool both_layouts = globals_.ModYearIndex == setup::kModYear1967 ||
-                              globals_.ModYearIndex == setup::kModYear1965;
+    const bool both_layouts = globals_.ModYearIndex == data::ModYear::k1967 ||
+                              globals_.ModYearIndex == data::ModYear::k1965;
     if (convert && both_layouts)
       setup::ConvertLayout(globals_.SetupBuffer, form_.MnuLongFormat.checked
                                                      ? setup::Layout::kLong
@@ -257,7 +257,7 @@ void MainWindow::MnuExport_Click()
 {
   const text_export::Subject subject{
       .file_name = globals_.file_name,
-      .mod_year = setup::ModYearText(globals_.ModYearIndex),
+      .mod_year = data::ModYearText(globals_.ModYearIndex),
       .chassis_name = form_.Combo3.text,
       .formula = globals_.formula_index + 1,
       .gear_count = data::GearCount(globals_.ModYearIndex, EngineSlot()),

@@ -7,6 +7,7 @@
 #include "charts/SpeedBands.h"
 #include "data/EngineCurve.h"
 #include "data/GearData.h"
+#include "data/ModYear.h"
 #include "data/SetupData.h"
 #include "edit/EditOptions.h"
 #include "setup/BinarySubs.h"
@@ -21,7 +22,7 @@ struct Globals {
   data::EngineCurve curve;   ///< of the engine last computed
   charts::SpeedBands bands;  ///< as last drawn
 
-  std::int16_t ModYearIndex = 0;  ///< 0 = 1967, 1 = 1965, 2 = 1966, 3 = 1969, 4 = GT
+  data::ModYear ModYearIndex = data::ModYear::k1967;  ///< as saved until start-up has checked it
   std::int16_t chassis_index = 0;
   std::int16_t formula_index = 0;
   std::int16_t player_index = 0;

@@ -124,13 +124,13 @@ void MainWindow::ListModYears()
   form_.Combo2.items.clear();
   for (const auto& marker : setup::ModMarkers())
     if (outside_.files.Exists(globals_.installation + std::string(marker.file)))
-      form_.Combo2.items.emplace_back(setup::ModYearText(marker.ModYearIndex));
+      form_.Combo2.items.emplace_back(data::ModYearText(marker.ModYearIndex));
 }
 
 void MainWindow::SelectModYear()
 {
   globals_.filling_mod_years = true;
-  ChooseText(form_.Combo2, setup::ModYearText(globals_.ModYearIndex));
+  ChooseText(form_.Combo2, data::ModYearText(globals_.ModYearIndex));
   globals_.filling_mod_years = false;
   ShowModYearControls();
 }
@@ -138,9 +138,9 @@ void MainWindow::SelectModYear()
 /// What is offered for some mod years alone.
 void MainWindow::ShowModYearControls()
 {
-  const bool wings = globals_.ModYearIndex == setup::kModYear1969;
+  const bool wings = globals_.ModYearIndex == data::ModYear::k1969;
   form_.Wings.shown = form_.Wings.enabled = wings;
-  const bool gt = globals_.ModYearIndex == setup::kModYearGT;
+  const bool gt = globals_.ModYearIndex == data::ModYear::kGT;
   for (Control* control : {&form_.AsymmetricCheck, &form_.MnuReverse})
     control->shown = control->enabled = !gt;
   form_.Combo6.shown = !gt;
@@ -182,9 +182,9 @@ void MainWindow::FillModYears()
 void MainWindow::Combo2_Click()
 {
   if (globals_.filling_mod_years) return;
-  const auto mod_year = setup::ModYearOfText(form_.Combo2.text);
+  const auto mod_year = data::ModYearOfText(form_.Combo2.text);
   if (!mod_year) return;
-  globals_.ModYearIndex = static_cast<std::int16_t>(*mod_year);
+  globals_.ModYearIndex = *mod_year;
   ShowModYearControls();
   FillChassis();
   ReadDataFiles();
@@ -215,7 +215,7 @@ void MainWindow::Combo7_Click()
 {
   if (!globals_.ready) return;
   globals_.installation = form_.Combo7.text;
-  globals_.ModYearIndex = setup::kModYear1967;
+  globals_.ModYearIndex = data::ModYear::k1967;
   globals_.chassis_index = globals_.formula_index = 0;
   globals_.player_index = globals_.track_index = 0;
   globals_.ready = false;

@@ -99,7 +99,7 @@ void MainWindow::ReadSettingsFile(const std::string& path)
   const auto settings = install::ParseProgramSettings(data::ReadText(outside_.files, path));
   globals_.installation = settings.installation;
   globals_.player_index = settings.player_index;
-  globals_.ModYearIndex = settings.ModYearIndex;
+  globals_.ModYearIndex = static_cast<data::ModYear>(settings.ModYearIndex);
   globals_.chassis_index = settings.chassis_index;
   globals_.formula_index = settings.formula_index;
   globals_.track_index = settings.track_index;
@@ -141,7 +141,7 @@ void MainWindow::SaveProgramSettings()
   const install::ProgramSettings settings{
       .installation = form_.Combo7.text,
       .player_index = globals_.player_index,
-      .ModYearIndex = globals_.ModYearIndex,
+      .ModYearIndex = data::NumberOf(globals_.ModYearIndex),
       .format_flag = static_cast<std::int16_t>(form_.MnuShortFormat.checked ? 0 : 1),
       .chassis_index = globals_.chassis_index,
       .formula_index = globals_.formula_index,
@@ -248,7 +248,7 @@ bool MainWindow::MayClose()
 
 void MainWindow::LoadDefaultSetup()
 {
-  static constexpr std::array<std::string_view, 5> kDefaults = {
+  static constexpr std::array<std::string_view, data::kModYearCount> kDefaults = {
       "67 Velquist Default.vqset", "65 Velquist Default.vqset", "66 Velquist Default.vqset",
       "69 Velquist Default.vqset", "GT Velquist Default.vqset"};
   const auto year = static_cast<std::size_t>(globals_.ModYearIndex);

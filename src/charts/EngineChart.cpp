@@ -20,7 +20,7 @@ struct EngineAxes {
   int value_divisions;
 };
 
-constexpr std::array<EngineAxes, 5> kAxes = {{
+constexpr std::array<EngineAxes, data::kModYearCount> kAxes = {{
     {12000, 6, 450, 9},   // 1967
     {14000, 7, 300, 6},   // 1965
     {12000, 6, 450, 9},   // 1966
@@ -46,7 +46,7 @@ double CurveWidth(const PlotBox& box)
   return std::clamp(std::round(box.Height() * kPart), 2.0, 4.0);
 }
 
-const EngineAxes* AxesOf(int ModYearIndex)
+const EngineAxes* AxesOf(data::ModYear ModYearIndex)
 {
   const auto year = static_cast<std::size_t>(ModYearIndex);
   return year < kAxes.size() ? &kAxes[year] : nullptr;
@@ -91,7 +91,7 @@ void DrawUpTo(float top, PlotXy& plot, std::span<const float> rpm, std::span<con
 
 }  // namespace
 
-void DrawEngineChart(platform::PictureSurface& surface, int ModYearIndex,
+void DrawEngineChart(platform::PictureSurface& surface, data::ModYear ModYearIndex,
                      const data::EngineCurve& curve, int maximum_rpm)
 {
   const auto* const axes = AxesOf(ModYearIndex);
@@ -116,7 +116,7 @@ void DrawEngineChart(platform::PictureSurface& surface, int ModYearIndex,
               .centred = true});
 }
 
-std::string ReadEngineChart(double width, double height, int ModYearIndex,
+std::string ReadEngineChart(double width, double height, data::ModYear ModYearIndex,
                             const data::EngineCurve& curve, double x, double y)
 {
   const auto* const axes = AxesOf(ModYearIndex);

@@ -8,9 +8,6 @@
 namespace velquist::charts {
 namespace {
 
-constexpr int kModYear1965 = 1;
-constexpr int kModYearGT = 4;
-
 constexpr int kSearchedBeyondMaximum = 1000;  ///< rpm
 constexpr double kPartOfPeak = 0.9;
 
@@ -40,18 +37,18 @@ Band FindBand(std::span<const float> rpm, std::span<const float> values, int max
   return band;
 }
 
-double MaximumSpeed(int ModYearIndex, int chassis) noexcept
+double MaximumSpeed(data::ModYear ModYearIndex, int chassis) noexcept
 {
   constexpr std::array kGT = {208.0, 206.0, 202.0, 204.0, 194.0, 215.0, 206.0, 196.0, 172.0};
-  if (ModYearIndex == kModYear1965) return 180;
+  if (ModYearIndex == data::ModYear::k1965) return 180;
   const auto slot = static_cast<std::size_t>(chassis);
-  if (ModYearIndex == kModYearGT && slot < kGT.size()) return kGT[slot];
+  if (ModYearIndex == data::ModYear::kGT && slot < kGT.size()) return kGT[slot];
   return 200;
 }
 
-SpeedBands ComputeSpeedBands(const data::EngineCurve& curve, int maximum_rpm, int ModYearIndex,
-                             int chassis, std::span<const float> ratios, float final_drive,
-                             bool metric)
+SpeedBands ComputeSpeedBands(const data::EngineCurve& curve, int maximum_rpm,
+                             data::ModYear ModYearIndex, int chassis, std::span<const float> ratios,
+                             float final_drive, bool metric)
 {
   SpeedBands bands;
   bands.torque = FindBand(curve.rpm, curve.torque, maximum_rpm);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "data/EngineCurve.h"
+#include "data/ModYear.h"
 
 namespace velquist::charts {
 
@@ -36,12 +37,12 @@ struct SpeedBands {
                             int maximum_rpm);
 
 /// Approximate maximum speed of a car, mph. GT cars by chassis, all others by mod year.
-[[nodiscard]] double MaximumSpeed(int ModYearIndex, int chassis) noexcept;
+[[nodiscard]] double MaximumSpeed(data::ModYear ModYearIndex, int chassis) noexcept;
 
 /// `ratios` are those of the car's gears, first gear first. A gear, or all of them, whose ratio is
 /// not above 0 gets no speed.
 [[nodiscard]] SpeedBands ComputeSpeedBands(const data::EngineCurve& curve, int maximum_rpm,
-                                           int ModYearIndex, int chassis,
+                                           data::ModYear ModYearIndex, int chassis,
                                            std::span<const float> ratios, float final_drive,
                                            bool metric);
 

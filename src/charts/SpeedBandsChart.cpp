@@ -11,16 +11,14 @@
 namespace velquist::charts {
 namespace {
 
-constexpr int kModYear1965 = 1;
-
 struct SpeedAxis {
   int maximum;
   int divisions;
 };
 
-SpeedAxis AxisFor(int ModYearIndex, bool metric)
+SpeedAxis AxisFor(data::ModYear ModYearIndex, bool metric)
 {
-  if (ModYearIndex == kModYear1965) return metric ? SpeedAxis{320, 8} : SpeedAxis{200, 10};
+  if (ModYearIndex == data::ModYear::k1965) return metric ? SpeedAxis{320, 8} : SpeedAxis{200, 10};
   return metric ? SpeedAxis{360, 9} : SpeedAxis{220, 11};
 }
 
@@ -112,7 +110,8 @@ std::string Ordinal(int number)
 
 }  // namespace
 
-void DrawSpeedBands(platform::PictureSurface& surface, int ModYearIndex, const SpeedBands& bands)
+void DrawSpeedBands(platform::PictureSurface& surface, data::ModYear ModYearIndex,
+                    const SpeedBands& bands)
 {
   const auto axis = AxisFor(ModYearIndex, bands.metric);
   PlotXy plot(surface, {0, static_cast<double>(axis.maximum), axis.divisions}, {0, 1, 0});

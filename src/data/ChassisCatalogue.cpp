@@ -178,38 +178,39 @@ constexpr YearEngines kEnginesGT = Filled({
 constexpr std::array<YearEngines, kModYearCount> kEngines = {
     kEngines1967, kEngines1965, kEngines1966, kEngines1969, kEnginesGT};
 
-std::span<const std::string_view> NamesOf(int ModYearIndex)
+std::span<const std::string_view> NamesOf(ModYear ModYearIndex)
 {
-  if (ModYearIndex < 0 || ModYearIndex >= kModYearCount) {
-    throw BoundsError("there is no mod year " + std::to_string(ModYearIndex));
+  const auto year = static_cast<std::size_t>(ModYearIndex);
+  if (year >= kNames.size()) {
+    throw BoundsError("there is no mod year " + std::to_string(NumberOf(ModYearIndex)));
   }
-  return kNames[static_cast<std::size_t>(ModYearIndex)];
+  return kNames[year];
 }
 
 }  // namespace
 
-int ChassisCount(int ModYearIndex)
+int ChassisCount(ModYear ModYearIndex)
 {
   return static_cast<int>(NamesOf(ModYearIndex).size());
 }
 
-std::string_view ChassisName(int ModYearIndex, int slot)
+std::string_view ChassisName(ModYear ModYearIndex, int slot)
 {
   if (slot < 0 || slot >= ChassisCount(ModYearIndex)) {
-    throw BoundsError("mod year " + std::to_string(ModYearIndex) + " has no chassis " +
+    throw BoundsError("mod year " + std::to_string(NumberOf(ModYearIndex)) + " has no chassis " +
                       std::to_string(slot));
   }
   return NamesOf(ModYearIndex)[static_cast<std::size_t>(slot)];
 }
 
-const Engine& EngineOf(int ModYearIndex, int engine_slot)
+const Engine& EngineOf(ModYear ModYearIndex, int engine_slot)
 {
-  if (ModYearIndex < 0 || ModYearIndex >= kModYearCount || engine_slot < 0 ||
-      engine_slot >= kEngineSlots) {
-    throw BoundsError("mod year " + std::to_string(ModYearIndex) + " has no engine " +
+  const auto year = static_cast<std::size_t>(ModYearIndex);
+  if (year >= kEngines.size() || engine_slot < 0 || engine_slot >= kEngineSlots) {
+    throw BoundsError("mod year " + std::to_string(NumberOf(ModYearIndex)) + " has no engine " +
                       std::to_string(engine_slot));
   }
-  return kEngines[static_cast<std::size_t>(ModYearIndex)][static_cast<std::size_t>(engine_slot)];
+  return kEngines[year][static_cast<std::size_t>(engine_slot)];
 }
 
 std::optional<int> EngineSlot(int chassis, int formula_index)
@@ -222,12 +223,12 @@ std::optional<int> EngineSlot(int chassis, int formula_index)
   }
 }
 
-int GearCount(int ModYearIndex, int engine_slot)
+int GearCount(ModYear ModYearIndex, int engine_slot)
 {
   return static_cast<int>(std::lround(EngineOf(ModYearIndex, engine_slot).gears));
 }
 
-float RearWeightFraction(int ModYearIndex, int engine_slot)
+float RearWeightFraction(ModYear ModYearIndex, int engine_slot)
 {
   return EngineOf(ModYearIndex, engine_slot).rear_weight_fraction;
 }

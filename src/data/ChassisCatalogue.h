@@ -4,11 +4,9 @@
 #include <optional>
 #include <string_view>
 
-namespace velquist::data {
+#include "data/ModYear.h"
 
-/// Mod years are numbered 0 = 1967, 1 = 1965, 2 = 1966, 3 = 1969, 4 = GT. The settings file
-/// keeps these numbers: never renumber.
-inline constexpr int kModYearCount = 5;
+namespace velquist::data {
 
 inline constexpr int kMostChassis = 16;  ///< chassis slots 0 to 15, in drop-box order
 inline constexpr int kMostGears = 6;     ///< forward gears of any engine's gearbox
@@ -20,12 +18,12 @@ inline constexpr int kFormula2Slot = 20;
 inline constexpr int kFormula3Slot = 21;
 
 /// How many chassis the mod year has, 1 to kMostChassis.
-/// Throws BoundsError for a mod year outside 0 to 4.
-[[nodiscard]] int ChassisCount(int ModYearIndex);
+/// Throws BoundsError for a mod year outside kModYears.
+[[nodiscard]] int ChassisCount(ModYear ModYearIndex);
 
 /// The chassis as `Combo3` shows it. The text lives as long as the program.
-/// Throws BoundsError for a mod year outside 0 to 4 or a slot at or above its chassis count.
-[[nodiscard]] std::string_view ChassisName(int ModYearIndex, int slot);
+/// Throws BoundsError for a mod year outside kModYears or a slot at or above its chassis count.
+[[nodiscard]] std::string_view ChassisName(ModYear ModYearIndex, int slot);
 
 /// One engine. c0 to c3 are the mean effective pressure in psi as a cubic of rpm, constant term
 /// first; 1966 and GT keep them, but their curves come from EnginePoints().
@@ -41,8 +39,8 @@ struct Engine {
 };
 
 /// The engine in a slot, built in and the same for every installation; all 0 where the slot is
-/// empty. Throws BoundsError for a mod year outside 0 to 4 or a slot outside 0 to 21.
-[[nodiscard]] const Engine& EngineOf(int ModYearIndex, int engine_slot);
+/// empty. Throws BoundsError for a mod year outside kModYears or a slot outside 0 to 21.
+[[nodiscard]] const Engine& EngineOf(ModYear ModYearIndex, int engine_slot);
 
 /// Engine slot for a chassis slot and a formula index 0, 1, 2 (F1, F2, F3): F1 cars have their
 /// own engine, the others share their formula's. Any other formula index answers nothing. The
@@ -50,9 +48,9 @@ struct Engine {
 [[nodiscard]] std::optional<int> EngineSlot(int chassis, int formula_index);
 
 /// Forward gears, 0 for an empty slot. Throws like EngineOf().
-[[nodiscard]] int GearCount(int ModYearIndex, int engine_slot);
+[[nodiscard]] int GearCount(ModYear ModYearIndex, int engine_slot);
 
 /// Share of the car's weight on the rear axle, 0 for an empty slot. Throws like EngineOf().
-[[nodiscard]] float RearWeightFraction(int ModYearIndex, int engine_slot);
+[[nodiscard]] float RearWeightFraction(ModYear ModYearIndex, int engine_slot);
 
 }  // namespace velquist::data

@@ -127,13 +127,13 @@ void ComputeFromPoints(const Engine& engine, Points points, EngineCurve& curve)
 
 }  // namespace
 
-void ComputeEngineCurve(int ModYearIndex, int engine_slot, EngineCurve& curve)
+void ComputeEngineCurve(ModYear ModYearIndex, int engine_slot, EngineCurve& curve)
 {
-  if (ModYearIndex < 0 || ModYearIndex >= kModYearCount) {
+  if (!ModYearOfNumber(NumberOf(ModYearIndex))) {
     return;
   }
   const Engine& engine = EngineOf(ModYearIndex, engine_slot);
-  const bool has_points = ModYearIndex == 2 || ModYearIndex == 4;  // 1966 and GT
+  const bool has_points = ModYearIndex == ModYear::k1966 || ModYearIndex == ModYear::kGT;
   const bool empty_slot = !(engine.displacement > 0);
   if (has_points && !empty_slot) {
     ComputeFromPoints(engine, EnginePoints(ModYearIndex, engine_slot), curve);

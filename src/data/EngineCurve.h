@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include "data/ModYear.h"
+
 namespace velquist::data {
 
 /// Power and torque of one engine as both charts draw them: a sample every 200 rpm from 0 to
@@ -18,8 +20,8 @@ struct EngineCurve {
 
 /// Fills every sample of `curve`. 1967, 1965 and 1969 engines show no torque at 0 rpm, 1966 and
 /// GT engines do; an empty engine slot gives no power and no torque anywhere. A mod year outside
-/// 0 to 4 leaves the curve as it is; otherwise a slot outside 0 to 21 throws BoundsError, the
+/// kModYears leaves the curve as it is; otherwise a slot outside 0 to 21 throws BoundsError, the
 /// curve unchanged.
-void ComputeEngineCurve(int ModYearIndex, int engine_slot, EngineCurve& curve);
+void ComputeEngineCurve(ModYear ModYearIndex, int engine_slot, EngineCurve& curve);
 
 }  // namespace velquist::data

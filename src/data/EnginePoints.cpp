@@ -158,19 +158,16 @@ constexpr YearPoints kPointsGT = Filled({
 
 // clang-format on
 
-constexpr int kModYear1966 = 2;
-constexpr int kModYearGT = 4;
-
 }  // namespace
 
-std::span<const EnginePoint, 18> EnginePoints(int ModYearIndex, int engine_slot)
+std::span<const EnginePoint, 18> EnginePoints(ModYear ModYearIndex, int engine_slot)
 {
-  if ((ModYearIndex != kModYear1966 && ModYearIndex != kModYearGT) || engine_slot < 0 ||
+  if ((ModYearIndex != ModYear::k1966 && ModYearIndex != ModYear::kGT) || engine_slot < 0 ||
       engine_slot >= kEngineSlots) {
-    throw BoundsError("mod year " + std::to_string(ModYearIndex) + " has no points for engine " +
-                      std::to_string(engine_slot));
+    throw BoundsError("mod year " + std::to_string(NumberOf(ModYearIndex)) +
+                      " has no points for engine " + std::to_string(engine_slot));
   }
-  const YearPoints& engines = ModYearIndex == kModYear1966 ? kPoints1966 : kPointsGT;
+  const YearPoints& engines = ModYearIndex == ModYear::k1966 ? kPoints1966 : kPointsGT;
   return engines[static_cast<std::size_t>(engine_slot)];
 }
 

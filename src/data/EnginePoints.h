@@ -3,6 +3,8 @@
 
 #include <span>
 
+#include "data/ModYear.h"
+
 namespace velquist::data {
 
 /// One point of an engine's pressure curve.
@@ -11,9 +13,9 @@ struct EnginePoint {
   float pressure;  ///< mean effective pressure, psi
 };
 
-/// The points that describe a 1966 (ModYearIndex 2) or GT (4) engine, rpm rising strictly from
+/// The points that describe a 1966 or GT engine, rpm rising strictly from
 /// 0; all 0 where the engine slot is empty. A last pressure of 0 is an engine that gives nothing
 /// from there on. Throws BoundsError for the other mod years and for a slot outside 0 to 21.
-[[nodiscard]] std::span<const EnginePoint, 18> EnginePoints(int ModYearIndex, int engine_slot);
+[[nodiscard]] std::span<const EnginePoint, 18> EnginePoints(ModYear ModYearIndex, int engine_slot);
 
 }  // namespace velquist::data

@@ -32,14 +32,20 @@ void GearData::SetRow(int row, std::array<std::string, 3> fields)
   text_[Checked(row)] = std::move(fields);
 }
 
-std::string_view GearDataFileName(int ModYearIndex) noexcept
+std::string_view GearDataFileName(ModYear ModYearIndex) noexcept
 {
-  if (ModYearIndex < 0 || ModYearIndex > 4) return {};
-  return ModYearIndex == 0 ? "67 Gear Data.ini" : "65 Gear Data.ini";
+  switch (ModYearIndex) {
+    case ModYear::k1967: return "67 Gear Data.ini";
+    case ModYear::k1965:
+    case ModYear::k1966:
+    case ModYear::k1969:
+    case ModYear::kGT: return "65 Gear Data.ini";
+  }
+  return {};
 }
 
 bool ReadGearData(const platform::FileSystem& files, std::string_view program_directory,
-                  int ModYearIndex, GearData& gears)
+                  ModYear ModYearIndex, GearData& gears)
 {
   const auto name = GearDataFileName(ModYearIndex);
   const auto path = std::string(program_directory) + "\\" + std::string(name);

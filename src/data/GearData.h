@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "data/ModYear.h"
 #include "platform/FileSystem.h"
 
 namespace velquist::data {
@@ -29,14 +30,14 @@ class GearData {
   std::array<float, kGearRows> ratio_{};
 };
 
-/// File name by mod year; empty outside 0 to 4.
-[[nodiscard]] std::string_view GearDataFileName(int ModYearIndex) noexcept;
+/// File name by mod year; empty outside kModYears.
+[[nodiscard]] std::string_view GearDataFileName(ModYear ModYearIndex) noexcept;
 
 /// Reads the mod year's file from the program directory. Rows that the file does not have keep
 /// what an earlier read left, lines behind the 90th are not read. False when the file does not
 /// exist. A file that cannot be read leaves `gears` as it was.
 [[nodiscard]] bool ReadGearData(const platform::FileSystem& files,
-                                std::string_view program_directory, int ModYearIndex,
+                                std::string_view program_directory, ModYear ModYearIndex,
                                 GearData& gears);
 
 }  // namespace velquist::data

@@ -8,14 +8,6 @@
 namespace velquist::data {
 namespace {
 
-constexpr std::array<std::string_view, 5> kFileNames = {
-    "67 Setup Data.ini",  // 1967
-    "65 Setup Data.ini",  // 1965
-    "65 Setup Data.ini",  // 1966
-    "65 Setup Data.ini",  // 1969
-    "GT Setup Data.ini",  // GT
-};
-
 template <class Rows>
 auto& RowAt(Rows& rows, std::size_t row)
 {
@@ -45,14 +37,20 @@ std::int16_t SetupData::Whole(std::size_t row, Field field) const
   return ToInt16(LeadingNumber(Text(row, field)));
 }
 
-std::string_view SetupDataFileName(int ModYearIndex) noexcept
+std::string_view SetupDataFileName(ModYear ModYearIndex) noexcept
 {
-  const auto year = static_cast<std::size_t>(ModYearIndex);
-  return year < kFileNames.size() ? kFileNames[year] : std::string_view{};
+  switch (ModYearIndex) {
+    case ModYear::k1967: return "67 Setup Data.ini";
+    case ModYear::k1965:
+    case ModYear::k1966:
+    case ModYear::k1969: return "65 Setup Data.ini";
+    case ModYear::kGT: return "GT Setup Data.ini";
+  }
+  return {};
 }
 
 bool ReadSetupData(const platform::FileSystem& files, std::string_view program_directory,
-                   int ModYearIndex, SetupData& data)
+                   ModYear ModYearIndex, SetupData& data)
 {
   const auto name = SetupDataFileName(ModYearIndex);
   const auto path = std::string(program_directory) + "\\" + std::string(name);

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/ModYear.h"
 #include "platform/FileSystem.h"
 
 namespace velquist::data {
@@ -38,14 +39,14 @@ struct SetupData {
   [[nodiscard]] std::int16_t Whole(std::size_t row, Field field) const;
 };
 
-/// File name by mod year; empty outside 0 to 4.
-[[nodiscard]] std::string_view SetupDataFileName(int ModYearIndex) noexcept;
+/// File name by mod year; empty outside kModYears.
+[[nodiscard]] std::string_view SetupDataFileName(ModYear ModYearIndex) noexcept;
 
 /// Reads the mod year's file from the program directory; every current value becomes 0. False,
 /// with `data` as it was, when the file does not exist. A file that cannot be read leaves `data`
 /// as it was.
 [[nodiscard]] bool ReadSetupData(const platform::FileSystem& files,
-                                 std::string_view program_directory, int ModYearIndex,
+                                 std::string_view program_directory, ModYear ModYearIndex,
                                  SetupData& data);
 
 }  // namespace velquist::data

@@ -2,7 +2,6 @@
 #include "setup/Identification.h"
 
 #include <algorithm>
-#include <cstdint>
 
 #include "platform/Errors.h"
 #include "setup/SetupRecord.h"
@@ -12,8 +11,7 @@ namespace velquist::setup {
 namespace {
 
 using namespace std::string_view_literals;
-
-constexpr std::array kModYearTexts = {"1967"sv, "1965"sv, "1966"sv, "1969"sv, "GT"sv};
+using data::ModYear;
 
 constexpr std::array kSharedCodes = {"bb"sv, "br"sv, "co"sv, "ea"sv, "fe"sv, "lo"sv, "mu"sv};
 // "mu" stands before "lo" here, as in the car list of 1966.
@@ -27,9 +25,9 @@ constexpr std::array kOnly1966 = {"bc"sv, "bd"sv, "be"sv, "bs"sv, "eb"sv,
                                   "ff"sv, "lp"sv, "lq"sv, "mc"sv};
 
 constexpr std::array kModMarkers = {
-    ModMarker{kModYear1965, "\\gpla65.ini"}, ModMarker{kModYear1966, "\\gpla66.ini"},
-    ModMarker{kModYear1967, "\\gpl_ai.ini"}, ModMarker{kModYear1969, "\\gpla69.ini"},
-    ModMarker{kModYearGT, "\\gplaGT.ini"},
+    ModMarker{ModYear::k1965, "\\gpla65.ini"}, ModMarker{ModYear::k1966, "\\gpla66.ini"},
+    ModMarker{ModYear::k1967, "\\gpl_ai.ini"}, ModMarker{ModYear::k1969, "\\gpla69.ini"},
+    ModMarker{ModYear::kGT, "\\gplaGT.ini"},
 };
 
 /// Steepest wing setting of the 1969 cars, degrees.
@@ -43,29 +41,16 @@ bool Contains(const Range& range, std::string_view code)
 
 }  // namespace
 
-std::string_view ModYearText(int ModYearIndex) noexcept
-{
-  const auto year = static_cast<std::size_t>(ModYearIndex);
-  return year < kModYearTexts.size() ? kModYearTexts[year] : std::string_view{};
-}
-
-std::optional<int> ModYearOfText(std::string_view text) noexcept
-{
-  const auto found = std::ranges::find(kModYearTexts, text);
-  if (found == kModYearTexts.end()) return std::nullopt;
-  return static_cast<int>(found - kModYearTexts.begin());
-}
-
-std::span<const std::string_view> ChassisCodeTable(int ModYearIndex) noexcept
+std::span<const std::string_view> ChassisCodeTable(ModYear ModYearIndex) noexcept
 {
   switch (ModYearIndex) {
-    case kModYear1967:
-    case kModYear1965:
-    case kModYear1969: return kSharedCodes;
-    case kModYear1966: return kCodes1966;
-    case kModYearGT: return kCodesGT;
-    default: return {};
+    case ModYear::k1967:
+    case ModYear::k1965:
+    case ModYear::k1969: return kSharedCodes;
+    case ModYear::k1966: return kCodes1966;
+    case ModYear::kGT: return kCodesGT;
   }
+  return {};
 }
 
 std::string_view ChassisCodeOf(std::string_view file_name) noexcept
@@ -75,7 +60,7 @@ std::string_view ChassisCodeOf(std::string_view file_name) noexcept
   return file_name.substr(end < 2 ? 0 : end - 2, std::min<std::size_t>(end, 2));
 }
 
-std::optional<int> ChassisIndexOf(int ModYearIndex, std::string_view code) noexcept
+std::optional<int> ChassisIndexOf(ModYear ModYearIndex, std::string_view code) noexcept
 {
   const auto codes = ChassisCodeTable(ModYearIndex);
   const auto found = std::ranges::find(codes, code);
@@ -89,7 +74,7 @@ std::optional<int> FormulaIndexOf(std::string_view file_name) noexcept
   return file_name.back() - '1';
 }
 
-std::string ExtensionOf(int ModYearIndex, int chassis, int formula_index)
+std::string ExtensionOf(ModYear ModYearIndex, int chassis, int formula_index)
 {
   const auto codes = ChassisCodeTable(ModYearIndex);
   if (chassis < 0 || static_cast<std::size_t>(chassis) >= codes.size())
@@ -105,14 +90,14 @@ std::span<const ModMarker> ModMarkers() noexcept
 Identity Identify(std::string_view file_name, std::span<const std::byte> SetupBuffer)
 {
   const auto code = ChassisCodeOf(file_name);
-  if (Contains(kOnly1966, code)) return {kModYear1966, {}};
-  if (Contains(kCodesGT, code)) return {kModYearGT, {}};
+  if (Contains(kOnly1966, code)) return {ModYear::k1966, {}};
+  if (Contains(kCodesGT, code)) return {ModYear::kGT, {}};
   if (SetupBuffer.size() != kLongLayoutSize) return {{}, platform::ModYearForm::kFrmModYear2};
   const float rear_wing = ReadSingleAt(
       SetupBuffer, static_cast<std::size_t>(SlotOffset[static_cast<std::size_t>(kRearWing)]));
   if (rear_wing == kNoWing) return {{}, platform::ModYearForm::kFrmModYear1};
   // Only 1969 cars carry wing values; any other value, NaN too, says nothing about the year.
-  if (rear_wing >= 0 && rear_wing <= kSteepestWing) return {kModYear1969, {}};
+  if (rear_wing >= 0 && rear_wing <= kSteepestWing) return {ModYear::k1969, {}};
   return {};
 }
 
@@ -125,21 +110,21 @@ std::string_view ModYearMessage(platform::ModYearForm form) noexcept
                "a 1965 or 1967 file in the old format.  Please select the mod year.";
 }
 
-int ModYearOfButton(int button)
+ModYear ModYearOfButton(int button)
 {
-  constexpr std::array kYears = {kModYear1965, kModYear1966, kModYear1967, kModYear1969};
+  constexpr std::array kYears = {ModYear::k1965, ModYear::k1966, ModYear::k1967, ModYear::k1969};
   return kYears.at(static_cast<std::size_t>(button));
 }
 
 bool ModYearFromFile(std::string_view file_name, std::span<const std::byte> SetupBuffer,
                      std::string_view installation, const platform::FileSystem& files,
-                     platform::Dialogs& dialogs, std::int16_t& ModYearIndex)
+                     platform::Dialogs& dialogs, ModYear& ModYearIndex)
 {
   const auto identity = Identify(file_name, SetupBuffer);
-  if (identity.ModYearIndex) ModYearIndex = static_cast<std::int16_t>(*identity.ModYearIndex);
+  if (identity.ModYearIndex) ModYearIndex = *identity.ModYearIndex;
   if (identity.question) {
     const auto button = dialogs.AskModYear(*identity.question, ModYearMessage(*identity.question));
-    if (button) ModYearIndex = static_cast<std::int16_t>(ModYearOfButton(*button));
+    if (button) ModYearIndex = ModYearOfButton(*button);
   }
   const bool installed = std::ranges::any_of(kModMarkers, [&](const ModMarker& marker) {
     return marker.ModYearIndex == ModYearIndex &&

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "data/ModYear.h"
 #include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
 #include "setup/BinarySubs.h"
@@ -15,39 +16,27 @@
 /// Telling from a setup file's name and bytes which mod year and which car it is for.
 namespace velquist::setup {
 
-/// ModYearIndex values; the order of every table by mod year. Saved in the settings file: never
-/// renumber.
-inline constexpr int kModYear1967 = 0;
-inline constexpr int kModYear1965 = 1;
-inline constexpr int kModYear1966 = 2;
-inline constexpr int kModYear1969 = 3;
-inline constexpr int kModYearGT = 4;
-
-/// "1967", "1965", "1966", "1969" or "GT"; empty outside 0 to 4.
-[[nodiscard]] std::string_view ModYearText(int ModYearIndex) noexcept;
-
-/// The mod year of such a text.
-[[nodiscard]] std::optional<int> ModYearOfText(std::string_view text) noexcept;
-
 /// Two-letter codes of the mod year's cars in the order of its chassis list.
-[[nodiscard]] std::span<const std::string_view> ChassisCodeTable(int ModYearIndex) noexcept;
+[[nodiscard]] std::span<const std::string_view> ChassisCodeTable(
+    data::ModYear ModYearIndex) noexcept;
 
 /// The two characters before the last one of a file name, such as "lp" of "monza.lp1"; shorter
 /// for names of fewer than three characters.
 [[nodiscard]] std::string_view ChassisCodeOf(std::string_view file_name) noexcept;
 
 /// Place of a chassis code in the mod year's chassis list.
-[[nodiscard]] std::optional<int> ChassisIndexOf(int ModYearIndex, std::string_view code) noexcept;
+[[nodiscard]] std::optional<int> ChassisIndexOf(data::ModYear ModYearIndex,
+                                                std::string_view code) noexcept;
 
 /// Formula index (0 to 2) by the last character of a file name, "1" to "3".
 [[nodiscard]] std::optional<int> FormulaIndexOf(std::string_view file_name) noexcept;
 
 /// "lp1": chassis code and formula digit. Throws BoundsError outside the mod year's chassis list.
-[[nodiscard]] std::string ExtensionOf(int ModYearIndex, int chassis, int formula_index);
+[[nodiscard]] std::string ExtensionOf(data::ModYear ModYearIndex, int chassis, int formula_index);
 
 /// The file that marks a mod year as installed, in the order in which mod years are listed.
 struct ModMarker {
-  int ModYearIndex;
+  data::ModYear ModYearIndex;
   std::string_view file;  ///< with leading backslash
 };
 [[nodiscard]] std::span<const ModMarker> ModMarkers() noexcept;
@@ -55,7 +44,7 @@ struct ModMarker {
 /// Which question has to be asked about a file in the buffer, or which year it is for. Neither:
 /// the year stays as it was.
 struct Identity {
-  std::optional<int> ModYearIndex;
+  std::optional<data::ModYear> ModYearIndex;
   std::optional<platform::ModYearForm> question;
 };
 [[nodiscard]] Identity Identify(std::string_view file_name, std::span<const std::byte> SetupBuffer);
@@ -64,7 +53,7 @@ struct Identity {
 [[nodiscard]] std::string_view ModYearMessage(platform::ModYearForm form) noexcept;
 
 /// The mod year of button 0 to 3 of a mod year question.
-[[nodiscard]] int ModYearOfButton(int button);
+[[nodiscard]] data::ModYear ModYearOfButton(int button);
 
 /// Sets the mod year of the file in the buffer, asking the user where the file alone cannot tell;
 /// a question closed without an answer leaves the year as it was. False, after the message, when
@@ -72,6 +61,6 @@ struct Identity {
 [[nodiscard]] bool ModYearFromFile(std::string_view file_name,
                                    std::span<const std::byte> SetupBuffer,
                                    std::string_view installation, const platform::FileSystem& files,
-                                   platform::Dialogs& dialogs, std::int16_t& ModYearIndex);
+                                   platform::Dialogs& dialogs, data::ModYear& ModYearIndex);
 
 }  // namespace velquist::setup

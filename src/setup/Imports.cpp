@@ -33,11 +33,11 @@ void RepairImportedGearId(int pair, const data::GearData& gears, data::SetupData
 
 }  // namespace
 
-void ImportChassis(std::span<const std::byte> SetupBuffer, int ModYearIndex,
+void ImportChassis(std::span<const std::byte> SetupBuffer, data::ModYear ModYearIndex,
                    data::SetupData& values)
 {
   LoadSlots(SetupBuffer, 0, kBrakeBias, values);
-  if (ModYearIndex != kModYear1969) return;
+  if (ModYearIndex != data::ModYear::k1969) return;
   LoadSlots(SetupBuffer, kFrontWing, kRearWing, values);
   for (const int slot : {kFrontWing, kRearWing}) {
     float& wing = values.Current(RowOf(slot));

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "data/GearData.h"
+#include "data/ModYear.h"
 #include "data/SetupData.h"
 
 /// Taking half a setup from another file.
@@ -11,7 +12,7 @@ namespace velquist::setup {
 
 /// Takes slots 0 to 32, and for 1969 the wings, where -1.0 becomes 0. Throws BoundsError for a
 /// buffer that ends before a field; some values may have been taken then.
-void ImportChassis(std::span<const std::byte> SetupBuffer, int ModYearIndex,
+void ImportChassis(std::span<const std::byte> SetupBuffer, data::ModYear ModYearIndex,
                    data::SetupData& values);
 
 /// Takes slots 35 to 51. A gear ID whose row does not have exactly the imported ratio number

@@ -11,7 +11,6 @@
 namespace velquist::setup {
 namespace {
 
-constexpr int kModYear1969 = 3;
 constexpr int kLastChassisSlot = kBrakeBias;
 constexpr int kDegreesBetweenAngles = 5;
 
@@ -67,14 +66,14 @@ void LoadSlots(std::span<const std::byte> SetupBuffer, int first, int last, data
 }
 
 bool LoadSetupValues(std::span<const std::byte> SetupBuffer, const data::GearData& gears,
-                     int ModYearIndex, data::SetupData& values)
+                     data::ModYear ModYearIndex, data::SetupData& values)
 {
   LoadSlots(SetupBuffer, 0, kLastChassisSlot, values);
   LoadSlots(SetupBuffer, kFirstRatio, kClutches, values);
   for (int pair = 0; pair < kGearPairs; ++pair) RepairGearId(pair, gears, values);
   if (SetupBuffer.size() <= kSymmetryOffset) throw BoundsError("symmetry byte");
   const bool symmetric = SetupBuffer[kSymmetryOffset] != std::byte{0};
-  if (ModYearIndex == kModYear1969) {
+  if (ModYearIndex == data::ModYear::k1969) {
     LoadSlots(SetupBuffer, kFrontWing, kRearWing, values);
   } else {
     values.Current(RowOf(kFrontWing)) = kNoWing;
@@ -84,7 +83,7 @@ bool LoadSetupValues(std::span<const std::byte> SetupBuffer, const data::GearDat
 }
 
 void StoreSetupValues(const data::SetupData& values, const ListSelections& lists, bool asymmetric,
-                      int ModYearIndex, std::span<std::byte> SetupBuffer)
+                      data::ModYear ModYearIndex, std::span<std::byte> SetupBuffer)
 {
   for (int slot = 0; slot <= kLastChassisSlot; ++slot) StoreSlot(values, slot, SetupBuffer);
   for (int slot = kFirstRatio; slot < kFinalDrive; ++slot) StoreSlot(values, slot, SetupBuffer);
@@ -96,7 +95,7 @@ void StoreSetupValues(const data::SetupData& values, const ListSelections& lists
   WriteLongAt(SetupBuffer, FromMinimum(values, kClutches, lists[3]), OffsetOf(kClutches));
   if (SetupBuffer.size() <= kSymmetryOffset) throw BoundsError("symmetry byte");
   SetupBuffer[kSymmetryOffset] = asymmetric ? std::byte{0} : std::byte{1};
-  if (ModYearIndex == kModYear1969) {
+  if (ModYearIndex == data::ModYear::k1969) {
     StoreSlot(values, kFrontWing, SetupBuffer);
     StoreSlot(values, kRearWing, SetupBuffer);
   } else if (SetupBuffer.size() == kLongLayoutSize) {

@@ -5,6 +5,7 @@
 #include <span>
 
 #include "data/GearData.h"
+#include "data/ModYear.h"
 #include "data/SetupData.h"
 #include "setup/BinarySubs.h"
 
@@ -31,14 +32,14 @@ void LoadSlots(std::span<const std::byte> SetupBuffer, int first, int last,
 /// wings are read for 1969 and -1.0 for any other year. Returns the symmetry flag.
 /// Throws BoundsError for a buffer that ends before a field and for gear IDs outside 0 to 89.
 [[nodiscard]] bool LoadSetupValues(std::span<const std::byte> SetupBuffer,
-                                   const data::GearData& gears, int ModYearIndex,
+                                   const data::GearData& gears, data::ModYear ModYearIndex,
                                    data::SetupData& values);
 
 /// Writes every value into the buffer; final drive, angles and clutches come from the lists and
 /// the minimum fields of their rows. All other bytes stay.
 /// Throws BoundsError for a value that does not fit its field; the buffer is then half written.
 void StoreSetupValues(const data::SetupData& values, const ListSelections& lists, bool asymmetric,
-                      int ModYearIndex, std::span<std::byte> SetupBuffer);
+                      data::ModYear ModYearIndex, std::span<std::byte> SetupBuffer);
 
 /// Sets the seven ratio numbers to the ratios of the gear IDs, as the game's physics needs them.
 /// Throws BoundsError for gear IDs outside 0 to 89, with nothing changed.

@@ -30,7 +30,7 @@ bool IsKept(std::size_t offset, std::size_t size)
 }
 
 /// True when the setup could be loaded and stored.
-bool LoadAndStore(const Bytes& file, int ModYearIndex, const setup::ListSelections& lists,
+bool LoadAndStore(const Bytes& file, data::ModYear ModYearIndex, const setup::ListSelections& lists,
                   Tables& tables, Bytes& stored)
 {
   try {
@@ -42,7 +42,7 @@ bool LoadAndStore(const Bytes& file, int ModYearIndex, const setup::ListSelectio
     return false;
   }
   Require(stored.size() == file.size(), "storing keeps the size");
-  if (ModYearIndex != setup::kModYear1969) {
+  if (ModYearIndex != data::ModYear::k1969) {
     for (std::size_t at = 0; at < file.size(); ++at)
       if (IsKept(at, file.size())) Require(stored[at] == file[at], "bytes of no slot are kept");
   }
@@ -74,7 +74,7 @@ void Convert(const Bytes& stored)
   }
 }
 
-void Import(const Bytes& file, int ModYearIndex, Tables& tables)
+void Import(const Bytes& file, data::ModYear ModYearIndex, Tables& tables)
 {
   try {
     setup::ImportChassis(file, ModYearIndex, tables.values);
@@ -101,7 +101,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   const auto sum = std::accumulate(data, data + size, 0);
   const setup::ListSelections lists = {sum % 20, sum % 12, sum % 11, sum % 5};
-  for (int ModYearIndex = 0; ModYearIndex < 5; ++ModYearIndex) {
+  for (const auto ModYearIndex : data::kModYears) {
     Bytes stored;
     Bytes again;
     if (LoadAndStore(file, ModYearIndex, lists, tables, stored)) {

@@ -155,7 +155,7 @@ void DumpState(Play& play)
 {
   const auto& state = StateOf(play);
   const auto whole = [](bool value) { return value ? -1 : 0; };
-  play.out << "modyear " << state.ModYearIndex << '\n'
+  play.out << "modyear " << data::NumberOf(state.ModYearIndex) << '\n'
            << "chassis " << state.chassis_index << '\n'
            << "formula " << state.formula_index << '\n'
            << "player " << state.player_index << '\n'

@@ -11,8 +11,10 @@
 namespace velquist::app {
 namespace {
 
+using enum data::ModYear;
+
 struct Row {
-  int ModYearIndex;
+  data::ModYear ModYearIndex;
   std::string_view set;
   std::vector<std::string_view> folders;  ///< by chassis slot
 };
@@ -22,12 +24,12 @@ const std::vector<std::string_view> kShared = {"brabham", "brm",   "coventry", "
 
 // clang-format off
 const std::vector<Row> kRows = {
-    {0, "cars67", kShared},
-    {1, "full65", kShared},
-    {2, "cars66", {"brabham", "c09", "c14", "c15", "brm", "c07", "coventry", "c10", "eagle",
+    {k1967, "cars67", kShared},
+    {k1965, "full65", kShared},
+    {k1966, "cars66", {"brabham", "c09", "c14", "c15", "brm", "c07", "coventry", "c10", "eagle",
                    "ferrari", "c11", "murasama", "lotus", "c08", "c13", "c12"}},
-    {3, "69Hwng", kShared},
-    {4, "carsGT", {"brabham", "brm", "coventry", "eagle", "ferrari", "lotus", "murasama",
+    {k1969, "69Hwng", kShared},
+    {kGT, "carsGT", {"brabham", "brm", "coventry", "eagle", "ferrari", "lotus", "murasama",
                    "07ForMk1", "08Por910"}},
 };
 // clang-format on
@@ -51,8 +53,8 @@ TEST(CarPictures, ThereIsNoPathBeyondTheChassisAndYears)
     EXPECT_EQ(CarPicturePath("C:\\GPL", year, static_cast<int>(folders.size())), "");
     EXPECT_EQ(CarPicturePath("C:\\GPL", year, -1), "");
   }
-  EXPECT_EQ(CarPicturePath("C:\\GPL", 5, 0), "");
-  EXPECT_EQ(CarPicturePath("C:\\GPL", -1, 0), "");
+  EXPECT_EQ(CarPicturePath("C:\\GPL", data::ModYear{5}, 0), "");
+  EXPECT_EQ(CarPicturePath("C:\\GPL", data::ModYear{-1}, 0), "");
 }
 
 struct Fit {

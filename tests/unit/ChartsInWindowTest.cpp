@@ -123,7 +123,7 @@ TEST_F(ChartsInWindow, TheEngineChartShowsTheEngineJustChosen)
 {
   editor_.Play("select Combo3 #1");
   data::EngineCurve curve;
-  data::ComputeEngineCurve(0, 1, curve);
+  data::ComputeEngineCurve(data::ModYear::k1967, 1, curve);
   EXPECT_EQ(State().curve.power, curve.power);
   const auto lines = Lines(Form().chart, charts::kGreen, platform::LineStyle::kSolid);
   ASSERT_EQ(lines.size(), 60U);
@@ -141,8 +141,11 @@ TEST_F(ChartsInWindow, AGTCarHasTheMaximumSpeedOfItsChassis)
 
 TEST_F(ChartsInWindow, DumpedCurveAndBandsAreThoseOfTheSetup)
 {
-  for (const auto& [year, ModYearIndex] :
-       {std::pair{"1967", 0}, {"1965", 1}, {"1966", 2}, {"1969", 3}, {"GT", 4}}) {
+  for (const auto& [year, ModYearIndex] : {std::pair{"1967", data::ModYear::k1967},
+                                           {"1965", data::ModYear::k1965},
+                                           {"1966", data::ModYear::k1966},
+                                           {"1969", data::ModYear::k1969},
+                                           {"GT", data::ModYear::kGT}}) {
     SCOPED_TRACE(year);
     editor_.Play("select Combo2 \"" + std::string(year) + "\"\ndump curve\ndump bands");
     const auto samples = Dumped("sample");

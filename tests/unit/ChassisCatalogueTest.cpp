@@ -18,11 +18,7 @@
 namespace velquist::data {
 namespace {
 
-constexpr int k1967 = 0;
-constexpr int k1965 = 1;
-constexpr int k1966 = 2;
-constexpr int k1969 = 3;
-constexpr int kGT = 4;
+using enum ModYear;
 
 constexpr std::size_t kPointsPerEngine = 18;
 
@@ -45,12 +41,12 @@ std::array<float, 8> FieldsOf(const Engine& engine)
           engine.displacement, engine.maximum_rpm, engine.gears, engine.rear_weight_fraction};
 }
 
-bool Filled(int ModYearIndex, int engine_slot)
+bool Filled(ModYear ModYearIndex, int engine_slot)
 {
   return engine_slot < ChassisCount(ModYearIndex) || engine_slot >= kFormula2Slot;
 }
 
-void ExpectPointsMatchList(int ModYearIndex, std::size_t list_start)
+void ExpectPointsMatchList(ModYear ModYearIndex, std::size_t list_start)
 {
   const std::vector<float> list = NumbersOf("engine_points.txt");
   ASSERT_EQ(list.size(), 2U * 792U);
@@ -66,7 +62,7 @@ void ExpectPointsMatchList(int ModYearIndex, std::size_t list_start)
 }
 
 struct SlotPair {
-  int ModYearIndex;
+  ModYear ModYearIndex;
   int first;
   int second;
 };
@@ -113,7 +109,7 @@ TEST(ChassisCatalogue, EveryChassisIsNamedInDropBoxOrder)
        "Ford MkI-Ford V8 4.7L", "Porsche 910-Porsche F8 2.2L"},
   }};
 
-  for (int m = 0; m < kModYearCount; ++m) {
+  for (const auto m : kModYears) {
     const auto& expected = names[static_cast<std::size_t>(m)];
     ASSERT_EQ(ChassisCount(m), static_cast<int>(expected.size()));
     for (int slot = 0; slot < ChassisCount(m); ++slot) {
@@ -124,11 +120,11 @@ TEST(ChassisCatalogue, EveryChassisIsNamedInDropBoxOrder)
 
 TEST(ChassisCatalogue, NamesAndCountsOutsideTheCatalogueThrow)
 {
-  EXPECT_THROW((void)ChassisCount(-1), BoundsError);
-  EXPECT_THROW((void)ChassisCount(kModYearCount), BoundsError);
-  EXPECT_THROW((void)ChassisName(-1, 0), BoundsError);
-  EXPECT_THROW((void)ChassisName(kModYearCount, 0), BoundsError);
-  for (int m = 0; m < kModYearCount; ++m) {
+  EXPECT_THROW((void)ChassisCount(ModYear{-1}), BoundsError);
+  EXPECT_THROW((void)ChassisCount(ModYear{5}), BoundsError);
+  EXPECT_THROW((void)ChassisName(ModYear{-1}, 0), BoundsError);
+  EXPECT_THROW((void)ChassisName(ModYear{5}, 0), BoundsError);
+  for (const auto m : kModYears) {
     EXPECT_THROW((void)ChassisName(m, -1), BoundsError);
     EXPECT_THROW((void)ChassisName(m, ChassisCount(m)), BoundsError);
   }
@@ -138,13 +134,13 @@ TEST(ChassisCatalogue, EveryEngineNumberMatchesTheList)
 {
   const std::vector<float> list = NumbersOf("engine_table.txt");
   ASSERT_EQ(list.size(), 880U);
-  for (int m = 0; m < kModYearCount; ++m) {
+  for (const auto m : kModYears) {
     for (int c = 0; c < kEngineSlots; ++c) {
       const std::array<float, 8> fields = FieldsOf(EngineOf(m, c));
       for (std::size_t f = 0; f < fields.size(); ++f) {
-        SCOPED_TRACE("mod year " + std::to_string(m) + ", slot " + std::to_string(c) + ", field " +
-                     std::to_string(f));
-        EXPECT_EQ(fields[f], list[static_cast<std::size_t>(m + 5 * c) + 110 * f]);
+        SCOPED_TRACE("mod year " + std::string(ModYearText(m)) + ", slot " + std::to_string(c) +
+                     ", field " + std::to_string(f));
+        EXPECT_EQ(fields[f], list[static_cast<std::size_t>(NumberOf(m) + 5 * c) + 110 * f]);
       }
     }
   }
@@ -158,9 +154,9 @@ TEST(ChassisCatalogue, ThePracticallyZeroCubicTermOfThe1967BrabhamIsKept)
 TEST(ChassisCatalogue, SlotsWithoutAnEngineAreAllZero)
 {
   int filled = 0;
-  for (int m = 0; m < kModYearCount; ++m) {
+  for (const auto m : kModYears) {
     for (int slot = 0; slot < kEngineSlots; ++slot) {
-      SCOPED_TRACE("mod year " + std::to_string(m) + ", slot " + std::to_string(slot));
+      SCOPED_TRACE("mod year " + std::string(ModYearText(m)) + ", slot " + std::to_string(slot));
       if (Filled(m, slot)) {
         EXPECT_GT(EngineOf(m, slot).displacement, 0.0F);
         ++filled;
@@ -174,18 +170,18 @@ TEST(ChassisCatalogue, SlotsWithoutAnEngineAreAllZero)
 
 TEST(ChassisCatalogue, EnginesOutsideTheCatalogueThrow)
 {
-  EXPECT_THROW((void)EngineOf(-1, 0), BoundsError);
-  EXPECT_THROW((void)EngineOf(kModYearCount, 0), BoundsError);
+  EXPECT_THROW((void)EngineOf(ModYear{-1}, 0), BoundsError);
+  EXPECT_THROW((void)EngineOf(ModYear{5}, 0), BoundsError);
   EXPECT_THROW((void)EngineOf(k1967, -1), BoundsError);
   EXPECT_THROW((void)EngineOf(k1967, kEngineSlots), BoundsError);
   EXPECT_THROW((void)GearCount(k1967, kEngineSlots), BoundsError);
-  EXPECT_THROW((void)RearWeightFraction(kModYearCount, 0), BoundsError);
+  EXPECT_THROW((void)RearWeightFraction(ModYear{5}, 0), BoundsError);
 }
 
 TEST(ChassisCatalogue, CarsWithTheSameEngineHaveACopyEach)
 {
   for (const SlotPair& pair : kSameEngine) {
-    SCOPED_TRACE("mod year " + std::to_string(pair.ModYearIndex) + ", slot " +
+    SCOPED_TRACE("mod year " + std::string(ModYearText(pair.ModYearIndex)) + ", slot " +
                  std::to_string(pair.second));
     const Engine& first = EngineOf(pair.ModYearIndex, pair.first);
     const Engine& second = EngineOf(pair.ModYearIndex, pair.second);
@@ -208,7 +204,7 @@ TEST(ChassisCatalogue, GearCountAndRearWeightFractionComeFromTheEngineSlot)
 
 TEST(ChassisCatalogue, NoGearboxHasMoreThanTheMostGears)
 {
-  for (int m = 0; m < kModYearCount; ++m) {
+  for (const auto m : kModYears) {
     for (int slot = 0; slot < kEngineSlots; ++slot) {
       if (Filled(m, slot)) {
         EXPECT_GE(GearCount(m, slot), 3);
@@ -251,12 +247,12 @@ TEST(EnginePoints, EveryPointOfGTMatchesTheList)
 
 TEST(EnginePoints, RpmStartsAtZeroAndRisesStrictly)
 {
-  for (const int m : {k1966, kGT}) {
+  for (const auto m : {k1966, kGT}) {
     for (int slot = 0; slot < kEngineSlots; ++slot) {
       if (!Filled(m, slot)) {
         continue;
       }
-      SCOPED_TRACE("mod year " + std::to_string(m) + ", slot " + std::to_string(slot));
+      SCOPED_TRACE("mod year " + std::string(ModYearText(m)) + ", slot " + std::to_string(slot));
       const auto points = EnginePoints(m, slot);
       EXPECT_EQ(points[0].rpm, 0.0F);
       for (std::size_t k = 1; k < points.size(); ++k) {
@@ -277,7 +273,7 @@ TEST(EnginePoints, EveryGTChassisEngineEndsWithoutPressure)
 TEST(EnginePoints, CarsWithTheSameEngineHaveACopyEach)
 {
   for (const SlotPair& pair : kSamePoints) {
-    SCOPED_TRACE("mod year " + std::to_string(pair.ModYearIndex) + ", slot " +
+    SCOPED_TRACE("mod year " + std::string(ModYearText(pair.ModYearIndex)) + ", slot " +
                  std::to_string(pair.second));
     const auto first = EnginePoints(pair.ModYearIndex, pair.first);
     const auto second = EnginePoints(pair.ModYearIndex, pair.second);
@@ -291,7 +287,7 @@ TEST(EnginePoints, CarsWithTheSameEngineHaveACopyEach)
 
 TEST(EnginePoints, YearsWithoutPointsAndSlotsOutsideTheTableThrow)
 {
-  for (const int m : {-1, k1967, k1965, k1969, kModYearCount}) {
+  for (const auto m : {ModYear{-1}, k1967, k1965, k1969, ModYear{5}}) {
     EXPECT_THROW((void)EnginePoints(m, 0), BoundsError);
   }
   EXPECT_THROW((void)EnginePoints(k1966, -1), BoundsError);

@@ -14,6 +14,8 @@
 namespace velquist {
 namespace {
 
+using enum data::ModYear;
+
 constexpr int kWorlds = 200;
 constexpr int kActionsPerWorld = 500;
 
@@ -23,9 +25,9 @@ class Pair {
   explicit Pair(std::uint32_t seed) : dice_(seed), world_(testing::RollWorld(dice_))
   {
     testing::PutWorld(world_, program_.files);
-    mod_year_ = dice_.Below(data::kModYearCount);
+    mod_year_ = dice_.OneOf(data::kModYears);
     chassis_ = dice_.Below(data::ChassisCount(mod_year_));
-    formula_ = mod_year_ == 4 ? 0 : dice_.Below(3);
+    formula_ = mod_year_ == kGT ? 0 : dice_.Below(3);
     reference_.units = dice_.Below(2);
     program_.Start({mod_year_, chassis_, formula_, reference_.units});
     LoadReference();
@@ -107,7 +109,7 @@ class Pair {
 
   void ChooseCar()
   {
-    if (dice_.OneIn(2) && mod_year_ != 4) {
+    if (dice_.OneIn(2) && mod_year_ != kGT) {
       formula_ = dice_.Below(3);
       Window().Select("Combo6", -1, formula_);
     } else {
@@ -120,13 +122,13 @@ class Pair {
 
   void ChooseModYear()
   {
-    static constexpr int kListed[] = {1, 2, 0, 3, 4};  // as the list shows the years
+    static constexpr data::ModYear kListed[] = {k1965, k1966, k1967, k1969, kGT};
     const int position = dice_.Below(5);
     mod_year_ = kListed[position];
-    action_ = "mod year " + std::to_string(mod_year_);
+    action_ = "mod year " + std::string(data::ModYearText(mod_year_));
     Window().Select("Combo2", -1, position);
     if (chassis_ >= data::ChassisCount(mod_year_)) chassis_ = 0;
-    if (mod_year_ == 4) formula_ = 0;
+    if (mod_year_ == kGT) formula_ = 0;
     LoadReference();
   }
 
@@ -135,7 +137,7 @@ class Pair {
     const auto year = static_cast<std::size_t>(mod_year_);
     reference_.Load(world_.setup_lines[testing::World::kSetupFileOf[year]],
                     world_.gear_lines[testing::World::kGearFileOf[year]], world_.defaults[year],
-                    mod_year_ == 3);
+                    mod_year_ == k1969);
     TakeCar();
   }
 
@@ -204,7 +206,7 @@ class Pair {
   testing::World world_;
   testing::MemoryProgram program_;
   reference::Editing reference_;
-  int mod_year_ = 0;
+  data::ModYear mod_year_ = k1967;
   int chassis_ = 0;
   int formula_ = 0;
   std::string action_ = "start";

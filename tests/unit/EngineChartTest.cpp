@@ -20,14 +20,12 @@ using testing::Lines;
 using testing::Primitive;
 using testing::Texts;
 
-constexpr int k1967 = 0;
-constexpr int k1965 = 1;
-constexpr int kGT = 4;
+using enum data::ModYear;
 
 constexpr double kWidth = 350;   // 300 pixels from axis to axis
 constexpr double kHeight = 140;  // 100
 
-EngineCurve CurveOf(int ModYearIndex, int engine_slot)
+EngineCurve CurveOf(data::ModYear ModYearIndex, int engine_slot)
 {
   EngineCurve curve;
   data::ComputeEngineCurve(ModYearIndex, engine_slot, curve);
@@ -44,7 +42,7 @@ EngineCurve LevelCurve()
   return curve;
 }
 
-PictureRecorder Drawn(int ModYearIndex, const EngineCurve& curve, int maximum_rpm = 0,
+PictureRecorder Drawn(data::ModYear ModYearIndex, const EngineCurve& curve, int maximum_rpm = 0,
                       double width = kWidth, double height = kHeight)
 {
   PictureRecorder picture;
@@ -53,7 +51,7 @@ PictureRecorder Drawn(int ModYearIndex, const EngineCurve& curve, int maximum_rp
   return picture;
 }
 
-PictureRecorder Drawn(int ModYearIndex, int engine_slot, double width, double height)
+PictureRecorder Drawn(data::ModYear ModYearIndex, int engine_slot, double width, double height)
 {
   return Drawn(ModYearIndex, CurveOf(ModYearIndex, engine_slot),
                static_cast<int>(data::EngineOf(ModYearIndex, engine_slot).maximum_rpm), width,
@@ -63,13 +61,14 @@ PictureRecorder Drawn(int ModYearIndex, int engine_slot, double width, double he
 TEST(EngineChart, AxesFollowTheModYear)
 {
   struct Year {
-    int ModYearIndex;
+    data::ModYear ModYearIndex;
     int rpm_maximum;
     int value_maximum;
   };
-  for (const auto& year : {Year{0, 12000, 450}, Year{1, 14000, 300}, Year{2, 12000, 450},
-                           Year{3, 12000, 450}, Year{4, 10000, 550}}) {
-    SCOPED_TRACE(year.ModYearIndex);
+  for (const auto& year :
+       {Year{k1967, 12000, 450}, Year{k1965, 14000, 300}, Year{k1966, 12000, 450},
+        Year{k1969, 12000, 450}, Year{kGT, 10000, 550}}) {
+    SCOPED_TRACE(data::ModYearText(year.ModYearIndex));
     const auto picture = Drawn(year.ModYearIndex, LevelCurve(), 0, 600, 300);
     std::vector<std::string> labels;
     for (int rpm = 0; rpm <= year.rpm_maximum; rpm += 2000) labels.push_back(std::to_string(rpm));
@@ -98,12 +97,12 @@ TEST(EngineChart, HorsepowerIsGreenAndTorqueBlueOfThePalette)
 TEST(EngineChart, AsManySamplesAreDrawnAsTheAxisIsLong)
 {
   const int samples[] = {61, 71, 61, 61, 51};
-  for (int ModYearIndex = 0; ModYearIndex < 5; ++ModYearIndex) {
-    SCOPED_TRACE(ModYearIndex);
+  for (const auto ModYearIndex : data::kModYears) {
+    SCOPED_TRACE(data::ModYearText(ModYearIndex));
     const auto picture = Drawn(ModYearIndex, LevelCurve());
     for (const auto colour : {kGreen, kBlue}) {
       const auto lines = Lines(picture, colour, LineStyle::kSolid);
-      ASSERT_EQ(lines.size() + 1, static_cast<std::size_t>(samples[ModYearIndex]));
+      ASSERT_EQ(lines.size() + 1, static_cast<std::size_t>(samples[data::NumberOf(ModYearIndex)]));
       EXPECT_EQ(Having(picture, Primitive::Kind::kDot, colour).size(), 1U);
       EXPECT_EQ(lines.front().x1, 30);
       EXPECT_NEAR(lines.back().x2, 330, 1e-9);
@@ -171,9 +170,9 @@ TEST(EngineChart, FromBelowZeroToAboveTheAxisNothingIsDrawn)
 
 TEST(EngineChart, NoEngineIsDrawnOutsideThePlotBox)
 {
-  for (int ModYearIndex = 0; ModYearIndex < 5; ++ModYearIndex) {
+  for (const auto ModYearIndex : data::kModYears) {
     for (int slot = 0; slot < data::kEngineSlots; ++slot) {
-      SCOPED_TRACE(std::to_string(ModYearIndex) + ", " + std::to_string(slot));
+      SCOPED_TRACE(std::string(data::ModYearText(ModYearIndex)) + ", " + std::to_string(slot));
       const auto lines = Having(Drawn(ModYearIndex, slot, kWidth, kHeight), Primitive::Kind::kLine);
       ASSERT_FALSE(lines.empty());
       for (const auto& line : lines) {
@@ -213,8 +212,9 @@ TEST(EngineChart, TheLegendNamesBothCurvesBelowThePlotBox)
 TEST(EngineChart, TextsNeverTouchAndLieWithinThePictureAtEverySize)
 {
   for (const auto& size : testing::kPictureSizes) {
-    for (int ModYearIndex = 0; ModYearIndex < 5; ++ModYearIndex) {
-      SCOPED_TRACE(std::to_string(size.width) + ", " + std::to_string(ModYearIndex));
+    for (const auto ModYearIndex : data::kModYears) {
+      SCOPED_TRACE(std::to_string(size.width) + ", " +
+                   std::string(data::ModYearText(ModYearIndex)));
       const auto picture = Drawn(ModYearIndex, 0, size.width, size.height);
       EXPECT_EQ(testing::TextFaults(picture), std::vector<std::string>());
       const auto texts = Having(picture, Primitive::Kind::kText);
@@ -226,7 +226,7 @@ TEST(EngineChart, TextsNeverTouchAndLieWithinThePictureAtEverySize)
 
 TEST(EngineChart, AModYearThatThereIsNotDrawsNothing)
 {
-  for (const int ModYearIndex : {-1, 5}) {
+  for (const auto ModYearIndex : {data::ModYear{-1}, data::ModYear{5}}) {
     PictureRecorder picture;
     picture.Resize(kWidth, kHeight);
     picture.Text(0, 0, "kept");
@@ -245,7 +245,7 @@ TEST(EngineChart, APictureTooSmallForAPlotBoxIsLeftWhite)
 class EngineChartReading : public ::testing::Test {
  protected:
   /// At the pixel of an rpm.
-  [[nodiscard]] std::string At(double rpm, int ModYearIndex, const EngineCurve& curve,
+  [[nodiscard]] std::string At(double rpm, data::ModYear ModYearIndex, const EngineCurve& curve,
                                int rpm_maximum) const
   {
     return ReadEngineChart(kWidth, kHeight, ModYearIndex, curve, 30 + 300 * rpm / rpm_maximum, 60);

@@ -17,13 +17,9 @@
 namespace velquist::data {
 namespace {
 
-constexpr int k1967 = 0;
-constexpr int k1965 = 1;
-constexpr int k1966 = 2;
-constexpr int k1969 = 3;
-constexpr int kGT = 4;
+using enum ModYear;
 
-EngineCurve CurveOf(int ModYearIndex, int engine_slot)
+EngineCurve CurveOf(ModYear ModYearIndex, int engine_slot)
 {
   EngineCurve curve;
   ComputeEngineCurve(ModYearIndex, engine_slot, curve);
@@ -52,7 +48,7 @@ struct PointArrays {
   double y[18];
 };
 
-PointArrays PointsOf(int ModYearIndex, int engine_slot)
+PointArrays PointsOf(ModYear ModYearIndex, int engine_slot)
 {
   PointArrays p{};
   const auto points = EnginePoints(ModYearIndex, engine_slot);
@@ -111,7 +107,7 @@ double PressureAt(const PointArrays& p, double r)
 }
 
 /// One sample at a time, each from scratch.
-EngineCurve PlainCurve(int ModYearIndex, int engine_slot)
+EngineCurve PlainCurve(ModYear ModYearIndex, int engine_slot)
 {
   const Engine& engine = EngineOf(ModYearIndex, engine_slot);
   const double D = engine.displacement;
@@ -142,7 +138,7 @@ EngineCurve PlainCurve(int ModYearIndex, int engine_slot)
 
 TEST(EngineCurve, RpmRunsFromZeroTo14000InStepsOf200)
 {
-  for (int m = 0; m < kModYearCount; ++m) {
+  for (const auto m : kModYears) {
     const EngineCurve curve = CurveOf(m, 0);
     ASSERT_EQ(curve.rpm.size(), 71U);
     for (std::size_t i = 0; i < curve.rpm.size(); ++i) {
@@ -154,7 +150,7 @@ TEST(EngineCurve, RpmRunsFromZeroTo14000InStepsOf200)
 TEST(EngineCurve, EveryEngineAgreesBitForBitWithAPlainEvaluation)
 {
   int engines = 0;
-  for (int m = 0; m < kModYearCount; ++m) {
+  for (const auto m : kModYears) {
     for (int slot = 0; slot < kEngineSlots; ++slot) {
       if (slot >= ChassisCount(m) && slot < kFormula2Slot) {
         continue;
@@ -163,7 +159,7 @@ TEST(EngineCurve, EveryEngineAgreesBitForBitWithAPlainEvaluation)
       const EngineCurve curve = CurveOf(m, slot);
       const EngineCurve plain = PlainCurve(m, slot);
       for (std::size_t i = 0; i < curve.rpm.size(); ++i) {
-        SCOPED_TRACE("mod year " + std::to_string(m) + ", slot " + std::to_string(slot) +
+        SCOPED_TRACE("mod year " + std::string(ModYearText(m)) + ", slot " + std::to_string(slot) +
                      ", sample " + std::to_string(i));
         EXPECT_EQ(std::bit_cast<std::uint32_t>(curve.rpm[i]),
                   std::bit_cast<std::uint32_t>(plain.rpm[i]));
@@ -195,7 +191,7 @@ TEST(EngineCurve, The1967BrabhamHas190PsiAt8000Rpm)
 
 TEST(EngineCurve, PolynomialEnginesHaveNeitherTorqueNorPowerAtZeroRpm)
 {
-  for (const int m : {k1967, k1965, k1969}) {
+  for (const auto m : {k1967, k1965, k1969}) {
     const EngineCurve curve = CurveOf(m, 0);
     EXPECT_EQ(curve.power[0], 0.0F);
     EXPECT_EQ(curve.torque[0], 0.0F);
@@ -287,7 +283,7 @@ TEST(EngineCurve, BeyondTheLastPointTheLastSegmentGoesOn)
 
 TEST(EngineCurve, FormulaTwoAndThreeAreTheSameForEveryChassis)
 {
-  for (int m = 0; m < kModYearCount; ++m) {
+  for (const auto m : kModYears) {
     for (const int formula : {1, 2}) {
       const EngineCurve first = CurveOf(m, EngineSlot(0, formula).value());
       EXPECT_NE(first.power, CurveOf(m, 0).power);
@@ -302,7 +298,7 @@ TEST(EngineCurve, FormulaTwoAndThreeAreTheSameForEveryChassis)
 
 TEST(EngineCurve, AModYearOutsideTheCatalogueLeavesTheCurveUntouched)
 {
-  for (const int m : {-1, kModYearCount}) {
+  for (const auto m : {ModYear{-1}, ModYear{5}}) {
     EngineCurve curve = CurveOf(k1967, 1);
     const EngineCurve before = curve;
     ComputeEngineCurve(m, 0, curve);
@@ -314,7 +310,7 @@ TEST(EngineCurve, AModYearOutsideTheCatalogueLeavesTheCurveUntouched)
 
 TEST(EngineCurve, ASlotOutsideTheTableThrowsAndLeavesTheCurveUntouched)
 {
-  for (int m = 0; m < kModYearCount; ++m) {
+  for (const auto m : kModYears) {
     for (const int slot : {-1, kEngineSlots}) {
       EngineCurve curve = CurveOf(k1967, 1);
       const EngineCurve before = curve;
@@ -327,7 +323,7 @@ TEST(EngineCurve, ASlotOutsideTheTableThrowsAndLeavesTheCurveUntouched)
 
 TEST(EngineCurve, AnEmptySlotGivesAFlatCurve)
 {
-  for (int m = 0; m < kModYearCount; ++m) {
+  for (const auto m : kModYears) {
     const EngineCurve curve = CurveOf(m, 17);
     EXPECT_EQ(curve.rpm.back(), 14000.0F);
     EXPECT_EQ(curve.power, (std::array<float, EngineCurve::kSamples>{}));
@@ -337,7 +333,7 @@ TEST(EngineCurve, AnEmptySlotGivesAFlatCurve)
 
 TEST(EngineCurve, NothingOfThePreviousCurveSurvives)
 {
-  for (int m = 0; m < kModYearCount; ++m) {
+  for (const auto m : kModYears) {
     EngineCurve curve;
     curve.rpm.fill(-1.0F);
     curve.power.fill(-1.0F);

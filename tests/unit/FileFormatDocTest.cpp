@@ -144,10 +144,11 @@ TEST(FileFormatPage, LimitsAndStepsAreThoseOfTheDataFilesThatShip)
 {
   struct Family {
     const char* column;
-    int ModYearIndex;
+    data::ModYear ModYearIndex;
   };
-  constexpr std::array kFamilies = {Family{"1967", 0}, Family{"1965, 1966, 1969", 1},
-                                    Family{"GT", 4}};
+  constexpr std::array kFamilies = {Family{"1967", data::ModYear::k1967},
+                                    Family{"1965, 1966, 1969", data::ModYear::k1965},
+                                    Family{"GT", data::ModYear::kGT}};
   const platform::HostFileSystem files;
   for (const auto& [column, year] : kFamilies) {
     data::SetupData data;

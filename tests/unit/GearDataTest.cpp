@@ -48,10 +48,11 @@ std::string Lines(int count, const std::string& tag)
 TEST(GearDataFileName, IsSharedByAllYearsBut1967)
 {
   EXPECT_EQ(GearDataFileName(k1967), "67 Gear Data.ini");
-  for (const int year : {k1965, k1966, k1969, kGT}) {
-    EXPECT_EQ(GearDataFileName(year), "65 Gear Data.ini") << year;
+  for (const auto year : {k1965, k1966, k1969, kGT}) {
+    EXPECT_EQ(GearDataFileName(year), "65 Gear Data.ini") << ModYearText(year);
   }
-  for (const int year : {-32768, -1, 5, 32767}) EXPECT_EQ(GearDataFileName(year), "") << year;
+  for (const int number : {-32768, -1, 5, 32767})
+    EXPECT_EQ(GearDataFileName(static_cast<ModYear>(number)), "") << number;
 }
 
 TEST(ReadGearData, TakesTheFileOfTheModYearFromTheProgramDirectory)
@@ -59,9 +60,9 @@ TEST(ReadGearData, TakesTheFileOfTheModYearFromTheProgramDirectory)
   MemoryFiles files;
   files.files["D:\\p\\67 Gear Data.ini"] = "67,31/9,3.444\r\n";
   files.files["D:\\p\\65 Gear Data.ini"] = "65,31/8,3.875\r\n";
-  for (int year = 0; year < 5; ++year) {
+  for (const auto year : kModYears) {
     GearData gears;
-    ASSERT_TRUE(ReadGearData(files, "D:\\p", year, gears)) << year;
+    ASSERT_TRUE(ReadGearData(files, "D:\\p", year, gears)) << ModYearText(year);
     EXPECT_EQ(gears.Text(0, 0), year == k1967 ? "67" : "65");
     EXPECT_EQ(gears.DisplayText(0), year == k1967 ? "31/9" : "31/8");
     EXPECT_EQ(gears.Text(0, 2), year == k1967 ? "3.444" : "3.875");
@@ -151,8 +152,8 @@ TEST(ReadGearData, IsFalseAndChangesNothingWithoutAFile)
 {
   const MemoryFiles files;
   auto gears = SampleGears();
-  for (const int year : {k1967, kGT, -1, 5}) {
-    EXPECT_FALSE(ReadGearData(files, "C:\\Velquist", year, gears)) << year;
+  for (const auto year : {k1967, kGT, ModYear{-1}, ModYear{5}}) {
+    EXPECT_FALSE(ReadGearData(files, "C:\\Velquist", year, gears)) << ModYearText(year);
   }
   EXPECT_EQ(gears.DisplayText(7), "7");
 }
@@ -193,7 +194,7 @@ TEST(GearData, ARowOutside0To89Throws)
 TEST(GearData, ShippedFilesFillEveryRow)
 {
   const platform::HostFileSystem files;
-  for (const int year : {k1967, k1965}) {
+  for (const auto year : {k1967, k1965}) {
     GearData gears;
     ASSERT_TRUE(ReadGearData(
         files, velquist::testing::SourceDirectory().string() + "/assets/program", year, gears));

@@ -91,16 +91,16 @@ Bytes WithRearWing(float rear_wing)
 
 struct Outcome {
   bool installed = false;
-  int year = 0;
+  data::ModYear year{};
   Questions questions;
 };
 
-Outcome ModYearOf(std::string_view file_name, const Bytes& bytes, int year_before,
+Outcome ModYearOf(std::string_view file_name, const Bytes& bytes, data::ModYear year_before,
                   std::optional<int> button = {}, const MemoryFiles& files = AllInstalled())
 {
   Outcome outcome;
   outcome.questions.button = button;
-  auto ModYearIndex = static_cast<std::int16_t>(year_before);
+  auto ModYearIndex = year_before;
   outcome.installed =
       ModYearFromFile(file_name, bytes, kInstallation, files, outcome.questions, ModYearIndex);
   outcome.year = ModYearIndex;
@@ -109,34 +109,18 @@ Outcome ModYearOf(std::string_view file_name, const Bytes& bytes, int year_befor
 
 // --- Tables ------------------------------------------------------------------------------------
 
-TEST(ModYears, HaveFixedNumbersAndTexts)
-{
-  EXPECT_EQ(kModYear1967, 0);
-  EXPECT_EQ(kModYear1965, 1);
-  EXPECT_EQ(kModYear1966, 2);
-  EXPECT_EQ(kModYear1969, 3);
-  EXPECT_EQ(kModYearGT, 4);
-  const std::vector<std::string_view> texts = {"1967", "1965", "1966", "1969", "GT"};
-  for (int year = 0; year < 5; ++year) {
-    EXPECT_EQ(ModYearText(year), texts[static_cast<std::size_t>(year)]);
-    EXPECT_EQ(ModYearOfText(ModYearText(year)), year);
-  }
-  for (const int year : {-1, 5, -32768, 32767}) EXPECT_EQ(ModYearText(year), "") << year;
-  for (const auto* text : {"", "1968", "gt", "1967 ", "67"})
-    EXPECT_EQ(ModYearOfText(text), std::nullopt) << text;
-}
-
 TEST(ChassisCodes, StandInTheOrderOfEachYearsCarList)
 {
-  for (int year = 0; year < 5; ++year) {
+  for (const auto year : data::kModYears) {
     const auto& expected = year == k1966 ? kOf1966 : year == kGT ? kOfGT : kShared;
     const auto codes = ChassisCodeTable(year);
-    EXPECT_EQ(std::vector<std::string_view>(codes.begin(), codes.end()), expected) << year;
+    EXPECT_EQ(std::vector<std::string_view>(codes.begin(), codes.end()), expected)
+        << data::ModYearText(year);
     for (std::size_t i = 0; i < expected.size(); ++i)
       EXPECT_EQ(ChassisIndexOf(year, expected[i]), static_cast<int>(i));
   }
-  EXPECT_TRUE(ChassisCodeTable(-1).empty());
-  EXPECT_TRUE(ChassisCodeTable(5).empty());
+  EXPECT_TRUE(ChassisCodeTable(data::ModYear{-1}).empty());
+  EXPECT_TRUE(ChassisCodeTable(data::ModYear{5}).empty());
 }
 
 TEST(ChassisCodes, AreExact)
@@ -176,17 +160,17 @@ TEST(Extension, IsChassisCodeAndFormulaDigit)
     EXPECT_THROW((void)ExtensionOf(k1967, chassis, 0), BoundsError) << chassis;
   }
   EXPECT_THROW((void)ExtensionOf(kGT, 9, 0), BoundsError);
-  EXPECT_THROW((void)ExtensionOf(5, 0, 0), BoundsError);
+  EXPECT_THROW((void)ExtensionOf(data::ModYear{5}, 0, 0), BoundsError);
 }
 
 TEST(ModMarkers, AreTriedFrom1965ToGT)
 {
   const auto markers = ModMarkers();
-  const std::vector<std::pair<int, std::string_view>> expected = {{k1965, "\\gpla65.ini"},
-                                                                  {k1966, "\\gpla66.ini"},
-                                                                  {k1967, "\\gpl_ai.ini"},
-                                                                  {k1969, "\\gpla69.ini"},
-                                                                  {kGT, "\\gplaGT.ini"}};
+  const std::vector<std::pair<data::ModYear, std::string_view>> expected = {{k1965, "\\gpla65.ini"},
+                                                                            {k1966, "\\gpla66.ini"},
+                                                                            {k1967, "\\gpl_ai.ini"},
+                                                                            {k1969, "\\gpla69.ini"},
+                                                                            {kGT, "\\gplaGT.ini"}};
   ASSERT_EQ(markers.size(), expected.size());
   for (std::size_t i = 0; i < expected.size(); ++i) {
     EXPECT_EQ(markers[i].ModYearIndex, expected[i].first);
@@ -257,7 +241,7 @@ TEST(ModYearFromFile, ALongFileWithAWingFrom0To16IsOf1969)
        {above, 20.0F, -0.5F, -2.0F, std::nextafter(-1.0F, 0.0F), std::nextafter(-1.0F, -2.0F),
         -std::numeric_limits<float>::denorm_min(), std::numeric_limits<float>::infinity(),
         std::numeric_limits<float>::quiet_NaN()}) {
-    for (const int before : {k1967, k1965, k1966, k1969, kGT}) {
+    for (const auto before : {k1967, k1965, k1966, k1969, kGT}) {
       const auto outcome = ModYearOf("x.bb1", WithRearWing(wing), before);
       EXPECT_TRUE(outcome.installed);
       EXPECT_EQ(outcome.year, before) << "stays as it was, " << wing;
@@ -268,7 +252,7 @@ TEST(ModYearFromFile, ALongFileWithAWingFrom0To16IsOf1969)
 
 TEST(ModYearFromFile, ALongFileWithoutWingAsksInTheFirstForm)
 {
-  const int years[] = {k1965, k1966, k1967, k1969};
+  const data::ModYear years[] = {k1965, k1966, k1967, k1969};
   for (int button = 0; button < 4; ++button) {
     const auto outcome = ModYearOf("x.bb1", WithRearWing(-1.0F), kGT, button);
     EXPECT_EQ(outcome.questions.asked, std::vector{ModYearForm::kFrmModYear1});
@@ -279,7 +263,7 @@ TEST(ModYearFromFile, ALongFileWithoutWingAsksInTheFirstForm)
 
 TEST(ModYearFromFile, AFileOfAnyOtherSizeAsksInTheSecondForm)
 {
-  const int years[] = {k1965, k1966, k1967, k1969};
+  const data::ModYear years[] = {k1965, k1966, k1967, k1969};
   for (const std::size_t size : {0, 4, 263, 264, 265, 271, 273, 1000}) {
     for (int button = 0; button < 4; ++button) {
       const auto outcome = ModYearOf("x.fe1", SampleSetup(size), kGT, button);
@@ -291,7 +275,7 @@ TEST(ModYearFromFile, AFileOfAnyOtherSizeAsksInTheSecondForm)
 
 TEST(ModYearFromFile, AQuestionClosedWithoutAnswerLeavesTheYear)
 {
-  for (const int before : {k1967, k1965, k1966, k1969, kGT}) {
+  for (const auto before : {k1967, k1965, k1966, k1969, kGT}) {
     EXPECT_EQ(ModYearOf("x.fe1", SampleSetup(264), before).year, before);
     EXPECT_EQ(ModYearOf("x.fe1", WithRearWing(-1.0F), before).year, before);
   }
@@ -300,7 +284,7 @@ TEST(ModYearFromFile, AQuestionClosedWithoutAnswerLeavesTheYear)
 TEST(ModYearFromFile, RefusesAYearWhoseMarkerIsMissing)
 {
   struct Case {
-    int year;
+    data::ModYear year;
     const char* name;
     Bytes bytes;
     std::optional<int> button;
@@ -334,7 +318,7 @@ TEST(ModYearFromFile, RefusesAYearWhoseMarkerIsMissing)
        {"gpla65.ini", "gpla66.ini", "gpl_ai.ini", "gpla69.ini"}},
   };
   for (const auto& [year, name, bytes, button, others] : cases) {
-    SCOPED_TRACE(year);
+    SCOPED_TRACE(data::ModYearText(year));
     const auto outcome = ModYearOf(name, bytes, k1967, button, Installed(others));
     EXPECT_FALSE(outcome.installed);
     EXPECT_EQ(outcome.year, year);
@@ -356,7 +340,7 @@ TEST(ModYearFromFile, IsContentWithTheOneMarkerOfItsYear)
 
 TEST(ModYearFromFile, RefusesAYearOutsideTheTable)
 {
-  const auto outcome = ModYearOf("x.bb1", WithRearWing(20), 5);
+  const auto outcome = ModYearOf("x.bb1", WithRearWing(20), data::ModYear{5});
   EXPECT_FALSE(outcome.installed);
   EXPECT_EQ(outcome.questions.texts.size(), 1U);
 }

@@ -51,7 +51,7 @@ float ImportedId(float ratio, int id, const data::GearData& gears = SampleGears(
 TEST(ImportChassis, TakesSlots0To32AndNothingElse)
 {
   const Bytes bytes = SampleSetup(kLongLayoutSize);
-  for (const int year : {k1967, k1965, k1966, kGT}) {
+  for (const auto year : {k1967, k1965, k1966, kGT}) {
     auto data = DataBefore();
     ImportChassis(bytes, year, data);
     for (const auto& fact : kFacts) {
@@ -116,10 +116,11 @@ TEST(ImportChassis, KeepsEveryBitOfSinglesThatAreNoNumbers)
 
 TEST(ImportChassis, FailsForEveryFileThatEndsBeforeAFieldItReads)
 {
-  for (const int year : {k1967, k1965, k1966, k1969, kGT}) {
+  for (const auto year : {k1967, k1965, k1966, k1969, kGT}) {
     const std::size_t needed = year == k1969 ? 269 : 260;
     for (std::size_t size = 0; size <= 280; ++size) {
-      SCOPED_TRACE("year " + std::to_string(year) + ", size " + std::to_string(size));
+      SCOPED_TRACE("year " + std::string(data::ModYearText(year)) + ", size " +
+                   std::to_string(size));
       const Bytes bytes = SampleSetup(size);
       auto data = DataBefore();
       if (size < needed)

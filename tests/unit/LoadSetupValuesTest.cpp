@@ -110,11 +110,11 @@ TEST(LoadSetupValues, HasNoWingsUnlessItIsA1969Car)
   Bytes bytes = SampleSetup(kLongLayoutSize);
   PutSingle(bytes, 261, 4.0F);
   PutSingle(bytes, 265, 12.0F);
-  for (const int year : {k1967, k1965, k1966, kGT}) {
+  for (const auto year : {k1967, k1965, k1966, kGT}) {
     auto data = SampleData();
     (void)LoadSetupValues(bytes, SampleGears(), year, data);
-    EXPECT_EQ(data.Current(51), -1.0F) << year;
-    EXPECT_EQ(data.Current(52), -1.0F) << year;
+    EXPECT_EQ(data.Current(51), -1.0F) << data::ModYearText(year);
+    EXPECT_EQ(data.Current(52), -1.0F) << data::ModYearText(year);
   }
   auto data = SampleData();
   (void)LoadSetupValues(bytes, SampleGears(), k1969, data);
@@ -124,10 +124,11 @@ TEST(LoadSetupValues, HasNoWingsUnlessItIsA1969Car)
 
 TEST(LoadSetupValues, FailsForEveryFileThatEndsBeforeAFieldItReads)
 {
-  for (const int year : {k1967, k1965, k1966, k1969, kGT}) {
+  for (const auto year : {k1967, k1965, k1966, k1969, kGT}) {
     const std::size_t needed = year == k1969 ? 269 : 261;
     for (std::size_t size = 0; size <= 280; ++size) {
-      SCOPED_TRACE("year " + std::to_string(year) + ", size " + std::to_string(size));
+      SCOPED_TRACE("year " + std::string(data::ModYearText(year)) + ", size " +
+                   std::to_string(size));
       const Bytes bytes = SampleSetup(size);
       auto data = SampleData();
       if (size < needed)

@@ -105,7 +105,7 @@ class NoResources final : public platform::Resources {
 
 /// What the settings file says, besides the one installation, its first player and first track.
 struct SavedSettings {
-  int ModYearIndex = 0;
+  data::ModYear ModYearIndex = data::ModYear::k1967;
   int chassis = 0;
   int formula = 0;
   int units = 0;
@@ -140,7 +140,7 @@ class MemoryProgram {
   {
     const auto number = [](int n) { return std::to_string(n) + "\r\n"; };
     files.Put("/program/Velquist Program Settings.ini",
-              "\"/GPL\"\r\n" + number(0) + number(saved.ModYearIndex) + number(0) +
+              "\"/GPL\"\r\n" + number(0) + number(data::NumberOf(saved.ModYearIndex)) + number(0) +
                   number(saved.chassis) + number(saved.formula) + number(0) + number(saved.units) +
                   "\"/GPL\"\r\n");
     window_ = std::make_unique<app::MainWindow>(

@@ -20,8 +20,6 @@
 namespace velquist::platform {
 namespace {
 
-constexpr int kModYears = 5;
-
 std::string ReadAsset(const char* name)
 {
   const auto path = velquist::testing::SourceDirectory() / "assets/resources" / name;
@@ -107,9 +105,9 @@ TEST(Manual, MentionsEveryMenuCheckBoxOptionListAndFrame)
 TEST(Manual, NamesEveryChassisCodeOfEachYearWithItsCar)
 {
   const auto manual = Manual();
-  for (int year = 0; year < kModYears; ++year) {
-    const auto begin = manual.find("\r\n" + std::string(setup::ModYearText(year)) + "\r\n\t");
-    ASSERT_NE(begin, std::string::npos) << setup::ModYearText(year);
+  for (const auto year : data::kModYears) {
+    const auto begin = manual.find("\r\n" + std::string(data::ModYearText(year)) + "\r\n\t");
+    ASSERT_NE(begin, std::string::npos) << data::ModYearText(year);
     // The year's lines are those that a tab begins.
     auto end = manual.find("\r\n\t", begin);
     while (end != std::string::npos && manual.compare(end + 2, 1, "\t") == 0)
@@ -123,7 +121,7 @@ TEST(Manual, NamesEveryChassisCodeOfEachYearWithItsCar)
       EXPECT_NE(lines.find(line), std::string::npos) << line;
     }
     EXPECT_EQ(std::ranges::count(lines, '\n') - 2, data::ChassisCount(year))
-        << setup::ModYearText(year);
+        << data::ModYearText(year);
   }
 }
 

@@ -267,7 +267,7 @@ TEST_F(RoundTrip, TenThousandRandomSetupsOfBothLayoutsComeBack)
     // The same year, since nothing in the bytes tells it for sure.
     const auto year = window_.State().ModYearIndex;
     constexpr std::array kButtonOfYear = {2, 0, 1, 3};
-    if (year < setup::kModYearGT)
+    if (year < data::ModYear::kGT)
       dialogs_.year_button = kButtonOfYear[static_cast<std::size_t>(year)];
     Open(saved_path);
     ASSERT_EQ(window_.State().ModYearIndex, year);

@@ -56,7 +56,7 @@ void Show(std::ostream& out, const app::Globals& globals)
   Show(out, "power", globals.curve.power);
   Show(out, "torque", globals.curve.torque);
   Show(out, globals.bands);
-  out << "indices " << globals.ModYearIndex << ' ' << globals.chassis_index << ' '
+  out << "indices " << data::NumberOf(globals.ModYearIndex) << ' ' << globals.chassis_index << ' '
       << globals.formula_index << ' ' << globals.player_index << ' ' << globals.track_index << ' '
       << globals.Units << ' ' << globals.FineIndex << '\n'
       << "options " << globals.options.asymmetric << globals.options.fine

@@ -41,7 +41,8 @@ TEST(SetupDataFileName, IsSharedBy1965And1966And1969)
   EXPECT_EQ(SetupDataFileName(k1966), "65 Setup Data.ini");
   EXPECT_EQ(SetupDataFileName(k1969), "65 Setup Data.ini");
   EXPECT_EQ(SetupDataFileName(kGT), "GT Setup Data.ini");
-  for (const int year : {-32768, -1, 5, 32767}) EXPECT_EQ(SetupDataFileName(year), "") << year;
+  for (const int number : {-32768, -1, 5, 32767})
+    EXPECT_EQ(SetupDataFileName(static_cast<ModYear>(number)), "") << number;
 }
 
 TEST(ReadSetupData, TakesTheFileOfTheModYearFromTheProgramDirectory)
@@ -51,10 +52,11 @@ TEST(ReadSetupData, TakesTheFileOfTheModYearFromTheProgramDirectory)
   files.files["D:\\p\\65 Setup Data.ini"] = "65,1,2,3,4,5\r\n";
   files.files["D:\\p\\GT Setup Data.ini"] = "GT,1,2,3,4,5\r\n";
   const std::array<const char*, 5> labels = {"67", "65", "65", "65", "GT"};
-  for (int year = 0; year < 5; ++year) {
+  for (const auto year : kModYears) {
     SetupData data;
-    ASSERT_TRUE(ReadSetupData(files, "D:\\p", year, data)) << year;
-    EXPECT_EQ(data.Text(0, kLabelField), labels[static_cast<std::size_t>(year)]) << year;
+    ASSERT_TRUE(ReadSetupData(files, "D:\\p", year, data)) << ModYearText(year);
+    EXPECT_EQ(data.Text(0, kLabelField), labels[static_cast<std::size_t>(year)])
+        << ModYearText(year);
   }
 }
 
@@ -153,8 +155,8 @@ TEST(ReadSetupData, IsFalseAndChangesNothingWithoutAFile)
   SetupData data = SampleData();
   const auto text = data.SetupDataText;
   data.Current(3) = 5;
-  for (const int year : {k1967, kGT, -1, 5}) {
-    EXPECT_FALSE(ReadSetupData(files, "C:\\Velquist", year, data)) << year;
+  for (const auto year : {k1967, kGT, ModYear{-1}, ModYear{5}}) {
+    EXPECT_FALSE(ReadSetupData(files, "C:\\Velquist", year, data)) << ModYearText(year);
     EXPECT_EQ(data.SetupDataText, text);
     EXPECT_EQ(data.Current(3), 5.0F);
   }
@@ -216,11 +218,11 @@ TEST(SetupData, ShippedFilesHaveALineForEveryRow)
 {
   const platform::HostFileSystem files;
   for (const auto* folder : {"/assets/program", "/assets/program/Metric"}) {
-    for (int year = 0; year < 5; ++year) {
+    for (const auto year : kModYears) {
       SetupData data;
       ASSERT_TRUE(
           ReadSetupData(files, velquist::testing::SourceDirectory().string() + folder, year, data));
-      EXPECT_GE(data.SetupDataText.size(), 53U) << folder << ' ' << year;
+      EXPECT_GE(data.SetupDataText.size(), 53U) << folder << ' ' << ModYearText(year);
     }
   }
 }

@@ -114,25 +114,27 @@ TEST(StoreSetupValues, SetsTheSymmetryByteToTheOppositeOfTheBox)
 
 TEST(StoreSetupValues, WritesNoWingsIntoALongFileOfAnotherYear)
 {
-  for (const int year : {k1967, k1965, k1966, kGT}) {
+  for (const auto year : {k1967, k1965, k1966, kGT}) {
     auto data = NumberedData();
     Bytes bytes = SampleSetup(kLongLayoutSize);
     const Bytes before = bytes;
     StoreSetupValues(data, kSampleLists, false, year, bytes);
     const Bytes wings(bytes.begin() + 261, bytes.begin() + 269);
-    EXPECT_EQ(wings, BytesOf(std::string_view("\0\0\x80\xBF\0\0\x80\xBF", 8))) << year;
+    EXPECT_EQ(wings, BytesOf(std::string_view("\0\0\x80\xBF\0\0\x80\xBF", 8)))
+        << data::ModYearText(year);
     EXPECT_TRUE(std::equal(bytes.begin() + 269, bytes.end(), before.begin() + 269));
   }
 }
 
 TEST(StoreSetupValues, LeavesTheEndOfAShortFile)
 {
-  for (const int year : {k1967, k1965, k1966, kGT}) {
+  for (const auto year : {k1967, k1965, k1966, kGT}) {
     Bytes bytes = SampleSetup(kShortLayoutSize);
     const Bytes before = bytes;
     StoreSetupValues(NumberedData(), kSampleLists, false, year, bytes);
     EXPECT_EQ(bytes.size(), 264U);
-    EXPECT_TRUE(std::equal(bytes.begin() + 261, bytes.end(), before.begin() + 261)) << year;
+    EXPECT_TRUE(std::equal(bytes.begin() + 261, bytes.end(), before.begin() + 261))
+        << data::ModYearText(year);
   }
 }
 
@@ -166,10 +168,11 @@ TEST(StoreSetupValues, TouchesNoByteThatIsNoField)
 
 TEST(StoreSetupValues, FailsForEveryFileThatEndsBeforeAFieldItWrites)
 {
-  for (const int year : {k1967, k1969}) {
+  for (const auto year : {k1967, k1969}) {
     const std::size_t needed = year == k1969 ? 269 : 261;
     for (std::size_t size = 0; size <= 280; ++size) {
-      SCOPED_TRACE("year " + std::to_string(year) + ", size " + std::to_string(size));
+      SCOPED_TRACE("year " + std::string(data::ModYearText(year)) + ", size " +
+                   std::to_string(size));
       Bytes bytes = SampleSetup(size);
       if (size < needed)
         EXPECT_THROW(StoreSetupValues(SampleData(), kSampleLists, false, year, bytes), BoundsError);

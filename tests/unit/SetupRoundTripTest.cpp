@@ -60,13 +60,14 @@ int ExpectedId(float ratio_number, int id)
 struct Round {
   Bytes bytes;
   ListSelections lists{};
-  int year = 0;
+  data::ModYear year = k1967;
 };
 
 Round RandomRound(Generator& generator, std::size_t size)
 {
   Round round;
-  round.year = size == kShortLayoutSize ? generator.Below(3) : generator.Below(5);
+  const auto years = size == kShortLayoutSize ? 3 : data::kModYears.size();
+  round.year = data::kModYears[static_cast<std::size_t>(generator.Below(static_cast<int>(years)))];
   for (std::size_t i = 0; i < size; ++i)
     round.bytes.push_back(static_cast<std::byte>(generator.Bits() & 0xFFU));
   for (const auto& fact : kFacts)
@@ -137,7 +138,7 @@ TEST(SetupRoundTrip, EveryShippedDefaultKeepsAllItsBytes)
   const platform::HostFileSystem files;
   const std::string program =
       (velquist::testing::SourceDirectory() / "assets" / "program").string();
-  const std::pair<const char*, int> defaults[] = {
+  const std::pair<const char*, data::ModYear> defaults[] = {
       {"67", k1967}, {"65", k1965}, {"66", k1966}, {"69", k1969}, {"GT", kGT}};
   for (const auto& [prefix, year] : defaults) {
     SCOPED_TRACE(prefix);

@@ -52,11 +52,7 @@ inline constexpr std::array<Fact, 52> kFacts = {{
 }};
 // clang-format on
 
-inline constexpr int k1967 = 0;
-inline constexpr int k1965 = 1;
-inline constexpr int k1966 = 2;
-inline constexpr int k1969 = 3;
-inline constexpr int kGT = 4;
+using enum data::ModYear;
 
 inline std::uint32_t BitsOf(float value)
 {

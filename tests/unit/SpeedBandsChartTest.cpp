@@ -20,8 +20,7 @@ using testing::Lines;
 using testing::Primitive;
 using testing::Texts;
 
-constexpr int k1967 = 0;
-constexpr int k1965 = 1;
+using enum data::ModYear;
 
 constexpr double kWidth = 600;   // 550 pixels from axis to axis: 2.5 a mile per hour in 1967
 constexpr double kHeight = 264;  // 224
@@ -41,8 +40,8 @@ SpeedBands Bands(bool metric = false)
   return bands;
 }
 
-PictureRecorder Drawn(const SpeedBands& bands, int ModYearIndex = k1967, double width = kWidth,
-                      double height = kHeight)
+PictureRecorder Drawn(const SpeedBands& bands, data::ModYear ModYearIndex = k1967,
+                      double width = kWidth, double height = kHeight)
 {
   PictureRecorder picture;
   picture.Resize(width, height);
@@ -78,9 +77,9 @@ TEST(SpeedBandsChart, TheTitleNamesTheUnit)
 
 TEST(SpeedBandsChart, TheSpeedAxisFollowsModYearAndUnit)
 {
-  for (int ModYearIndex = 0; ModYearIndex < 5; ++ModYearIndex) {
+  for (const auto ModYearIndex : data::kModYears) {
     for (const bool metric : {false, true}) {
-      SCOPED_TRACE(std::to_string(ModYearIndex) + (metric ? " metric" : ""));
+      SCOPED_TRACE(std::string(data::ModYearText(ModYearIndex)) + (metric ? " metric" : ""));
       const int step = metric ? 40 : 20;
       const int mph_maximum = ModYearIndex == k1965 ? 200 : 220;
       const int kph_maximum = ModYearIndex == k1965 ? 320 : 360;
@@ -219,11 +218,11 @@ TEST(SpeedBandsChart, TheLegendNamesBothBandsAndNeverCoversAGear)
 TEST(SpeedBandsChart, TextsNeverTouchAndLieWithinThePictureAtEverySize)
 {
   for (const auto& size : testing::kPictureSizes) {
-    for (const int ModYearIndex : {0, 1, 2, 3, 4}) {
+    for (const auto ModYearIndex : data::kModYears) {
       for (const int gears : {3, 4, 5, 6}) {
         for (const bool metric : {false, true}) {
-          SCOPED_TRACE(std::to_string(size.width) + ", " + std::to_string(ModYearIndex) + ", " +
-                       std::to_string(gears));
+          SCOPED_TRACE(std::to_string(size.width) + ", " +
+                       std::string(data::ModYearText(ModYearIndex)) + ", " + std::to_string(gears));
           auto bands = Bands(metric);
           bands.gear_rows = gears;
           const auto picture = Drawn(bands, ModYearIndex, size.width, size.height);

@@ -13,9 +13,7 @@
 namespace velquist::charts {
 namespace {
 
-constexpr int k1967 = 0;
-constexpr int k1965 = 1;
-constexpr int kGT = 4;
+using enum data::ModYear;
 
 /// Finds the band of values given from 0 rpm on in steps of 200; the rest is 0.
 class FoundBand {
@@ -99,11 +97,12 @@ TEST(SpeedBands, AnEngineThatGivesNothingHasNoBand)
 
 TEST(SpeedBands, MaximumSpeedGoesByModYear)
 {
-  const std::array speeds = {200.0, 180.0, 200.0, 200.0};
-  for (int ModYearIndex = 0; ModYearIndex < 4; ++ModYearIndex)
+  constexpr std::pair<data::ModYear, double> kSpeeds[] = {
+      {k1967, 200}, {k1965, 180}, {k1966, 200}, {k1969, 200}};
+  for (const auto& [ModYearIndex, speed] : kSpeeds)
     for (int chassis = 0; chassis < data::ChassisCount(ModYearIndex); ++chassis)
-      EXPECT_EQ(MaximumSpeed(ModYearIndex, chassis), speeds[static_cast<std::size_t>(ModYearIndex)])
-          << ModYearIndex << ' ' << chassis;
+      EXPECT_EQ(MaximumSpeed(ModYearIndex, chassis), speed)
+          << data::ModYearText(ModYearIndex) << ' ' << chassis;
 }
 
 TEST(SpeedBands, MaximumSpeedOfAGTCarGoesByChassis)
@@ -115,7 +114,7 @@ TEST(SpeedBands, MaximumSpeedOfAGTCarGoesByChassis)
 }
 
 SpeedBands Computed(const std::vector<float>& ratios, float final_drive, bool metric = false,
-                    int ModYearIndex = k1967, int chassis = 1)
+                    data::ModYear ModYearIndex = k1967, int chassis = 1)
 {
   const auto& engine = data::EngineOf(ModYearIndex, chassis);
   data::EngineCurve curve;
@@ -169,11 +168,11 @@ TEST(SpeedBands, WithoutFinalDriveNoGearHasASpeed)
 /// The rules of the bands written down a second time, for every engine there is.
 TEST(SpeedBands, BandsOfEveryEngineHoldTheirPeakAndEndWhereTheValuesFall)
 {
-  for (int ModYearIndex = 0; ModYearIndex < data::kModYearCount; ++ModYearIndex) {
+  for (const auto ModYearIndex : data::kModYears) {
     for (int slot = 0; slot < data::kEngineSlots; ++slot) {
       const auto maximum = static_cast<int>(data::EngineOf(ModYearIndex, slot).maximum_rpm);
       if (maximum == 0) continue;
-      SCOPED_TRACE(std::to_string(ModYearIndex) + ", " + std::to_string(slot));
+      SCOPED_TRACE(std::string(data::ModYearText(ModYearIndex)) + ", " + std::to_string(slot));
       data::EngineCurve curve;
       data::ComputeEngineCurve(ModYearIndex, slot, curve);
       for (const auto& values : {curve.torque, curve.power}) {
