@@ -2,8 +2,9 @@
 #include "charts/SpeedBands.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+
+#include "data/ChassisCatalogue.h"
 
 namespace velquist::charts {
 namespace {
@@ -11,6 +12,7 @@ namespace {
 constexpr int kSearchedBeyondMaximum = 1000;  ///< rpm
 constexpr double kPartOfPeak = 0.9;
 
+constexpr double kUsualMaximumSpeed = 200;      ///< mph
 constexpr double kTyreCircumference = 84.8232;  ///< inches, of a 27-inch tyre
 constexpr double kKilometresPerMile = 1.609344;
 
@@ -39,11 +41,9 @@ Band FindBand(std::span<const float> rpm, std::span<const float> values, int max
 
 double MaximumSpeed(data::ModYear ModYearIndex, int chassis) noexcept
 {
-  constexpr std::array kGT = {208.0, 206.0, 202.0, 204.0, 194.0, 215.0, 206.0, 196.0, 172.0};
-  if (ModYearIndex == data::ModYear::k1965) return 180;
+  const auto cars = data::CarsOf(ModYearIndex);
   const auto slot = static_cast<std::size_t>(chassis);
-  if (ModYearIndex == data::ModYear::kGT && slot < kGT.size()) return kGT[slot];
-  return 200;
+  return slot < cars.size() ? cars[slot].maximum_speed : kUsualMaximumSpeed;
 }
 
 SpeedBands ComputeSpeedBands(const data::EngineCurve& curve, int maximum_rpm,

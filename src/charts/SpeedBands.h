@@ -36,7 +36,7 @@ struct SpeedBands {
 [[nodiscard]] Band FindBand(std::span<const float> rpm, std::span<const float> values,
                             int maximum_rpm);
 
-/// Approximate maximum speed of a car, mph. GT cars by chassis, all others by mod year.
+/// Approximate maximum speed of a car, mph; 200 where there is no such car.
 [[nodiscard]] double MaximumSpeed(data::ModYear ModYearIndex, int chassis) noexcept;
 
 /// `ratios` are those of the car's gears, first gear first. A gear, or all of them, whose ratio is

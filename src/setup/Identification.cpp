@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "data/ChassisCatalogue.h"
 #include "platform/Errors.h"
 #include "setup/SetupRecord.h"
 #include "setup/SlotTable.h"
@@ -10,19 +11,7 @@
 namespace velquist::setup {
 namespace {
 
-using namespace std::string_view_literals;
 using data::ModYear;
-
-constexpr std::array kSharedCodes = {"bb"sv, "br"sv, "co"sv, "ea"sv, "fe"sv, "lo"sv, "mu"sv};
-// "mu" stands before "lo" here, as in the car list of 1966.
-constexpr std::array kCodes1966 = {"bb"sv, "bc"sv, "bd"sv, "be"sv, "br"sv, "bs"sv, "co"sv, "eb"sv,
-                                   "ea"sv, "fe"sv, "ff"sv, "mu"sv, "lo"sv, "lp"sv, "lq"sv, "mc"sv};
-constexpr std::array kCodesGT = {"ga"sv, "gb"sv, "gc"sv, "gd"sv, "ge"sv,
-                                 "gf"sv, "gg"sv, "gh"sv, "gi"sv};
-
-/// Codes that no other mod year has.
-constexpr std::array kOnly1966 = {"bc"sv, "bd"sv, "be"sv, "bs"sv, "eb"sv,
-                                  "ff"sv, "lp"sv, "lq"sv, "mc"sv};
 
 constexpr std::array kModMarkers = {
     ModMarker{ModYear::k1965, "\\gpla65.ini"}, ModMarker{ModYear::k1966, "\\gpla66.ini"},
@@ -33,24 +22,20 @@ constexpr std::array kModMarkers = {
 /// Steepest wing setting of the 1969 cars, degrees.
 constexpr float kSteepestWing = 16.0F;
 
-template <class Range>
-bool Contains(const Range& range, std::string_view code)
-{
-  return std::ranges::find(range, code) != std::ranges::end(range);
-}
-
 }  // namespace
 
 std::span<const std::string_view> ChassisCodeTable(ModYear ModYearIndex) noexcept
 {
-  switch (ModYearIndex) {
-    case ModYear::k1967:
-    case ModYear::k1965:
-    case ModYear::k1969: return kSharedCodes;
-    case ModYear::k1966: return kCodes1966;
-    case ModYear::kGT: return kCodesGT;
-  }
-  return {};
+  static const auto kCodes = [] {
+    std::array<std::array<std::string_view, data::kMostChassis>, data::kModYearCount> codes;
+    for (std::size_t year = 0; year < codes.size(); ++year)
+      std::ranges::transform(data::CarsOf(data::kModYears[year]), codes[year].begin(),
+                             &data::Car::code);
+    return codes;
+  }();
+  const auto count = data::CarsOf(ModYearIndex).size();
+  if (count == 0) return {};
+  return std::span(kCodes[static_cast<std::size_t>(ModYearIndex)]).first(count);
 }
 
 std::string_view ChassisCodeOf(std::string_view file_name) noexcept
@@ -90,8 +75,10 @@ std::span<const ModMarker> ModMarkers() noexcept
 Identity Identify(std::string_view file_name, std::span<const std::byte> SetupBuffer)
 {
   const auto code = ChassisCodeOf(file_name);
-  if (Contains(kOnly1966, code)) return {ModYear::k1966, {}};
-  if (Contains(kCodesGT, code)) return {ModYear::kGT, {}};
+  const auto has_code = [&](ModYear year) { return ChassisIndexOf(year, code).has_value(); };
+  // 1967, 1965 and 1969 have the same codes, 1966 those and its own, GT others.
+  if (has_code(ModYear::k1966) && !has_code(ModYear::k1967)) return {ModYear::k1966, {}};
+  if (has_code(ModYear::kGT)) return {ModYear::kGT, {}};
   if (SetupBuffer.size() != kLongLayoutSize) return {{}, platform::ModYearForm::kFrmModYear2};
   const float rear_wing = ReadSingleAt(
       SetupBuffer, static_cast<std::size_t>(SlotOffset[static_cast<std::size_t>(kRearWing)]));

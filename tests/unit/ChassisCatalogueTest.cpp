@@ -86,40 +86,96 @@ TEST(ChassisCatalogue, EachModYearHasItsNumberOfChassis)
   EXPECT_EQ(ChassisCount(kGT), 9);
 }
 
-TEST(ChassisCatalogue, EveryChassisIsNamedInDropBoxOrder)
+TEST(ChassisCatalogue, EveryCarStandsInDropBoxOrderWithItsCodeFolderAndSpeed)
 {
-  const std::array<std::vector<std::string_view>, kModYearCount> names = {{
-      {"Brabham BT24-Repco V8", "BRM P115-BRM H16", "Cooper T81-Maserati V12",
-       "Eagle AAR103-Weslake V12", "Ferrari 312-Ferrari V12", "Lotus 49-Ford V8 DFV",
-       "Honda RA300-Honda V12"},
-      {"Brabham BT11-Climax V8", "BRM P261-BRM V8", "Cooper T77-Climax V8", "Brabham BT7-Climax V8",
-       "Ferrari 1512-Ferrari V12", "Lotus 33-Climax V8", "Honda RA272-Honda V12"},
-      {"Brabham BT19-Repco V8 3.0L", "Brabham BT11-Climax S4 2.5L", "Brabham BT11-Climax S4 2.7L",
-       "Brabham BT11-BRM V8 1.9L", "BRM P83-BRM H16 3.0L", "BRM P261-BRM V8 2.1L",
-       "Cooper T81-Maserati V12 3.0L", "Eagle AAR102-Weslake V12 3.0L",
-       "Eagle AAR101-Climax S4 2.7L", "Ferrari 312-Ferrari V12 3.0L", "Ferrari 246-Ferrari V6 2.4L",
-       "Honda RA273-Honda V12 3.0L", "Lotus 43-BRM H16 3.0L", "Lotus 33-Climax V8 2.0L",
-       "Lotus 33-BRM V8 1.9L", "McLaren M2B-Ford V8 3.0L"},
-      {"Brabham BT26A-Ford V8 DFV", "BRM P139-BRM V12", "Lotus 63-Ford V8 DFV",
-       "McLaren M7-Ford V8 DFV", "Ferrari 312--Ferrari V12", "Lotus 49B-Ford V8 DFV",
-       "Matra MS80-Ford V8 DFV"},
-      {"Ford MkIIB-Ford V8 7.0L", "Chaparral 2D-Chevrolet V8 7.0L",
-       "Lola T70 MkIII-Chevrolet V8 5.4L", "Chaparral 2F-Chevrolet V8 7.0L",
-       "Ferrari 330/P4-Ferrari V12 4.0L", "Ford MkIV-Ford V8 7.0L", "Mirage M1-Ford V8 5.7L",
-       "Ford MkI-Ford V8 4.7L", "Porsche 910-Porsche F8 2.2L"},
+  struct Row {
+    std::string_view code;
+    std::string_view name;
+    std::string_view folder;
+    int maximum_speed;
+  };
+  // clang-format off
+  const std::array<std::vector<Row>, kModYearCount> rows = {{
+      {
+          {"bb", "Brabham BT24-Repco V8", "brabham", 200},
+          {"br", "BRM P115-BRM H16", "brm", 200},
+          {"co", "Cooper T81-Maserati V12", "coventry", 200},
+          {"ea", "Eagle AAR103-Weslake V12", "eagle", 200},
+          {"fe", "Ferrari 312-Ferrari V12", "ferrari", 200},
+          {"lo", "Lotus 49-Ford V8 DFV", "lotus", 200},
+          {"mu", "Honda RA300-Honda V12", "murasama", 200},
+      },
+      {
+          {"bb", "Brabham BT11-Climax V8", "brabham", 180},
+          {"br", "BRM P261-BRM V8", "brm", 180},
+          {"co", "Cooper T77-Climax V8", "coventry", 180},
+          {"ea", "Brabham BT7-Climax V8", "eagle", 180},
+          {"fe", "Ferrari 1512-Ferrari V12", "ferrari", 180},
+          {"lo", "Lotus 33-Climax V8", "lotus", 180},
+          {"mu", "Honda RA272-Honda V12", "murasama", 180},
+      },
+      {
+          {"bb", "Brabham BT19-Repco V8 3.0L", "brabham", 200},
+          {"bc", "Brabham BT11-Climax S4 2.5L", "c09", 200},
+          {"bd", "Brabham BT11-Climax S4 2.7L", "c14", 200},
+          {"be", "Brabham BT11-BRM V8 1.9L", "c15", 200},
+          {"br", "BRM P83-BRM H16 3.0L", "brm", 200},
+          {"bs", "BRM P261-BRM V8 2.1L", "c07", 200},
+          {"co", "Cooper T81-Maserati V12 3.0L", "coventry", 200},
+          {"eb", "Eagle AAR102-Weslake V12 3.0L", "c10", 200},
+          {"ea", "Eagle AAR101-Climax S4 2.7L", "eagle", 200},
+          {"fe", "Ferrari 312-Ferrari V12 3.0L", "ferrari", 200},
+          {"ff", "Ferrari 246-Ferrari V6 2.4L", "c11", 200},
+          {"mu", "Honda RA273-Honda V12 3.0L", "murasama", 200},
+          {"lo", "Lotus 43-BRM H16 3.0L", "lotus", 200},
+          {"lp", "Lotus 33-Climax V8 2.0L", "c08", 200},
+          {"lq", "Lotus 33-BRM V8 1.9L", "c13", 200},
+          {"mc", "McLaren M2B-Ford V8 3.0L", "c12", 200},
+      },
+      {
+          {"bb", "Brabham BT26A-Ford V8 DFV", "brabham", 200},
+          {"br", "BRM P139-BRM V12", "brm", 200},
+          {"co", "Lotus 63-Ford V8 DFV", "coventry", 200},
+          {"ea", "McLaren M7-Ford V8 DFV", "eagle", 200},
+          {"fe", "Ferrari 312--Ferrari V12", "ferrari", 200},
+          {"lo", "Lotus 49B-Ford V8 DFV", "lotus", 200},
+          {"mu", "Matra MS80-Ford V8 DFV", "murasama", 200},
+      },
+      {
+          {"ga", "Ford MkIIB-Ford V8 7.0L", "brabham", 208},
+          {"gb", "Chaparral 2D-Chevrolet V8 7.0L", "brm", 206},
+          {"gc", "Lola T70 MkIII-Chevrolet V8 5.4L", "coventry", 202},
+          {"gd", "Chaparral 2F-Chevrolet V8 7.0L", "eagle", 204},
+          {"ge", "Ferrari 330/P4-Ferrari V12 4.0L", "ferrari", 194},
+          {"gf", "Ford MkIV-Ford V8 7.0L", "lotus", 215},
+          {"gg", "Mirage M1-Ford V8 5.7L", "murasama", 206},
+          {"gh", "Ford MkI-Ford V8 4.7L", "07ForMk1", 196},
+          {"gi", "Porsche 910-Porsche F8 2.2L", "08Por910", 172},
+      },
   }};
+  // clang-format on
 
   for (const auto m : kModYears) {
-    const auto& expected = names[static_cast<std::size_t>(m)];
+    const auto& expected = rows[static_cast<std::size_t>(m)];
+    const auto cars = CarsOf(m);
+    ASSERT_EQ(cars.size(), expected.size());
     ASSERT_EQ(ChassisCount(m), static_cast<int>(expected.size()));
-    for (int slot = 0; slot < ChassisCount(m); ++slot) {
-      EXPECT_EQ(ChassisName(m, slot), expected[static_cast<std::size_t>(slot)]);
+    for (std::size_t slot = 0; slot < expected.size(); ++slot) {
+      SCOPED_TRACE("mod year " + std::string(ModYearText(m)) + ", slot " + std::to_string(slot));
+      EXPECT_EQ(cars[slot].code, expected[slot].code);
+      EXPECT_EQ(cars[slot].name, expected[slot].name);
+      EXPECT_EQ(cars[slot].folder, expected[slot].folder);
+      EXPECT_EQ(cars[slot].maximum_speed, expected[slot].maximum_speed);
+      EXPECT_EQ(ChassisName(m, static_cast<int>(slot)), expected[slot].name);
+      EXPECT_EQ(&EngineOf(m, static_cast<int>(slot)), &cars[slot].engine);
     }
   }
 }
 
 TEST(ChassisCatalogue, NamesAndCountsOutsideTheCatalogueThrow)
 {
+  EXPECT_TRUE(CarsOf(ModYear{-1}).empty());
+  EXPECT_TRUE(CarsOf(ModYear{5}).empty());
   EXPECT_THROW((void)ChassisCount(ModYear{-1}), BoundsError);
   EXPECT_THROW((void)ChassisCount(ModYear{5}), BoundsError);
   EXPECT_THROW((void)ChassisName(ModYear{-1}, 0), BoundsError);
@@ -206,10 +262,9 @@ TEST(ChassisCatalogue, NoGearboxHasMoreThanTheMostGears)
 {
   for (const auto m : kModYears) {
     for (int slot = 0; slot < kEngineSlots; ++slot) {
-      if (Filled(m, slot)) {
-        EXPECT_GE(GearCount(m, slot), 3);
-        EXPECT_LE(GearCount(m, slot), kMostGears);
-      }
+      if (!Filled(m, slot)) continue;
+      EXPECT_GE(GearCount(m, slot), 3);
+      EXPECT_LE(GearCount(m, slot), kMostGears);
     }
   }
 }
@@ -249,9 +304,7 @@ TEST(EnginePoints, RpmStartsAtZeroAndRisesStrictly)
 {
   for (const auto m : {k1966, kGT}) {
     for (int slot = 0; slot < kEngineSlots; ++slot) {
-      if (!Filled(m, slot)) {
-        continue;
-      }
+      if (!Filled(m, slot)) continue;
       SCOPED_TRACE("mod year " + std::string(ModYearText(m)) + ", slot " + std::to_string(slot));
       const auto points = EnginePoints(m, slot);
       EXPECT_EQ(points[0].rpm, 0.0F);

@@ -152,9 +152,7 @@ TEST(EngineCurve, EveryEngineAgreesBitForBitWithAPlainEvaluation)
   int engines = 0;
   for (const auto m : kModYears) {
     for (int slot = 0; slot < kEngineSlots; ++slot) {
-      if (slot >= ChassisCount(m) && slot < kFormula2Slot) {
-        continue;
-      }
+      if (slot >= ChassisCount(m) && slot < kFormula2Slot) continue;
       ++engines;
       const EngineCurve curve = CurveOf(m, slot);
       const EngineCurve plain = PlainCurve(m, slot);
