@@ -3,8 +3,8 @@
 // labels and charts included. Values go up and down in turn so that no press is refused.
 #include <benchmark/benchmark.h>
 
+#include "MemoryProgram.h"
 #include "runner/SourceDirectory.h"
-#include "unit/MemoryProgram.h"
 
 namespace {
 

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "Nothing.h"
 #include "app/MainWindow.h"
 #include "platform/HostFileSystem.h"
 #include "runner/SourceDirectory.h"
@@ -56,24 +57,6 @@ class NoDialogs final : public platform::Dialogs {
   std::optional<int> AskModYear(platform::ModYearForm, std::string_view) override { std::abort(); }
   void ShowInstallDelete(platform::InstallDeleteForm&) override { std::abort(); }
   void ShowHelp() override { std::abort(); }
-};
-
-class Nothing final : public platform::Process,
-                      public platform::Clock,
-                      public platform::Random,
-                      public platform::Screen,
-                      public platform::Resources,
-                      public platform::PictureLoader {
- public:
-  void Start(std::string_view) override {}
-  [[nodiscard]] std::uint64_t TickCount() const override { return 0; }
-  void Seed(std::uint64_t) override {}
-  [[nodiscard]] double Next() override { return 0; }
-  [[nodiscard]] int Width() const override { return 1280; }
-  [[nodiscard]] int Height() const override { return 1024; }
-  [[nodiscard]] std::string Help() const override { return {}; }
-  [[nodiscard]] std::vector<std::byte> Picture() const override { return {}; }
-  [[nodiscard]] Size Load(std::string_view) override { return {}; }
 };
 
 /// A program directory, and two games: GPL with 200 players of 300 tracks each, Small with one.
@@ -128,7 +111,7 @@ double StartUp(const Installed& installed, std::size_t players)
 {
   Files files;
   NoDialogs dialogs;
-  Nothing nothing;
+  testing::Nothing nothing;
   app::MainWindow window(
       {files, dialogs, nothing, nothing, nothing, nothing, nothing, nothing, installed.Program()});
   const double seconds = Seconds([&] { window.Form_Load({}); });

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "Fuzz.h"
+#include "MemoryFiles.h"
 #include "SetupSamples.h"
 #include "data/GearData.h"
 #include "data/Numbers.h"
@@ -17,8 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   using fuzz::Require;
   static const auto before = samples::SampleGears();
   const auto text = fuzz::TextOf(bytes, size);
-  samples::MemoryFiles files;
-  files.files["\\65 Gear Data.ini"] = text;
+  testing::MemoryFiles files;
+  files.Put("\\65 Gear Data.ini", text);
   auto gears = before;
   Require(data::ReadGearData(files, "", samples::kGT, gears), "the file is there");
 

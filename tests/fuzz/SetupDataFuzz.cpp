@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Fuzz.h"
+#include "MemoryFiles.h"
 #include "SetupSamples.h"
 #include "data/Numbers.h"
 #include "data/SetupData.h"
@@ -16,8 +17,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   using namespace velquist;
   using fuzz::Require;
   const auto text = fuzz::TextOf(bytes, size);
-  samples::MemoryFiles files;
-  files.files["\\GT Setup Data.ini"] = text;
+  testing::MemoryFiles files;
+  files.Put("\\GT Setup Data.ini", text);
   data::SetupData data;
   Require(data::ReadSetupData(files, "", samples::kGT, data), "the file is there");
 

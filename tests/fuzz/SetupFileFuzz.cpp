@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "Fuzz.h"
+#include "MemoryFiles.h"
 #include "SetupSamples.h"
 #include "platform/Errors.h"
 #include "setup/Identification.h"
@@ -92,8 +93,8 @@ void Import(const Bytes& file, data::ModYear ModYearIndex, Tables& tables)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
   static Tables tables;
-  samples::MemoryFiles files;
-  files.files["x.lo1"] = fuzz::TextOf(data, size);
+  testing::MemoryFiles files;
+  files.Put("x.lo1", fuzz::TextOf(data, size));
   Bytes file;
   const bool is_setup = setup::IsSetupFile(files, "x.lo1", file);
   Require(is_setup == fuzz::TextOf(data, size).starts_with("PGTS"), "the magic decides");

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "MemoryFiles.h"
 #include "SetupSamples.h"
 #include "platform/Errors.h"
 #include "platform/HostFileSystem.h"
@@ -17,13 +18,14 @@ namespace velquist::data {
 namespace {
 
 using namespace velquist::samples;
+using velquist::testing::MemoryFiles;
 
 constexpr std::string_view kPath = "C:\\Velquist\\67 Gear Data.ini";
 
 void ReadInto(GearData& gears, std::string_view text)
 {
   MemoryFiles files;
-  files.files[std::string(kPath)] = text;
+  files.Put(kPath, text);
   EXPECT_TRUE(ReadGearData(files, "C:\\Velquist", k1967, gears));
 }
 
@@ -58,8 +60,8 @@ TEST(GearDataFileName, IsSharedByAllYearsBut1967)
 TEST(ReadGearData, TakesTheFileOfTheModYearFromTheProgramDirectory)
 {
   MemoryFiles files;
-  files.files["D:\\p\\67 Gear Data.ini"] = "67,31/9,3.444\r\n";
-  files.files["D:\\p\\65 Gear Data.ini"] = "65,31/8,3.875\r\n";
+  files.Put("D:\\p\\67 Gear Data.ini", "67,31/9,3.444\r\n");
+  files.Put("D:\\p\\65 Gear Data.ini", "65,31/8,3.875\r\n");
   for (const auto year : kModYears) {
     GearData gears;
     ASSERT_TRUE(ReadGearData(files, "D:\\p", year, gears)) << ModYearText(year);
@@ -161,7 +163,7 @@ TEST(ReadGearData, IsFalseAndChangesNothingWithoutAFile)
 TEST(ReadGearData, KeepsTheTableWhenTheFileCannotBeRead)
 {
   MemoryFiles files;
-  files.unreadable.insert(std::string(kPath));
+  files.MakeUnreadable(kPath);
   auto gears = SampleGears();
   EXPECT_TRUE(ReadGearData(files, "C:\\Velquist", k1967, gears));
   for (int row = 0; row < 90; ++row) EXPECT_EQ(gears.DisplayText(row), std::to_string(row));

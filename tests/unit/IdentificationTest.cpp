@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "MemoryFiles.h"
 #include "SetupSamples.h"
 #include "platform/Errors.h"
 
@@ -21,6 +22,7 @@ namespace {
 
 using namespace velquist::samples;
 using platform::ModYearForm;
+using velquist::testing::MemoryFiles;
 
 constexpr std::string_view kInstallation = "C:\\GPL";
 constexpr std::string_view kNotInstalled =
@@ -73,7 +75,7 @@ class Questions final : public platform::Dialogs {
 MemoryFiles Installed(const std::vector<const char*>& markers)
 {
   MemoryFiles files;
-  for (const auto* marker : markers) files.files[std::string(kInstallation) + "\\" + marker] = "";
+  for (const auto* marker : markers) files.Put(std::string(kInstallation) + "\\" + marker, "");
   return files;
 }
 

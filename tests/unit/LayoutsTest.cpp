@@ -6,6 +6,7 @@
 #include <random>
 #include <string>
 
+#include "MemoryFiles.h"
 #include "SetupSamples.h"
 #include "platform/Errors.h"
 
@@ -13,6 +14,7 @@ namespace velquist::setup {
 namespace {
 
 using namespace velquist::samples;
+using velquist::testing::MemoryFiles;
 
 Bytes Converted(Bytes bytes, Layout wanted)
 {
@@ -46,7 +48,7 @@ TEST(ReadSetupFile, TakesAFileOfAnyLengthWhole)
   for (std::size_t length = 1; length <= 300; ++length) {
     SCOPED_TRACE(length);
     const std::string content(length, static_cast<char>(length));
-    files.files["x.bb1"] = content;
+    files.Put("x.bb1", content);
     Bytes buffer = BytesOf("before");
     EXPECT_EQ(ReadSetupFile(files, "x.bb1", buffer), length);
     EXPECT_EQ(buffer, BytesOf(content));
@@ -56,7 +58,7 @@ TEST(ReadSetupFile, TakesAFileOfAnyLengthWhole)
 TEST(ReadSetupFile, OfAnEmptyFileLeavesTheBuffer)
 {
   MemoryFiles files;
-  files.files["empty.bb1"] = "";
+  files.Put("empty.bb1", "");
   Bytes buffer = BytesOf("before");
   EXPECT_EQ(ReadSetupFile(files, "empty.bb1", buffer), 0U);
   EXPECT_EQ(buffer, BytesOf("before"));
@@ -65,7 +67,7 @@ TEST(ReadSetupFile, OfAnEmptyFileLeavesTheBuffer)
 TEST(ReadSetupFile, ThatFailsLeavesTheBuffer)
 {
   MemoryFiles files;
-  files.unreadable.insert("locked.bb1");
+  files.MakeUnreadable("locked.bb1");
   for (const auto* path : {"missing.bb1", "locked.bb1"}) {
     Bytes buffer = BytesOf("before");
     EXPECT_THROW(ReadSetupFile(files, path, buffer), FileError) << path;
@@ -76,12 +78,12 @@ TEST(ReadSetupFile, ThatFailsLeavesTheBuffer)
 TEST(WriteSetupFile, LeavesTheTailOfALongerFile)
 {
   MemoryFiles files;
-  files.files["x.bb1"] = std::string(272, 'x');
+  files.Put("x.bb1", std::string(272, 'x'));
   const Bytes buffer = SampleSetup(kShortLayoutSize);
   WriteSetupFile(files, "x.bb1", buffer);
   Bytes expected = buffer;
   expected.resize(272, std::byte{'x'});
-  EXPECT_EQ(BytesOf(files.files["x.bb1"]), expected);
+  EXPECT_EQ(files.ReadWhole("x.bb1"), expected);
 }
 
 // --- Telling a setup file ----------------------------------------------------------------------
@@ -112,9 +114,9 @@ TEST(HasMagic, IsFalseWhenAnyBitOfTheFourLettersDiffers)
 TEST(IsSetupFile, JudgesTheFileAndLeavesItInTheBuffer)
 {
   MemoryFiles files;
-  files.files["good.bb1"] = "PGTS and more";
-  files.files["bad.bb1"] = "PGTX and more";
-  files.files["cut.bb1"] = "PGT";
+  files.Put("good.bb1", "PGTS and more");
+  files.Put("bad.bb1", "PGTX and more");
+  files.Put("cut.bb1", "PGT");
   Bytes buffer;
   EXPECT_TRUE(IsSetupFile(files, "good.bb1", buffer));
   EXPECT_EQ(buffer, BytesOf("PGTS and more"));
@@ -127,7 +129,7 @@ TEST(IsSetupFile, JudgesTheFileAndLeavesItInTheBuffer)
 TEST(IsSetupFile, OfAnEmptyFileJudgesTheBufferBefore)
 {
   MemoryFiles files;
-  files.files["empty.bb1"] = "";
+  files.Put("empty.bb1", "");
   Bytes good = BytesOf("PGTS1");
   EXPECT_TRUE(IsSetupFile(files, "empty.bb1", good));
   EXPECT_EQ(good, BytesOf("PGTS1"));

@@ -7,9 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include "MemoryFiles.h"
+#include "Nothing.h"
 #include "ScriptedEditor.h"
 #include "data/GearData.h"
-#include "platform/Errors.h"
+#include "platform/HostFileSystem.h"
 #include "runner/SourceDirectory.h"
 #include "runner/Texts.h"
 #include "setup/BinarySubs.h"
@@ -20,43 +22,6 @@ namespace velquist::testing {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Files that exist in memory alone, by their path as the program spells it.
-class MemoryFiles final : public platform::FileSystem {
- public:
-  using Bytes = std::vector<std::byte>;
-  std::map<std::string, Bytes, std::less<>> files;
-
-  [[nodiscard]] bool Exists(std::string_view path) const override
-  {
-    const auto from = files.lower_bound(path);
-    if (from == files.end() || !from->first.starts_with(path)) return false;
-    return from->first.size() == path.size() || from->first[path.size()] == '\\';
-  }
-  [[nodiscard]] Bytes ReadWhole(std::string_view path) const override
-  {
-    const auto found = files.find(path);
-    if (found == files.end()) throw FileError(std::string(path), "No such file");
-    return found->second;
-  }
-  void WriteOver(std::string_view path, std::span<const std::byte> bytes) override
-  {
-    auto& file = files[std::string(path)];
-    if (file.size() < bytes.size()) file.resize(bytes.size());
-    std::ranges::copy(bytes, file.begin());
-  }
-  void WriteText(std::string_view path, std::string_view text) override
-  {
-    const auto bytes = std::as_bytes(std::span(text));
-    files[std::string(path)] = Bytes(bytes.begin(), bytes.end());
-  }
-  [[nodiscard]] std::vector<std::string> ListSubdirectories(std::string_view directory,
-                                                            std::size_t /*most*/) const override
-  {
-    if (directory.ends_with("\\Players\\")) return {"Jim"};
-    return {"monza"};
-  }
-};
 
 /// Answers with what the test set; tells what it must not be asked.
 class SetAnswers final : public platform::Dialogs {
@@ -87,24 +52,6 @@ class SetAnswers final : public platform::Dialogs {
   void ShowHelp() override {}
 };
 
-class Nothing final : public platform::Process,
-                      public platform::Clock,
-                      public platform::Random,
-                      public platform::Screen,
-                      public platform::PictureLoader,
-                      public platform::Resources {
- public:
-  void Start(std::string_view /*path*/) override {}
-  [[nodiscard]] std::uint64_t TickCount() const override { return 0; }
-  void Seed(std::uint64_t /*seed*/) override {}
-  [[nodiscard]] double Next() override { return 0; }
-  [[nodiscard]] int Width() const override { return 1280; }
-  [[nodiscard]] int Height() const override { return 1024; }
-  [[nodiscard]] Size Load(std::string_view /*path*/) override { return {}; }
-  [[nodiscard]] std::string Help() const override { return {}; }
-  [[nodiscard]] std::vector<std::byte> Picture() const override { return {}; }
-};
-
 std::size_t OffsetOf(int slot)
 {
   return static_cast<std::size_t>(setup::SlotOffset[static_cast<std::size_t>(slot)]);
@@ -132,11 +79,11 @@ class RoundTrip : public ::testing::Test {
     for (const auto& entry :
          fs::directory_iterator(velquist::testing::SourceDirectory() / "assets" / "program"))
       if (entry.is_regular_file())
-        files_.files["C:\\Velquist\\" + entry.path().filename().string()] =
-            platform::HostFileSystem().ReadWhole(entry.path().string());
+        files_.Put("C:\\Velquist\\" + entry.path().filename().string(),
+                   platform::HostFileSystem().ReadWhole(entry.path().string()));
     for (const auto& marker : setup::ModMarkers())
       files_.WriteText("C:\\GPL" + std::string(marker.file), "");
-    files_.WriteText("C:\\GPL\\Players\\Jim\\player.ini", "");
+    files_.WriteText("C:\\GPL\\Players\\Jim\\Setups\\monza\\note.txt", "");
     files_.WriteText("C:\\Velquist\\Velquist Program Settings.ini",
                      "\"C:\\GPL\"\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n\"C:\\GPL\"\r\n");
     window_.Form_Load("");
@@ -239,7 +186,7 @@ TEST_F(RoundTrip, TenThousandRandomSetupsOfBothLayoutsComeBack)
     dialogs_.year_button = Roll(0, long_layout ? 3 : 2);
     const auto bytes = AnySetup(long_layout);
     const auto name = track + std::string(kNames[static_cast<std::size_t>(Roll(0, 4))]);
-    files_.files[name] = bytes;
+    files_.Put(name, bytes);
     window_.Click(Roll(0, 1) == 1 ? "MnuLongFormat" : "MnuShortFormat");
     Open(name);
     ASSERT_EQ(window_.State().SetupBuffer, bytes);
@@ -273,8 +220,8 @@ TEST_F(RoundTrip, TenThousandRandomSetupsOfBothLayoutsComeBack)
     ASSERT_EQ(window_.State().ModYearIndex, year);
     EXPECT_EQ(Values(), expected);
     EXPECT_EQ(window_.Form().AsymmetricCheck.checked, asymmetric);
-    files_.files.erase(name);
-    files_.files.erase(saved_path);
+    files_.Remove(name);
+    files_.Remove(saved_path);
   }
   // Both layouts and both conversions had their share.
   EXPECT_GT(opened_long, kSetups / 3);
@@ -285,11 +232,12 @@ TEST_F(RoundTrip, TenThousandRandomSetupsOfBothLayoutsComeBack)
 TEST_F(RoundTrip, DroppedFileOpensWithoutADialog)
 {
   const std::string path = "C:\\GPL\\Players\\Jim\\Setups\\monza\\dropped.lp1";
-  files_.files[path] = AnySetup(true);
+  const auto bytes = AnySetup(true);
+  files_.Put(path, bytes);
   window_.FileDropped(path);
   EXPECT_EQ(window_.Form().Label4.text, "dropped.lp1");
   EXPECT_EQ(window_.Form().Combo2.text, "1966");
-  EXPECT_EQ(window_.State().SetupBuffer, files_.files[path]);
+  EXPECT_EQ(window_.State().SetupBuffer, bytes);
   EXPECT_FALSE(window_.State().changed);
 }
 

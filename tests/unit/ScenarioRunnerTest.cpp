@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include "Nothing.h"
 #include "runner/Texts.h"
 
 namespace velquist::runner {
@@ -82,12 +83,6 @@ class ButtonDriver final : public Driver {
   bool closed_ = false;
 };
 
-class NoResources final : public platform::Resources {
- public:
-  [[nodiscard]] std::string Help() const override { return {}; }
-  [[nodiscard]] std::vector<std::byte> Picture() const override { return {}; }
-};
-
 /// Three installations that write down what is done with them.
 class ThreeInstallations final : public platform::InstallDeleteForm {
  public:
@@ -108,7 +103,7 @@ class ThreeInstallations final : public platform::InstallDeleteForm {
 };
 
 /// Plays scripts on a ButtonDriver.
-class ScenarioRunner : public testing::Test {
+class ScenarioRunner : public ::testing::Test {
  protected:
   void SetUp() override
   {
@@ -151,9 +146,10 @@ class ScenarioRunner : public testing::Test {
     fs::remove_all(kept);
   }
 
-  fs::path shipped_ = fs::temp_directory_path() /
-                      ("velquist-shipped-" +
-                       std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+  fs::path shipped_ =
+      fs::temp_directory_path() /
+      ("velquist-shipped-" +
+       std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
   Actions actions_{
       {"Ask",
        [this](const Outside& outside) {
@@ -189,7 +185,7 @@ class ScenarioRunner : public testing::Test {
                   Shortest(outside.random.Next()) + " " + std::to_string(outside.screen.Width());
        }},
   };
-  NoResources resources_;
+  velquist::testing::NoResources resources_;
   std::ostringstream out_;
   std::ostringstream log_;
   std::optional<platform::Answer> answer_;

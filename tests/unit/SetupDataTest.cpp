@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "CommaLocale.h"
+#include "MemoryFiles.h"
 #include "SetupSamples.h"
 #include "platform/Errors.h"
 #include "platform/HostFileSystem.h"
@@ -19,6 +20,7 @@ namespace velquist::data {
 namespace {
 
 using namespace velquist::samples;
+using velquist::testing::MemoryFiles;
 using Fields = std::array<std::string, 6>;
 using Values = std::array<float, 5>;
 
@@ -28,7 +30,7 @@ constexpr std::string_view kPath = "C:\\Velquist\\67 Setup Data.ini";
 SetupData Read(std::string_view text)
 {
   MemoryFiles files;
-  files.files[std::string(kPath)] = text;
+  files.Put(kPath, text);
   SetupData data;
   EXPECT_TRUE(ReadSetupData(files, "C:\\Velquist", k1967, data));
   return data;
@@ -48,9 +50,9 @@ TEST(SetupDataFileName, IsSharedBy1965And1966And1969)
 TEST(ReadSetupData, TakesTheFileOfTheModYearFromTheProgramDirectory)
 {
   MemoryFiles files;
-  files.files["D:\\p\\67 Setup Data.ini"] = "67,1,2,3,4,5\r\n";
-  files.files["D:\\p\\65 Setup Data.ini"] = "65,1,2,3,4,5\r\n";
-  files.files["D:\\p\\GT Setup Data.ini"] = "GT,1,2,3,4,5\r\n";
+  files.Put("D:\\p\\67 Setup Data.ini", "67,1,2,3,4,5\r\n");
+  files.Put("D:\\p\\65 Setup Data.ini", "65,1,2,3,4,5\r\n");
+  files.Put("D:\\p\\GT Setup Data.ini", "GT,1,2,3,4,5\r\n");
   const std::array<const char*, 5> labels = {"67", "65", "65", "65", "GT"};
   for (const auto year : kModYears) {
     SetupData data;
@@ -135,12 +137,12 @@ TEST(ReadSetupData, DoesNotFollowTheLocale)
 TEST(ReadSetupData, HasExactlyTheRowsOfTheFileAndClearsEveryCurrentValue)
 {
   MemoryFiles files;
-  auto& text = files.files[std::string(kPath)];
   SetupData data = SampleData();
   for (auto& row : data.SetupDataValues) row.fill(99);
   for (const std::size_t lines : {60, 53, 3, 1, 0, 53}) {
-    text.clear();
+    std::string text;
     for (std::size_t i = 0; i < lines; ++i) text += "l,1,2,3,4,5\r\n";
+    files.Put(kPath, text);
     ASSERT_TRUE(ReadSetupData(files, "C:\\Velquist", k1967, data));
     ASSERT_EQ(data.SetupDataText.size(), lines);
     ASSERT_EQ(data.SetupDataValues.size(), lines);
@@ -165,7 +167,7 @@ TEST(ReadSetupData, IsFalseAndChangesNothingWithoutAFile)
 TEST(ReadSetupData, KeepsTheTablesWhenTheFileCannotBeRead)
 {
   MemoryFiles files;
-  files.unreadable.insert(std::string(kPath));
+  files.MakeUnreadable(kPath);
   SetupData data = SampleData();
   data.Current(3) = 5;
   EXPECT_TRUE(ReadSetupData(files, "C:\\Velquist", k1967, data));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the tests of setup files and data files share: the field map written down once more by hand,
-// sample setups and tables, and a file system in memory.
+// sample setups and tables.
 #pragma once
 
 #include <algorithm>
@@ -8,9 +8,6 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
-#include <map>
-#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -18,8 +15,6 @@
 
 #include "data/GearData.h"
 #include "data/SetupData.h"
-#include "platform/Errors.h"
-#include "platform/FileSystem.h"
 #include "setup/BinarySubs.h"
 
 namespace velquist::samples {
@@ -152,41 +147,5 @@ inline setup::Bytes SampleSetup(std::size_t size)
   bytes.resize(size);
   return bytes;
 }
-
-// --- Files in memory ---------------------------------------------------------------------------
-
-/// Files by their full path. A path in `unreadable` exists and cannot be read.
-class MemoryFiles final : public platform::FileSystem {
- public:
-  std::map<std::string, std::string, std::less<>> files;
-  std::set<std::string, std::less<>> unreadable;
-
-  [[nodiscard]] bool Exists(std::string_view path) const override
-  {
-    return files.contains(path) || unreadable.contains(path);
-  }
-  [[nodiscard]] std::vector<std::byte> ReadWhole(std::string_view path) const override
-  {
-    const auto file = files.find(path);
-    if (file == files.end() || unreadable.contains(path))
-      throw FileError(std::string(path), "cannot be read");
-    return BytesOf(file->second);
-  }
-  void WriteOver(std::string_view path, std::span<const std::byte> bytes) override
-  {
-    auto& file = files[std::string(path)];
-    if (file.size() < bytes.size()) file.resize(bytes.size());
-    for (std::size_t i = 0; i < bytes.size(); ++i) file[i] = static_cast<char>(bytes[i]);
-  }
-  void WriteText(std::string_view path, std::string_view text) override
-  {
-    files[std::string(path)] = text;
-  }
-  [[nodiscard]] std::vector<std::string> ListSubdirectories(std::string_view /*directory*/,
-                                                            std::size_t /*most*/) const override
-  {
-    return {};
-  }
-};
 
 }  // namespace velquist::samples

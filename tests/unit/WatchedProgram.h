@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Nothing.h"
 #include "platform/HostFileSystem.h"
 #include "runner/ScriptedPlatform.h"
 #include "runner/World.h"
@@ -120,12 +121,6 @@ class WatchedProgram {
   std::unique_ptr<app::MainWindow> window;
 
  private:
-  class NoResources final : public platform::Resources {
-   public:
-    [[nodiscard]] std::string Help() const override { return {}; }
-    [[nodiscard]] std::vector<std::byte> Picture() const override { return {}; }
-  };
-
   runner::Announcements announcements_;
   runner::ScriptedProcess process_{announcements_};
   runner::ScriptedClock clock_;

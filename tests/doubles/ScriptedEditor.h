@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Nothing.h"
 #include "runner/Play.h"
 
 namespace velquist::testing {
@@ -59,12 +60,6 @@ class ScriptedEditor {
   [[nodiscard]] runner::World& World() noexcept { return world_; }
 
  private:
-  class NoResources final : public platform::Resources {
-   public:
-    [[nodiscard]] std::string Help() const override { return {}; }
-    [[nodiscard]] std::vector<std::byte> Picture() const override { return {}; }
-  };
-
   runner::World world_;
   std::unique_ptr<runner::Driver> driver_;
   runner::ScriptedPlatform outside_;

@@ -1,107 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <algorithm>
-#include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
 #include <memory>
-#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "MemoryFiles.h"
+#include "Nothing.h"
 #include "app/MainWindow.h"
-#include "platform/Errors.h"
 #include "runner/ScriptedPlatform.h"
 
 /// The whole program without a window and without a disk, for tests and benchmarks.
 namespace velquist::testing {
-
-/// Files by their paths, letter case and kind of separator not counting. A directory is there when
-/// a file is below it.
-class MemoryFiles final : public platform::FileSystem {
- public:
-  void Put(std::string_view path, std::string text) { files_[Key(path)] = {Path(path), text}; }
-  void Put(std::string_view path, std::span<const std::byte> bytes)
-  {
-    Put(path, std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
-  }
-
-  [[nodiscard]] bool Exists(std::string_view path) const override
-  {
-    auto key = Key(path);
-    if (key.ends_with('/')) key.pop_back();
-    if (files_.contains(key)) return true;
-    const auto below = files_.lower_bound(key + "/");
-    return below != files_.end() && below->first.starts_with(key + "/");
-  }
-  [[nodiscard]] std::vector<std::byte> ReadWhole(std::string_view path) const override
-  {
-    const auto found = files_.find(Key(path));
-    if (found == files_.end()) throw FileError(std::string(path), "no such file");
-    const auto bytes = std::as_bytes(std::span(found->second.text));
-    return {bytes.begin(), bytes.end()};
-  }
-  void WriteOver(std::string_view path, std::span<const std::byte> bytes) override
-  {
-    auto& text = files_[Key(path)].text;
-    const std::string tail = text.substr(std::min(text.size(), bytes.size()));
-    Put(path, bytes);
-    text += tail;
-  }
-  void WriteText(std::string_view path, std::string_view text) override
-  {
-    Put(path, std::string(text));
-  }
-  [[nodiscard]] std::vector<std::string> ListSubdirectories(std::string_view directory,
-                                                            std::size_t most) const override
-  {
-    auto key = Key(directory);
-    if (!key.ends_with('/')) key += '/';
-    std::vector<std::string> names;
-    for (const auto& [path, file] : files_) {
-      if (!path.starts_with(key)) continue;
-      const auto end = path.find('/', key.size());
-      if (end == std::string::npos) continue;
-      auto name = file.path.substr(key.size(), end - key.size());
-      if (names.size() < most && std::ranges::find(names, name) == names.end())
-        names.push_back(std::move(name));
-    }
-    return names;
-  }
-
- private:
-  struct File {
-    std::string path;
-    std::string text;
-  };
-
-  static std::string Path(std::string_view path)
-  {
-    std::string slashed(path);
-    std::ranges::replace(slashed, '\\', '/');
-    return slashed;
-  }
-  static std::string Key(std::string_view path)
-  {
-    auto key = Path(path);
-    for (char& c : key)
-      if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return key;
-  }
-
-  std::map<std::string, File> files_;
-};
-
-class NoResources final : public platform::Resources {
- public:
-  [[nodiscard]] std::string Help() const override { return {}; }
-  [[nodiscard]] std::vector<std::byte> Picture() const override { return {}; }
-};
 
 /// What the settings file says, besides the one installation, its first player and first track.
 struct SavedSettings {
