@@ -91,6 +91,25 @@ TEST_F(PicturesOfCars, WholePicturesAreDecoded)
   EXPECT_NE(shown.GetWidth(), kBuiltInWidth);
 }
 
+TEST_F(PicturesOfCars, ThoseOfTheExampleInstallationAreDecodedAndOfEveryShape)
+{
+  int wide = 0;
+  int square = 0;
+  int tall = 0;
+  const auto cars = std::filesystem::path(VELQUIST_SOURCE_DIR) / "examples/GPL/cars";
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(cars)) {
+    if (!entry.is_regular_file()) continue;
+    SCOPED_TRACE(entry.path().string());
+    EXPECT_EQ(entry.path().filename(), "GEMPic.jpg");
+    const auto size = pictures_.Load(entry.path().string());
+    EXPECT_GT(size.width, 0);
+    ++(size.width > size.height ? wide : size.width == size.height ? square : tall);
+  }
+  EXPECT_EQ(wide, 5);
+  EXPECT_EQ(square, 1);
+  EXPECT_EQ(tall, 1);
+}
+
 TEST_F(PicturesOfCars, WithoutAPathTheBuiltInOneIsShown)
 {
   const auto& shown = pictures_.Picture("");
