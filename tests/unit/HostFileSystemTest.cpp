@@ -181,7 +181,7 @@ TEST_F(HostFiles, AFileThatCannotBeReadIsNamedWithTheReason)
 TEST_F(HostFiles, WriteOverLeavesTheTailOfALongerFile)
 {
   const std::string old(272, 'x');
-  for (const std::size_t length : {0, 1, 264, 271, 272, 273, 1000}) {
+  for (const std::size_t length : {0U, 1U, 264U, 271U, 272U, 273U, 1000U}) {
     WriteFile(folder / "a.lo1", old);
     const std::string fresh(length, 'y');
     files.WriteOver(At("\\a.lo1"), AsBytes(fresh));

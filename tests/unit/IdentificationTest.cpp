@@ -199,7 +199,7 @@ TEST(ModYearQuestions, HaveTheirTextsAndButtons)
 TEST(ModYearFromFile, CodesOf1966AloneNeedNoQuestionAtAnySize)
 {
   for (const auto code : kOf1966Alone) {
-    for (const std::size_t size : {4, 264, 272, 300}) {
+    for (const std::size_t size : {4U, 264U, 272U, 300U}) {
       const auto outcome = ModYearOf("monza." + std::string(code) + "1", SampleSetup(size), kGT);
       EXPECT_TRUE(outcome.installed);
       EXPECT_EQ(outcome.year, k1966) << code << ' ' << size;
@@ -211,7 +211,7 @@ TEST(ModYearFromFile, CodesOf1966AloneNeedNoQuestionAtAnySize)
 TEST(ModYearFromFile, CodesOfGTNeedNoQuestionAtAnySize)
 {
   for (const auto code : kOfGT) {
-    for (const std::size_t size : {4, 264, 272, 300}) {
+    for (const std::size_t size : {4U, 264U, 272U, 300U}) {
       const auto outcome = ModYearOf("monza." + std::string(code) + "1", SampleSetup(size), k1967);
       EXPECT_TRUE(outcome.installed);
       EXPECT_EQ(outcome.year, kGT) << code << ' ' << size;
@@ -266,7 +266,7 @@ TEST(ModYearFromFile, ALongFileWithoutWingAsksInTheFirstForm)
 TEST(ModYearFromFile, AFileOfAnyOtherSizeAsksInTheSecondForm)
 {
   const data::ModYear years[] = {k1965, k1966, k1967, k1969};
-  for (const std::size_t size : {0, 4, 263, 264, 265, 271, 273, 1000}) {
+  for (const std::size_t size : {0U, 4U, 263U, 264U, 265U, 271U, 273U, 1000U}) {
     for (int button = 0; button < 4; ++button) {
       const auto outcome = ModYearOf("x.fe1", SampleSetup(size), kGT, button);
       EXPECT_EQ(outcome.questions.asked, std::vector{ModYearForm::kFrmModYear2}) << size;

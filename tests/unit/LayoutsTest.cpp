@@ -205,7 +205,7 @@ TEST(LayoutConversion, ToLongAndBackGivesBackACleanShortFile)
 
 TEST(LayoutConversion, ToLongAndBackCleansExactlyHeaderAndFiller)
 {
-  for (const std::size_t at : {4, 8, 9, 261, 262, 263}) {
+  for (const std::size_t at : {4U, 8U, 9U, 261U, 262U, 263U}) {
     SCOPED_TRACE(at);
     Bytes unclean = CleanShortSetup();
     unclean[at] ^= std::byte{0x55};

@@ -262,7 +262,7 @@ TEST(Examples, OpenedAndSavedUntouchedTheyKeepTheirBytes)
   const auto examples = Examples();
   std::size_t setups = 0;
   for (const auto& entry : fs::recursive_directory_iterator(editor.Path("$G/Players")))
-    setups += entry.is_regular_file() ? 1 : 0;
+    if (entry.is_regular_file()) ++setups;
   ASSERT_EQ(examples.size(), setups);
 
   // What saving changes by design: the gear ID and ratio number of 3rd gear; a wing of 1967.

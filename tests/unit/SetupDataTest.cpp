@@ -139,7 +139,7 @@ TEST(ReadSetupData, HasExactlyTheRowsOfTheFileAndClearsEveryCurrentValue)
   MemoryFiles files;
   SetupData data = SampleData();
   for (auto& row : data.SetupDataValues) row.fill(99);
-  for (const std::size_t lines : {60, 53, 3, 1, 0, 53}) {
+  for (const std::size_t lines : {60U, 53U, 3U, 1U, 0U, 53U}) {
     std::string text;
     for (std::size_t i = 0; i < lines; ++i) text += "l,1,2,3,4,5\r\n";
     files.Put(kPath, text);
@@ -192,7 +192,7 @@ TEST(SetupData, ARowThatTheFileDidNotHaveThrows)
   SetupData data = Read("l,1,2,3,4,5\r\nl,1,2,3,4,5\r\n");
   const SetupData empty = Read("");
   EXPECT_NO_THROW((void)data.Current(1));
-  for (const std::size_t row : {2, 53, 1000}) {
+  for (const std::size_t row : {2U, 53U, 1000U}) {
     EXPECT_THROW((void)data.Value(row, kMinimum), BoundsError);
     EXPECT_THROW((void)data.Current(row), BoundsError);
     EXPECT_THROW((void)data.Text(row, kLabelField), BoundsError);

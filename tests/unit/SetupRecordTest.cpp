@@ -70,7 +70,7 @@ TEST(StoreSetupValues, RoundsWholeNumbersHalfToEven)
 TEST(StoreSetupValues, RebuildsTheListSlotsFromTheListsAndTheirMinimums)
 {
   auto data = NumberedData();
-  for (const std::size_t row : {13, 14, 15, 46}) data.Current(row) = -1234.5F;
+  for (const std::size_t row : {13U, 14U, 15U, 46U}) data.Current(row) = -1234.5F;
   Bytes bytes = SampleSetup(kShortLayoutSize);
   StoreSetupValues(data, {6, 4, 3, 2}, false, k1967, bytes);
   EXPECT_EQ(TakeWhole(bytes, 80), 70 + 6);

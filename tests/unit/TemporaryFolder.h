@@ -5,9 +5,9 @@
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <random>
 #include <span>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -78,7 +78,9 @@ inline std::string ContentOf(const std::filesystem::path& path)
 {
   std::ifstream file(path, std::ios::binary);
   if (!file) throw std::runtime_error("cannot read " + path.string());
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  std::ostringstream content;
+  content << file.rdbuf();
+  return content.str();
 }
 
 inline std::span<const std::byte> AsBytes(std::string_view text)
