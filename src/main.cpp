@@ -11,15 +11,15 @@
 #include <vector>
 
 #include "app/MainWindow.h"
+#include "platform/CommandLine.h"
+#include "platform/EmbeddedResources.h"
 #include "platform/Errors.h"
 #include "platform/HostFileSystem.h"
 #include "platform/ProgramDirectory.h"
-#include "platform/wx/CommandLine.h"
-#include "platform/wx/WxDialogs.h"
-#include "platform/wx/WxPictureLoader.h"
-#include "platform/wx/WxResources.h"
-#include "platform/wx/WxSystem.h"
-#include "platform/wx/WxText.h"
+#include "platform_wx/WxDialogs.h"
+#include "platform_wx/WxPictureLoader.h"
+#include "platform_wx/WxSystem.h"
+#include "platform_wx/WxText.h"
 #include "ui/FrmMain.h"
 
 namespace velquist {
@@ -82,7 +82,7 @@ class Program final : public wxApp {
 
   platform::CommandLine command_line_;
   platform::HostFileSystem files_;
-  platform::WxResources resources_;
+  platform::EmbeddedResources resources_;
   platform::WxDialogs dialogs_;
   platform::WxProcess process_;
   platform::WxClock clock_;

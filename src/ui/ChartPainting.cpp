@@ -11,7 +11,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/wx/WxText.h"
+#include "platform_wx/WxText.h"
 
 namespace velquist::ui {
 namespace {

@@ -12,9 +12,9 @@
 #include <utility>
 
 #include "app/FormControlSettings.h"
-#include "platform/wx/NativeLook.h"
-#include "platform/wx/ProgramIcons.h"
-#include "platform/wx/WxText.h"
+#include "platform_wx/NativeLook.h"
+#include "platform_wx/ProgramIcons.h"
+#include "platform_wx/WxText.h"
 #include "ui/StepButton.h"
 
 namespace velquist::ui {

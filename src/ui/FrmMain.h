@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "app/MainWindow.h"
-#include "platform/wx/WxPictureLoader.h"
+#include "platform_wx/WxPictureLoader.h"
 #include "ui/Menus.h"
 #include "ui/PictureBoxes.h"
 #include "ui/Widgets.h"

@@ -5,7 +5,7 @@
 #include <array>
 
 #include "app/FormControlSettings.h"
-#include "platform/wx/WxText.h"
+#include "platform_wx/WxText.h"
 
 namespace velquist::ui {
 namespace {

@@ -9,8 +9,8 @@
 #include <utility>
 
 #include "app/CarPictures.h"
-#include "platform/wx/NativeLook.h"
-#include "platform/wx/WxText.h"
+#include "platform_wx/NativeLook.h"
+#include "platform_wx/WxText.h"
 #include "ui/ChartPainting.h"
 #include "ui/Widgets.h"
 

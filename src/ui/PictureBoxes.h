@@ -11,7 +11,7 @@
 
 #include "app/MainForm.h"
 #include "app/PictureRecorder.h"
-#include "platform/wx/WxPictureLoader.h"
+#include "platform_wx/WxPictureLoader.h"
 
 namespace velquist::ui {
 

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <utility>
 
-#include "platform/wx/NativeLook.h"
-#include "platform/wx/WxText.h"
+#include "platform_wx/NativeLook.h"
+#include "platform_wx/WxText.h"
 
 namespace velquist::ui {
 namespace {

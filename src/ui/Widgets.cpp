@@ -9,8 +9,8 @@
 #include <wx/stattext.h>
 
 #include "app/FormControlSettings.h"
-#include "platform/wx/NativeLook.h"
-#include "platform/wx/WxText.h"
+#include "platform_wx/NativeLook.h"
+#include "platform_wx/WxText.h"
 
 namespace velquist::ui {
 namespace {

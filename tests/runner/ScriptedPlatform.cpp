@@ -4,7 +4,7 @@
 #include <array>
 
 #include "platform/Errors.h"
-#include "platform/wx/JpegHeader.h"
+#include "platform/JpegHeader.h"
 #include "runner/Texts.h"
 
 namespace velquist::runner {

@@ -13,7 +13,7 @@
 #include <shellapi.h>
 #endif
 
-#include "platform/wx/WxResources.h"
+#include "platform/EmbeddedResources.h"
 #include "runner/Runner.h"
 #include "runner/SourceDirectory.h"
 
@@ -60,7 +60,7 @@ void KeepLineEnds() {}
 
 int PlayAll(const CommandLine& line)
 {
-  platform::WxResources resources;
+  platform::EmbeddedResources resources;
   Runner runner(line.options, line.window ? MakeWindowDriver : MakeModelDriver, resources,
                 std::cout, std::cerr);
   for (const auto& path : line.paths) runner.PlayPath(path);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/wx/FileDialogText.h"
+#include "platform/FileDialogText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/wx/WxResources.h"
+#include "platform/EmbeddedResources.h"
 
 #include <algorithm>
 #include <cctype>
@@ -30,7 +30,7 @@ std::string ReadAsset(const char* name)
 
 std::string Manual()
 {
-  return WxResources().Help();
+  return EmbeddedResources().Help();
 }
 
 std::string Lower(std::string text)
@@ -60,7 +60,7 @@ std::string Plain(std::string_view caption)
 TEST(Resources, AreTheFilesOfTheProjectByteForByte)
 {
   EXPECT_EQ(Manual(), ReadAsset("manual.txt"));
-  const auto picture = WxResources().Picture();
+  const auto picture = EmbeddedResources().Picture();
   const std::string bytes(reinterpret_cast<const char*>(picture.data()), picture.size());
   EXPECT_TRUE(bytes == ReadAsset("about.jpg"));
   EXPECT_GT(bytes.size(), 10'000U);

@@ -7,9 +7,9 @@
 #include <string>
 
 #include "RealWindow.h"
-#include "platform/wx/FrmHelp.h"
-#include "platform/wx/WxResources.h"
-#include "platform/wx/WxText.h"
+#include "platform/EmbeddedResources.h"
+#include "platform_wx/FrmHelp.h"
+#include "platform_wx/WxText.h"
 
 namespace velquist::testing {
 namespace {
@@ -32,7 +32,7 @@ class HelpWindow : public ::testing::Test {
     return *static_cast<wxTextCtrl*>(wxWindow::FindWindowByName("Text1", help_));
   }
 
-  std::string manual_ = platform::WxResources().Help();
+  std::string manual_ = platform::EmbeddedResources().Help();
   wxWeakRef<platform::FrmHelp> help_;
 };
 

@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <thread>
 
-#include "platform/wx/WxText.h"
+#include "platform_wx/WxText.h"
 #include "runner/window/WindowSystem.h"
 #include "ui/Widgets.h"
 

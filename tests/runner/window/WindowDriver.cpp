@@ -17,10 +17,10 @@
 #include <stdexcept>
 
 #include "app/FormControlSettings.h"
-#include "platform/wx/FrmHelp.h"
-#include "platform/wx/FrmInstallDelete.h"
-#include "platform/wx/FrmModYear.h"
-#include "platform/wx/WxText.h"
+#include "platform_wx/FrmHelp.h"
+#include "platform_wx/FrmInstallDelete.h"
+#include "platform_wx/FrmModYear.h"
+#include "platform_wx/WxText.h"
 #include "runner/Driver.h"
 #include "runner/window/WindowSystem.h"
 #include "ui/FrmMain.h"

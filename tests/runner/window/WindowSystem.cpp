@@ -14,7 +14,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/wx/WxText.h"
+#include "platform_wx/WxText.h"
 #include "runner/Driver.h"
 
 namespace velquist::runner {

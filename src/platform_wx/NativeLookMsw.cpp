@@ -3,7 +3,7 @@
 #include <wx/msgdlg.h>
 #include <wx/msw/wrapwin.h>
 
-#include "platform/wx/NativeLook.h"
+#include "platform_wx/NativeLook.h"
 
 namespace velquist::platform {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/wx/JpegHeader.h"
+#include "platform/JpegHeader.h"
 
 namespace velquist::platform {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <wx/msw/wrapwin.h>
 
-#include "platform/wx/ProgramIcons.h"
+#include "platform_wx/ProgramIcons.h"
 
 namespace velquist::platform {
 

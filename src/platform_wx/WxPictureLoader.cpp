@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "platform/wx/WxPictureLoader.h"
+#include "platform_wx/WxPictureLoader.h"
 
 #include <wx/imagjpeg.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
 
 #include "platform/Errors.h"
-#include "platform/wx/JpegHeader.h"
+#include "platform/JpegHeader.h"
 
 namespace velquist::platform {
 namespace {

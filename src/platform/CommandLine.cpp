@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/wx/CommandLine.h"
+#include "platform/CommandLine.h"
 
 #include "platform/Paths.h"
 

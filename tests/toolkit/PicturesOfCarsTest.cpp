@@ -11,9 +11,9 @@
 #include <gtest/gtest.h>
 
 #include "ScriptedEditor.h"
+#include "platform/EmbeddedResources.h"
 #include "platform/HostFileSystem.h"
-#include "platform/wx/WxPictureLoader.h"
-#include "platform/wx/WxResources.h"
+#include "platform_wx/WxPictureLoader.h"
 #include "runner/SourceDirectory.h"
 
 namespace velquist::platform {
@@ -76,7 +76,7 @@ class PicturesOfCars : public ::testing::Test {
 
   testing::ScriptedEditor editor_;
   HostFileSystem files_;
-  WxResources resources_;
+  EmbeddedResources resources_;
   WxPictureLoader pictures_{files_, resources_};
 };
 

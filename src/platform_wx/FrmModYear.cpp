@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/wx/FrmModYear.h"
+#include "platform_wx/FrmModYear.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>
@@ -8,8 +8,8 @@
 
 #include <array>
 
-#include "platform/wx/ProgramIcons.h"
-#include "platform/wx/WxText.h"
+#include "platform_wx/ProgramIcons.h"
+#include "platform_wx/WxText.h"
 
 namespace velquist::platform {
 namespace {

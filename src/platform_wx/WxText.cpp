@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/wx/WxText.h"
+#include "platform_wx/WxText.h"
 
 #include <wx/control.h>
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "platform/wx/FrmHelp.h"
+#include "platform_wx/FrmHelp.h"
 
 #include <wx/sizer.h>
 
 #include <algorithm>
 
-#include "platform/wx/NativeLook.h"
-#include "platform/wx/ProgramIcons.h"
-#include "platform/wx/WxText.h"
+#include "platform_wx/NativeLook.h"
+#include "platform_wx/ProgramIcons.h"
+#include "platform_wx/WxText.h"
 
 namespace velquist::platform {
 namespace {

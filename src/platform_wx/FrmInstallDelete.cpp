@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "platform/wx/FrmInstallDelete.h"
+#include "platform_wx/FrmInstallDelete.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
-#include "platform/wx/NativeLook.h"
-#include "platform/wx/ProgramIcons.h"
-#include "platform/wx/WxText.h"
+#include "platform_wx/NativeLook.h"
+#include "platform_wx/ProgramIcons.h"
+#include "platform_wx/WxText.h"
 
 namespace velquist::platform {
 namespace {

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "platform/wx/WxDialogs.h"
+#include "platform_wx/WxDialogs.h"
 
 #include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/msgdlg.h>
 
+#include "platform/FileDialogText.h"
 #include "platform/HostFileSystem.h"
 #include "platform/Paths.h"
-#include "platform/wx/FileDialogText.h"
-#include "platform/wx/FrmInstallDelete.h"
-#include "platform/wx/FrmModYear.h"
-#include "platform/wx/NativeLook.h"
-#include "platform/wx/WxText.h"
+#include "platform_wx/FrmInstallDelete.h"
+#include "platform_wx/FrmModYear.h"
+#include "platform_wx/NativeLook.h"
+#include "platform_wx/WxText.h"
 
 namespace velquist::platform {
 namespace {

@@ -5,8 +5,8 @@
 
 #include <span>
 
-#include "platform/wx/EmbedElf.h"
-#include "platform/wx/ProgramIcons.h"
+#include "platform/EmbedElf.h"
+#include "platform_wx/ProgramIcons.h"
 
 VELQUIST_EMBED(velquist_icon_16, "icon/velquist-16.png");
 VELQUIST_EMBED(velquist_icon_24, "icon/velquist-24.png");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/wx/WxSystem.h"
+#include "platform_wx/WxSystem.h"
 
 #include <wx/display.h>
 #include <wx/filename.h>
@@ -10,7 +10,7 @@
 
 #include "platform/Errors.h"
 #include "platform/HostFileSystem.h"
-#include "platform/wx/WxText.h"
+#include "platform_wx/WxText.h"
 
 namespace velquist::platform {
 

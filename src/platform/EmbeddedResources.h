@@ -11,7 +11,7 @@ namespace velquist::platform {
 
 /// What is embedded in this executable: on Windows its resources, elsewhere the same files as
 /// data of the program.
-class WxResources final : public Resources {
+class EmbeddedResources final : public Resources {
  public:
   [[nodiscard]] std::string Help() const override;
   [[nodiscard]] std::vector<std::byte> Picture() const override;

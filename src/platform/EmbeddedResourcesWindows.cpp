@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "platform/wx/WxResources.h"
+#include "platform/EmbeddedResources.h"
 
 namespace velquist::platform {
 namespace {
@@ -18,13 +18,13 @@ std::span<const std::byte> Resource(const wchar_t* type, WORD number)
 
 }  // namespace
 
-std::string WxResources::Help() const
+std::string EmbeddedResources::Help() const
 {
   const auto bytes = Resource(L"HELP", 101);
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-std::vector<std::byte> WxResources::Picture() const
+std::vector<std::byte> EmbeddedResources::Picture() const
 {
   const auto bytes = Resource(L"JPEG", 102);
   return {bytes.begin(), bytes.end()};

@@ -5,7 +5,7 @@
 
 #include <wx/generic/msgdlgg.h>
 
-#include "platform/wx/NativeLook.h"
+#include "platform_wx/NativeLook.h"
 
 namespace velquist::platform {
 namespace {

@@ -12,7 +12,7 @@
 
 #include "platform/Dialogs.h"
 #include "platform/System.h"
-#include "platform/wx/FrmHelp.h"
+#include "platform_wx/FrmHelp.h"
 
 namespace velquist::platform {
 
