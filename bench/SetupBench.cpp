@@ -32,7 +32,8 @@ void LoadAndStoreDefaultSetup(benchmark::State& state)
   }
   for (auto _ : state) {
     const bool symmetric = setup::LoadSetupValues(buffer, gears, k1967, values);
-    setup::StoreSetupValues(values, {0, 0, 0, 0}, !symmetric, k1967, buffer);
+    setup::StoreSetupValues(values, setup::ValuesOfLists(values, {0, 0, 0, 0}), !symmetric, k1967,
+                            buffer);
     benchmark::DoNotOptimize(buffer.data());
     benchmark::ClobberMemory();
   }

@@ -22,6 +22,7 @@ namespace {
 
 using namespace velquist;
 using app::Primitive;
+using data::ModYear;
 
 constexpr int kWidth = 600;
 constexpr int kHeight = 300;
@@ -30,22 +31,23 @@ app::PictureRecorder SpeedBandsPicture()
 {
   constexpr int kMaximumRpm = 11200;
   data::EngineCurve curve;
-  data::ComputeEngineCurve(0, 1, curve);
+  data::ComputeEngineCurve(ModYear::k1967, 1, curve);
   const std::array<float, 6> ratios = {2.4F, 1.9F, 1.5F, 1.25F, 1.05F, 0.9F};
   app::PictureRecorder picture;
   picture.Resize(kWidth, kHeight);
-  charts::DrawSpeedBands(picture, 0,
-                         charts::ComputeSpeedBands(curve, kMaximumRpm, 0, 1, ratios, 3.6F, false));
+  charts::DrawSpeedBands(
+      picture, ModYear::k1967,
+      charts::ComputeSpeedBands(curve, kMaximumRpm, ModYear::k1967, 1, ratios, 3.6F, false));
   return picture;
 }
 
 app::PictureRecorder EnginePicture()
 {
   data::EngineCurve curve;
-  data::ComputeEngineCurve(0, 1, curve);
+  data::ComputeEngineCurve(ModYear::k1967, 1, curve);
   app::PictureRecorder picture;
   picture.Resize(kWidth, kHeight);
-  charts::DrawEngineChart(picture, 0, curve, 11200);
+  charts::DrawEngineChart(picture, ModYear::k1967, curve, 11200);
   return picture;
 }
 

@@ -5,7 +5,6 @@
 #include "data/Numbers.h"
 #include "edit/Display.h"
 #include "edit/Drivetrain.h"
-#include "setup/SetupRecord.h"
 #include "setup/SlotTable.h"
 
 namespace velquist::app {
@@ -20,56 +19,31 @@ std::size_t At(int slot)
 
 }  // namespace
 
-void MainWindow::LoadValues()
-{
-  const bool symmetric = setup::LoadSetupValues(globals_.SetupBuffer, globals_.GearData,
-                                                globals_.ModYearIndex, globals_.setup_data);
-  SetChecked(form_.AsymmetricCheck, !symmetric);
-}
-
-/// Takes the setup in the buffer into values, lists and labels.
+/// Shows the setup whose values were loaded.
 void MainWindow::ShowSetup()
 {
-  LoadValues();
-  FillDrivetrainLists();
+  car_.LoadLists();
+  ShowOptions();
+  ShowDrivetrainLists();
   RefreshDisplay();
-}
-
-float MainWindow::SlotValue(int slot) const
-{
-  return globals_.setup_data.Value(setup::RowOf(slot), data::kCurrent);
 }
 
 void MainWindow::Step_Click(int slot, edit::Direction direction)
 {
-  globals_.changed = true;
-  const float rear_weight = data::RearWeightFraction(globals_.ModYearIndex, EngineSlot());
-  const bool gear = slot >= setup::kFirstGear && slot <= kLastGear;
-  float& value = globals_.setup_data.Current(setup::RowOf(slot));
-  const float before = value;
-  const auto shown =
-      edit::Step(globals_.setup_data, slot, direction, globals_.options, rear_weight);
-  if (!gear) {
+  const auto shown = car_.Step(slot, direction);
+  if (!setup::IsGear(slot)) {
     for (const int each : shown) ShowSlotValue(each);
   } else if (!shown.empty()) {
-    try {
-      ShowGear(slot);
-      DrawSpeedBands();
-    } catch (const BoundsError&) {
-      value = before;
-      throw;
-    }
+    ShowGear(slot);
+    DrawSpeedBands();
   }
 }
 
 void MainWindow::Combo1_Click(int list)
 {
-  globals_.changed = true;
+  car_.ChooseInList(list, form_.Combo1[At(list)].selection);
   if (list == edit::kFinalDriveList) {
-    globals_.setup_data.Current(setup::RowOf(setup::kFinalDrive)) =
-        static_cast<float>(FinalDriveRow());
-    for (int slot = setup::kFirstGear; slot <= kLastGear; ++slot)
-      ShowOverallRatio(slot, FinalDriveRow());
+    for (int slot = setup::kFirstGear; slot <= kLastGear; ++slot) ShowOverallRatio(slot);
     DrawSpeedBands();
   } else {
     ShowLockingPercent();
@@ -86,38 +60,43 @@ void MainWindow::OptUnits_Click()
 
 void MainWindow::AsymmetricCheck_Click()
 {
-  globals_.options.asymmetric = form_.AsymmetricCheck.checked;
-  if (!form_.AsymmetricCheck.checked) return;
-  SetChecked(form_.SpringStiffnessProportional, false);
+  car_.SetAsymmetric(form_.AsymmetricCheck.checked);
+  ShowOptions();
 }
 
 void MainWindow::SpringStiffnessProportional_Click()
 {
-  globals_.options.proportional_springs = form_.SpringStiffnessProportional.checked;
-  if (!form_.SpringStiffnessProportional.checked) return;
-  SetChecked(form_.AsymmetricCheck, false);
+  car_.SetProportionalSprings(form_.SpringStiffnessProportional.checked);
+  ShowOptions();
 }
 
 void MainWindow::FineCheck_Click()
 {
-  globals_.options.fine = form_.FineCheck.checked;
-  globals_.FineIndex = form_.FineCheck.checked ? 1 : 0;
+  car_.SetFine(form_.FineCheck.checked);
   RefreshDisplay();
 }
 
 void MainWindow::RollBarConstTotal_Click()
 {
-  globals_.options.constant_roll_bars = form_.RollBarConstTotal.checked;
+  car_.SetConstantRollBars(form_.RollBarConstTotal.checked);
 }
 
-void MainWindow::FillDrivetrainLists()
+void MainWindow::ShowOptions()
 {
-  for (const int list :
-       {edit::kPowerAngleList, edit::kCoastAngleList, edit::kClutchesList, edit::kFinalDriveList}) {
-    auto built = edit::BuildDrivetrainList(list, globals_.setup_data, globals_.GearData);
+  const auto& options = car_.Options();
+  form_.AsymmetricCheck.checked = options.asymmetric;
+  form_.FineCheck.checked = options.fine;
+  form_.RollBarConstTotal.checked = options.constant_roll_bars;
+  form_.SpringStiffnessProportional.checked = options.proportional_springs;
+}
+
+void MainWindow::ShowDrivetrainLists()
+{
+  for (int list = 0; list < edit::kDrivetrainLists; ++list) {
     Control& combo = form_.Combo1[At(list)];
-    combo.items = std::move(built.items);
-    Choose(combo, built.selection);
+    combo.items = edit::ItemsOfList(list, car_.SetupData(), car_.Gears());
+    combo.selection = car_.ListSelection(list);
+    combo.text = combo.items.at(At(combo.selection));
   }
 }
 
@@ -135,28 +114,20 @@ void MainWindow::RefreshDisplay()
 void MainWindow::ShowSlotValue(int slot)
 {
   form_.Label1[At(slot)].text =
-      edit::DisplayText(slot, globals_.setup_data.Value(setup::RowOf(slot), data::kCurrent),
-                        globals_.Units, globals_.FineIndex);
-}
-
-/// The final drive's row: the first one of its list plus the selected position.
-int MainWindow::FinalDriveRow() const
-{
-  const float minimum = globals_.setup_data.Value(setup::RowOf(setup::kFinalDrive), data::kMinimum);
-  return data::ToInt16(minimum) + form_.Combo1[edit::kFinalDriveList].selection;
+      edit::DisplayText(slot, car_.Value(slot), globals_.Units, car_.Options().FineIndex());
 }
 
 void MainWindow::ShowGear(int slot)
 {
-  const int row = edit::GearRowOf(globals_.setup_data, slot);
-  form_.Label1[At(slot)].text = globals_.GearData.DisplayText(row);
-  ShowOverallRatio(slot, FinalDriveRow());
+  const int row = edit::GearRowOf(car_.SetupData(), slot);
+  form_.Label1[At(slot)].text = car_.Gears().DisplayText(row);
+  ShowOverallRatio(slot);
 }
 
-void MainWindow::ShowOverallRatio(int slot, int final_drive_row)
+void MainWindow::ShowOverallRatio(int slot)
 {
   form_.Label2[At(slot)].text = edit::OverallRatioText(
-      globals_.GearData, edit::GearRowOf(globals_.setup_data, slot), final_drive_row);
+      car_.Gears(), edit::GearRowOf(car_.SetupData(), slot), car_.FinalDriveRow());
 }
 
 void MainWindow::ShowLockingPercent()
@@ -175,7 +146,7 @@ void MainWindow::ShowLockingPercent()
 void MainWindow::ShowGearRows()
 {
   constexpr int kAlwaysShown = 3;
-  const int gears = data::GearCount(globals_.ModYearIndex, EngineSlot());
+  const int gears = car_.GearCount();
   for (int gear = kAlwaysShown; gear < data::kMostGears; ++gear) {
     const auto slot = At(setup::kFirstGear + gear);
     for (Control* control : {&form_.Label1[slot], &form_.Label2[slot], &form_.Label3[slot],

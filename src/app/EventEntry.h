@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <exception>
 #include <string>
 #include <utility>
 
@@ -13,11 +14,26 @@ namespace velquist::app {
 
 /// What there was before a command.
 struct MainWindow::Before {
+  edit::CarSnapshot car;
   Globals globals;
   MainForm form;
 };
 
-/// Runs a command from the user. What it throws ends here.
+/// A flag that has another value until the end of a block.
+class Flag {
+ public:
+  Flag(bool& flag, bool value) : flag_(flag), before_(std::exchange(flag, value)) {}
+  ~Flag() { flag_ = before_; }
+  Flag(const Flag&) = delete;
+  Flag& operator=(const Flag&) = delete;
+
+ private:
+  bool& flag_;
+  bool before_;
+};
+
+/// Runs a command from the user. What it throws ends here; the command itself has gone back by
+/// then to where it was.
 template <class Command>
 void MainWindow::Event(Command&& command)
 {
@@ -33,6 +49,9 @@ void MainWindow::Event(Command&& command)
         platform::Icon::kExclamation);
   } catch (const FileError& error) {
     Tell(error.Path() + "\n" + error.Reason() + ".", platform::Icon::kExclamation);
+  } catch (const std::exception& error) {
+    Tell(std::string("This cannot be done: ") + error.what() + ".  Nothing was changed.",
+         platform::Icon::kExclamation);
   }
 }
 
@@ -40,16 +59,22 @@ void MainWindow::Event(Command&& command)
 template <class Command>
 void MainWindow::AllOrNothing(Command&& command)
 {
-  Before before{globals_, form_};
+  Before before{car_.Snapshot(), globals_, form_};
   try {
     std::forward<Command>(command)();
   } catch (const ProgramEnd&) {
     throw;
   } catch (...) {
-    globals_ = std::move(before.globals);
-    form_ = std::move(before.form);
+    GoBack(std::move(before));
     throw;
   }
+}
+
+inline void MainWindow::GoBack(Before before)
+{
+  car_.Restore(std::move(before.car));
+  globals_ = std::move(before.globals);
+  form_ = std::move(before.form);
 }
 
 }  // namespace velquist::app

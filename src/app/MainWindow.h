@@ -7,7 +7,7 @@
 
 #include "app/Globals.h"
 #include "app/MainForm.h"
-#include "edit/StepEditing.h"
+#include "edit/CarSetup.h"
 #include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
 #include "platform/System.h"
@@ -55,14 +55,13 @@ class MainWindow {
   /// The window's client area has this size now.
   void Resized(int client_width, int client_height);
 
-  /// A slot's current value, English units.
-  [[nodiscard]] float SlotValue(int slot) const;
   /// What a chart shows at a place in its picture box, pixels, in a few lines; empty outside its
   /// plot box.
   [[nodiscard]] std::string PictureChart_MouseMove(double x, double y) const;
   [[nodiscard]] std::string PictureChart2_MouseMove(double x, double y) const;
 
   [[nodiscard]] const MainForm& Form() const noexcept { return form_; }
+  [[nodiscard]] const edit::CarSetup& Car() const noexcept { return car_; }
   [[nodiscard]] const Globals& State() const noexcept { return globals_; }
   /// The program has ended: the window must go and nothing more is handled.
   [[nodiscard]] bool Ended() const noexcept { return ended_; }
@@ -76,6 +75,7 @@ class MainWindow {
   void Event(Command&& command);
   template <class Command>
   void AllOrNothing(Command&& command);
+  void GoBack(Before before);
   void Fire(const Control& control);
   void Choose(Control& list, int index);
   bool ChooseText(Control& list, std::string_view text);
@@ -117,29 +117,31 @@ class MainWindow {
   void MnuAddInstall_Click();
   void MnuDeleteInstall_Click();
 
-  // FileCommands.cpp: between disk and editor
-  void MnuNew_Click();
+  // Opening.cpp: from disk
   void MnuOpen_Click();
+  void MnuImportChassis_Click();
+  void MnuImportDrivetrain_Click();
+  void OpenPath(const std::string& path);
+  bool FindModYear(std::string_view file_name);
+  void TakeOpened(const std::string& path, const std::string& name);
+  std::optional<std::string> AskForSetup();
+  template <class Import>
+  void ImportSetup(Import&& import);
+
+  // Saving.cpp: to disk
+  void MnuNew_Click();
   void MnuSave_Click();
   void MnuSaveAs_Click();
   void MnuRevert_Click();
   void MnuExport_Click();
-  void MnuImportChassis_Click();
-  void MnuImportDrivetrain_Click();
   void MnuReverse_Click();
   void MnuFormat_Click(bool long_format);
-  void OpenPath(const std::string& path);
-  void TakeOpened(const std::string& path, const std::string& name);
-  void Write(const std::string& path, bool convert);
   bool SaveFirst();
-  std::optional<std::string> AskForSetup();
-  template <class Import>
-  void ImportSetup(Import&& import);
+  [[nodiscard]] std::optional<setup::Layout> LayoutOfSaveAs() const;
   [[nodiscard]] std::string SetupDirectory() const;
-  void ShowFileName(std::string name);
+  void ShowFileName();
 
   // Editing.cpp: values and options
-  void LoadValues();
   void ShowSetup();
   void Step_Click(int slot, edit::Direction direction);
   void Combo1_Click(int list);
@@ -148,20 +150,19 @@ class MainWindow {
   void FineCheck_Click();
   void RollBarConstTotal_Click();
   void SpringStiffnessProportional_Click();
-  void FillDrivetrainLists();
+  void ShowOptions();
+  void ShowDrivetrainLists();
   void RefreshDisplay();
   void ShowSlotValue(int slot);
   void ShowGear(int slot);
-  void ShowOverallRatio(int slot, int final_drive_row);
+  void ShowOverallRatio(int slot);
   void ShowLockingPercent();
   void ShowGearRows();
-  [[nodiscard]] int FinalDriveRow() const;
 
   // Pictures.cpp: charts, car picture, marquee
   void DrawCharts();
   void DrawEngineChart();
   void DrawSpeedBands();
-  [[nodiscard]] int EngineSlot() const;
   void ShowCarPicture();
   void MoveMarquee();
   void PlaceMarquee();
@@ -170,6 +171,7 @@ class MainWindow {
   void MnuHelp2_Click();
 
   Outside outside_;
+  edit::CarSetup car_;
   Globals globals_;
   MainForm form_;
   bool ended_ = false;

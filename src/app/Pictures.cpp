@@ -26,12 +26,6 @@ constexpr int kUnitsPerPixel = 15;
 
 }  // namespace
 
-int MainWindow::EngineSlot() const
-{
-  return data::EngineSlot(globals_.chassis_index, globals_.formula_index)
-      .value_or(globals_.chassis_index);
-}
-
 void MainWindow::DrawCharts()
 {
   DrawSpeedBands();
@@ -40,13 +34,13 @@ void MainWindow::DrawCharts()
 
 void MainWindow::DrawEngineChart()
 {
-  charts::DrawEngineChart(form_.chart, globals_.ModYearIndex, globals_.curve,
+  charts::DrawEngineChart(form_.chart, car_.ModYearIndex(), globals_.curve,
                           globals_.bands.maximum_rpm);
 }
 
 std::string MainWindow::PictureChart_MouseMove(double x, double y) const
 {
-  return charts::ReadEngineChart(form_.chart.Width(), form_.chart.Height(), globals_.ModYearIndex,
+  return charts::ReadEngineChart(form_.chart.Width(), form_.chart.Height(), car_.ModYearIndex(),
                                  globals_.curve, x, y);
 }
 
@@ -58,27 +52,25 @@ std::string MainWindow::PictureChart2_MouseMove(double x, double y) const
 /// Recomputes the engine curve, too.
 void MainWindow::DrawSpeedBands()
 {
-  const int engine_slot = EngineSlot();
-  const auto& engine = data::EngineOf(globals_.ModYearIndex, engine_slot);
-  data::ComputeEngineCurve(globals_.ModYearIndex, engine_slot, globals_.curve);
+  const int engine_slot = car_.EngineSlot();
+  const auto& engine = data::EngineOf(car_.ModYearIndex(), engine_slot);
+  data::ComputeEngineCurve(car_.ModYearIndex(), engine_slot, globals_.curve);
   std::array<float, data::kMostGears> ratios{};
-  const auto gears = static_cast<std::size_t>(
-      std::min(data::GearCount(globals_.ModYearIndex, engine_slot), data::kMostGears));
+  const auto gears = static_cast<std::size_t>(std::min(car_.GearCount(), data::kMostGears));
+  const auto ratio = [&](int slot) {
+    return car_.Gears().Ratio(edit::GearRowOf(car_.SetupData(), slot));
+  };
   for (std::size_t gear = 0; gear < gears; ++gear)
-    ratios[gear] = globals_.GearData.Ratio(
-        edit::GearRowOf(globals_.setup_data, setup::kFirstGear + static_cast<int>(gear)));
-  const float final_drive =
-      globals_.GearData.Ratio(edit::GearRowOf(globals_.setup_data, setup::kFinalDrive));
+    ratios[gear] = ratio(setup::kFirstGear + static_cast<int>(gear));
   globals_.bands = charts::ComputeSpeedBands(
-      globals_.curve, data::ToInt32(engine.maximum_rpm), globals_.ModYearIndex,
-      globals_.chassis_index, std::span(ratios).first(gears), final_drive, globals_.Units != 0);
-  charts::DrawSpeedBands(form_.chart2, globals_.ModYearIndex, globals_.bands);
+      globals_.curve, data::ToInt32(engine.maximum_rpm), car_.ModYearIndex(), car_.ChassisIndex(),
+      std::span(ratios).first(gears), ratio(setup::kFinalDrive), globals_.Units != 0);
+  charts::DrawSpeedBands(form_.chart2, car_.ModYearIndex(), globals_.bands);
 }
 
 void MainWindow::ShowCarPicture()
 {
-  const auto path =
-      CarPicturePath(globals_.installation, globals_.ModYearIndex, globals_.chassis_index);
+  const auto path = CarPicturePath(globals_.installation, car_.ModYearIndex(), car_.ChassisIndex());
   if (!path.empty() && outside_.pictures.Load(path).width > 0) {
     form_.car_picture = path;
     return;

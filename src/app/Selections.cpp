@@ -6,6 +6,7 @@
 
 #include "app/EventEntry.h"
 #include "app/MainWindow.h"
+#include "app/ModYearFromFile.h"
 #include "data/ChassisCatalogue.h"
 #include "install/Installations.h"
 #include "platform/LetterCase.h"
@@ -123,30 +124,31 @@ void MainWindow::ListModYears()
 {
   form_.Combo2.items.clear();
   for (const auto& marker : setup::ModMarkers())
-    if (outside_.files.Exists(globals_.installation + std::string(marker.file)))
+    if (IsInstalled(marker.ModYearIndex, globals_.installation, outside_.files))
       form_.Combo2.items.emplace_back(data::ModYearText(marker.ModYearIndex));
 }
 
 void MainWindow::SelectModYear()
 {
-  globals_.filling_mod_years = true;
-  ChooseText(form_.Combo2, data::ModYearText(globals_.ModYearIndex));
-  globals_.filling_mod_years = false;
+  {
+    const Flag filling(globals_.filling_mod_years, true);
+    ChooseText(form_.Combo2, data::ModYearText(car_.ModYearIndex()));
+  }
   ShowModYearControls();
 }
 
 /// What is offered for some mod years alone.
 void MainWindow::ShowModYearControls()
 {
-  const bool wings = globals_.ModYearIndex == data::ModYear::k1969;
+  const bool wings = car_.ModYearIndex() == data::ModYear::k1969;
   form_.Wings.shown = form_.Wings.enabled = wings;
-  const bool gt = globals_.ModYearIndex == data::ModYear::kGT;
+  const bool gt = car_.ModYearIndex() == data::ModYear::kGT;
   for (Control* control : {&form_.AsymmetricCheck, &form_.MnuReverse})
     control->shown = control->enabled = !gt;
   form_.Combo6.shown = !gt;
   form_.Label5[kFormulaCaption].shown = !gt;
   if (gt) {
-    globals_.formula_index = 0;
+    car_.SetFormula(0);
     if (!form_.Combo6.items.empty()) Choose(form_.Combo6, 0);
   }
 }
@@ -154,28 +156,26 @@ void MainWindow::ShowModYearControls()
 void MainWindow::FillChassis()
 {
   form_.Combo3.items.clear();
-  for (int slot = 0; slot < data::ChassisCount(globals_.ModYearIndex); ++slot)
-    form_.Combo3.items.emplace_back(data::ChassisName(globals_.ModYearIndex, slot));
-  globals_.chassis_index =
-      static_cast<std::int16_t>(KeptPosition(globals_.chassis_index, form_.Combo3));
+  for (int slot = 0; slot < data::ChassisCount(car_.ModYearIndex()); ++slot)
+    form_.Combo3.items.emplace_back(data::ChassisName(car_.ModYearIndex(), slot));
+  car_.SetChassis(KeptPosition(car_.ChassisIndex(), form_.Combo3));
 }
 
 void MainWindow::FillModYears()
 {
   ListModYears();
   if (globals_.from_command_line) {
-    const auto chassis =
-        setup::ChassisIndexOf(globals_.ModYearIndex, setup::ChassisCodeOf(globals_.command_line));
-    if (chassis) globals_.chassis_index = static_cast<std::int16_t>(*chassis);
-    const auto formula = setup::FormulaIndexOf(globals_.command_line);
-    if (formula) globals_.formula_index = static_cast<std::int16_t>(*formula);
+    const auto code = setup::ChassisCodeOf(globals_.command_line);
+    if (const auto chassis = setup::ChassisIndexOf(car_.ModYearIndex(), code))
+      car_.SetChassis(*chassis);
+    if (const auto formula = setup::FormulaIndexOf(globals_.command_line))
+      car_.SetFormula(*formula);
   }
   FillChassis();
-  Choose(form_.Combo3, globals_.chassis_index);
+  Choose(form_.Combo3, car_.ChassisIndex());
   form_.Combo6.items = {"F1", "F2", "F3"};
-  globals_.formula_index =
-      static_cast<std::int16_t>(KeptPosition(globals_.formula_index, form_.Combo6));
-  Choose(form_.Combo6, globals_.formula_index);
+  car_.SetFormula(KeptPosition(car_.FormulaIndex(), form_.Combo6));
+  Choose(form_.Combo6, car_.FormulaIndex());
   SelectModYear();
 }
 
@@ -184,20 +184,21 @@ void MainWindow::Combo2_Click()
   if (globals_.filling_mod_years) return;
   const auto mod_year = data::ModYearOfText(form_.Combo2.text);
   if (!mod_year) return;
-  globals_.ModYearIndex = *mod_year;
+  car_.SetModYear(*mod_year);
   ShowModYearControls();
   FillChassis();
   ReadDataFiles();
   LoadDefaultSetup();
+  car_.LoadValues();
   ShowSetup();
-  Choose(form_.Combo3, globals_.chassis_index);
-  globals_.changed = false;
+  Choose(form_.Combo3, car_.ChassisIndex());
+  car_.ClearChanged();
 }
 
 void MainWindow::Combo3_Click()
 {
   if (!globals_.ready) return;
-  globals_.chassis_index = Position(form_.Combo3);
+  car_.SetChassis(form_.Combo3.selection);
   ShowCarPicture();
   ShowGearRows();
   DrawCharts();
@@ -206,7 +207,7 @@ void MainWindow::Combo3_Click()
 void MainWindow::Combo6_Click()
 {
   if (!globals_.ready) return;
-  globals_.formula_index = Position(form_.Combo6);
+  car_.SetFormula(form_.Combo6.selection);
   ShowGearRows();
   DrawCharts();
 }
@@ -215,22 +216,23 @@ void MainWindow::Combo7_Click()
 {
   if (!globals_.ready) return;
   globals_.installation = form_.Combo7.text;
-  globals_.ModYearIndex = data::ModYear::k1967;
-  globals_.chassis_index = globals_.formula_index = 0;
+  car_.SetModYear(data::ModYear::k1967);
+  car_.SetChassis(0);
+  car_.SetFormula(0);
   globals_.player_index = globals_.track_index = 0;
-  globals_.ready = false;
-  FillPlayersAndTracks();
-  ReadDataFiles();
-  LoadDefaultSetup();
-  LoadValues();
-  FillModYears();
-  SetChecked(form_.OptUnits[0], true);
-  FillDrivetrainLists();
-  RefreshDisplay();
-  globals_.ready = true;
+  {
+    const Flag filling(globals_.ready, false);
+    FillPlayersAndTracks();
+    ReadDataFiles();
+    LoadDefaultSetup();
+    car_.LoadValues();
+    FillModYears();
+    SetChecked(form_.OptUnits[0], true);
+    ShowSetup();
+  }
   ShowCarPicture();
   DrawCharts();
-  globals_.changed = false;
+  car_.ClearChanged();
 }
 
 void MainWindow::MnuAddInstall_Click()

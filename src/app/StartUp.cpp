@@ -9,8 +9,6 @@
 #include "install/Installations.h"
 #include "install/ProgramSettings.h"
 #include "platform/Paths.h"
-#include "setup/Identification.h"
-#include "setup/Layouts.h"
 
 namespace velquist::app {
 namespace {
@@ -55,7 +53,7 @@ void MainWindow::Form_Load(std::string_view command_line)
     LoadStartingSetup();
     globals_.from_command_line = false;
     globals_.ready = true;
-    globals_.changed = false;
+    car_.ClearChanged();
     ShowGearRows();
     DrawCharts();
     ShowCarPicture();
@@ -99,9 +97,9 @@ void MainWindow::ReadSettingsFile(const std::string& path)
   const auto settings = install::ParseProgramSettings(data::ReadText(outside_.files, path));
   globals_.installation = settings.installation;
   globals_.player_index = settings.player_index;
-  globals_.ModYearIndex = static_cast<data::ModYear>(settings.ModYearIndex);
-  globals_.chassis_index = settings.chassis_index;
-  globals_.formula_index = settings.formula_index;
+  car_.SetModYear(static_cast<data::ModYear>(settings.ModYearIndex));
+  car_.SetChassis(settings.chassis_index);
+  car_.SetFormula(settings.formula_index);
   globals_.track_index = settings.track_index;
   globals_.Units = settings.units;
   form_.Combo7.items = settings.installations;
@@ -141,10 +139,10 @@ void MainWindow::SaveProgramSettings()
   const install::ProgramSettings settings{
       .installation = form_.Combo7.text,
       .player_index = globals_.player_index,
-      .ModYearIndex = data::NumberOf(globals_.ModYearIndex),
+      .ModYearIndex = data::NumberOf(car_.ModYearIndex()),
       .format_flag = static_cast<std::int16_t>(form_.MnuShortFormat.checked ? 0 : 1),
-      .chassis_index = globals_.chassis_index,
-      .formula_index = globals_.formula_index,
+      .chassis_index = static_cast<std::int16_t>(car_.ChassisIndex()),
+      .formula_index = static_cast<std::int16_t>(car_.FormulaIndex()),
       .track_index = globals_.track_index,
       .units = globals_.Units,
       .installations = form_.Combo7.items,
@@ -170,7 +168,7 @@ void MainWindow::DeriveInstallationFromCommandLine()
 /// the saved mod year, with everything that depends on it.
 void MainWindow::LoadStartingSetup()
 {
-  const auto saved_mod_year = globals_.ModYearIndex;
+  const auto saved_mod_year = car_.ModYearIndex();
   if (globals_.from_command_line && ReadCommandLineSetup()) {
     try {
       AllOrNothing([&] {
@@ -184,7 +182,7 @@ void MainWindow::LoadStartingSetup()
     }
   }
   globals_.from_command_line = false;
-  globals_.ModYearIndex = saved_mod_year;
+  car_.SetModYear(saved_mod_year);
   LoadDefaultSetup();
   ReadDataFiles();
   TakeStartingSetup();
@@ -192,11 +190,10 @@ void MainWindow::LoadStartingSetup()
 
 void MainWindow::TakeStartingSetup()
 {
-  LoadValues();
+  car_.LoadValues();
   FillModYears();
   ApplyStoredUnits();
-  FillDrivetrainLists();
-  RefreshDisplay();
+  ShowSetup();
 }
 
 /// Reads the file of the command line and finds its mod year; false when it cannot be used.
@@ -204,16 +201,14 @@ bool MainWindow::ReadCommandLineSetup()
 {
   const auto& path = globals_.command_line;
   try {
-    globals_.SetupBuffer.clear();
-    if (!setup::IsSetupFile(outside_.files, path, globals_.SetupBuffer)) {
+    if (!car_.ReadFile(outside_.files, path)) {
       Tell("This is not a valid GPL setup file.  Please select another file.", Icon::kInformation);
       return false;
     }
     const auto name = std::string(platform::FileNameOf(path));
-    if (!setup::ModYearFromFile(name, globals_.SetupBuffer, globals_.installation, outside_.files,
-                                outside_.dialogs, globals_.ModYearIndex))
-      return false;
-    ShowFileName(name);
+    if (!FindModYear(name)) return false;
+    car_.SetFileName(name);
+    ShowFileName();
     return true;
   } catch (const FileError&) {
   } catch (const BoundsError&) {
@@ -233,10 +228,9 @@ void MainWindow::ApplyStoredUnits()
 /// Asks about unsaved changes; unless the answer is No, writes the settings and ends the program.
 bool MainWindow::MayClose()
 {
-  if (globals_.changed &&
-      outside_.dialogs.ShowMessage(
-          "You have made changes that are not saved.  Do you still want to quit?", Icon::kQuestion,
-          Buttons::kYesNo) != Answer::kYes)
+  if (car_.Changed() && outside_.dialogs.ShowMessage(
+                            "You have made changes that are not saved.  Do you still want to quit?",
+                            Icon::kQuestion, Buttons::kYesNo) != Answer::kYes)
     return false;
   try {
     SaveProgramSettings();
@@ -251,7 +245,7 @@ void MainWindow::LoadDefaultSetup()
   static constexpr std::array<std::string_view, data::kModYearCount> kDefaults = {
       "67 Velquist Default.vqset", "65 Velquist Default.vqset", "66 Velquist Default.vqset",
       "69 Velquist Default.vqset", "GT Velquist Default.vqset"};
-  const auto year = static_cast<std::size_t>(globals_.ModYearIndex);
+  const auto year = static_cast<std::size_t>(car_.ModYearIndex());
   if (year >= kDefaults.size()) EndWith(kCorruptedSettings, Icon::kCritical);
   const std::string name(kDefaults[year]);
   const auto path = outside_.program_directory + "\\" + name;
@@ -260,20 +254,20 @@ void MainWindow::LoadDefaultSetup()
         "You are missing the program's saved default setup file for this mod year.  Please "
         "reinstall Velquist.",
         Icon::kCritical);
-  setup::ReadSetupFile(outside_.files, path, globals_.SetupBuffer);
-  ShowFileName(name);
+  car_.ReadFile(outside_.files, path);
+  car_.SetFileName(name);
+  ShowFileName();
 }
 
 void MainWindow::ReadDataFiles()
 {
-  if (!data::ReadSetupData(outside_.files, outside_.program_directory, globals_.ModYearIndex,
-                           globals_.setup_data))
-    EndWith("You are missing the program's saved setup data file.  Please reinstall Velquist.",
-            Icon::kCritical);
-  if (!data::ReadGearData(outside_.files, outside_.program_directory, globals_.ModYearIndex,
-                          globals_.GearData))
-    EndWith("You are missing the program's saved gearset data file.  Please reinstall Velquist.",
-            Icon::kCritical);
+  const auto missing = car_.ReadDataFiles(outside_.files, outside_.program_directory);
+  if (!missing) return;
+  EndWith(
+      *missing == edit::DataFile::kSetupData
+          ? "You are missing the program's saved setup data file.  Please reinstall Velquist."
+          : "You are missing the program's saved gearset data file.  Please reinstall Velquist.",
+      Icon::kCritical);
 }
 
 }  // namespace velquist::app

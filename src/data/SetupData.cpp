@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "data/SetupData.h"
 
+#include <algorithm>
+
 #include "data/Numbers.h"
 #include "data/ReadText.h"
 #include "platform/Errors.h"
@@ -35,6 +37,18 @@ const std::string& SetupData::Text(std::size_t row, Field field) const
 std::int16_t SetupData::Whole(std::size_t row, Field field) const
 {
   return ToInt16(LeadingNumber(Text(row, field)));
+}
+
+void SetupData::CopyCurrent(std::array<float, kSetupRows>& values) const
+{
+  const auto rows = std::min(kSetupRows, SetupDataValues.size());
+  for (std::size_t row = 0; row < rows; ++row) values[row] = SetupDataValues[row][kCurrent];
+}
+
+void SetupData::SetCurrent(const std::array<float, kSetupRows>& values)
+{
+  const auto rows = std::min(kSetupRows, SetupDataValues.size());
+  for (std::size_t row = 0; row < rows; ++row) SetupDataValues[row][kCurrent] = values[row];
 }
 
 std::string_view SetupDataFileName(ModYear ModYearIndex) noexcept

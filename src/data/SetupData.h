@@ -25,6 +25,9 @@ enum Field : std::size_t {
   kFineStepField = 6
 };
 
+/// Rows that hold a parameter or the symmetry flag; a data file may have more or fewer.
+inline constexpr std::size_t kSetupRows = 53;
+
 /// The limits and steps of one mod year, one row a line of its setup data file, with each
 /// parameter's current value in column 0. Units are those of the setup file (English). Access to a
 /// row that the file did not have throws BoundsError.
@@ -37,6 +40,10 @@ struct SetupData {
   [[nodiscard]] const std::string& Text(std::size_t row, Field field) const;
   /// The field as a whole number; throws BoundsError beyond 16 bits.
   [[nodiscard]] std::int16_t Whole(std::size_t row, Field field) const;
+
+  /// All current values out and in again; rows that the file did not have are left out.
+  void CopyCurrent(std::array<float, kSetupRows>& values) const;
+  void SetCurrent(const std::array<float, kSetupRows>& values);
 };
 
 /// File name by mod year; empty outside kModYears.

@@ -19,12 +19,17 @@ struct ListDesign {
   int slot;
   int step;  ///< between items
 };
-constexpr std::array<ListDesign, 4> kLists = {{
+constexpr std::array<ListDesign, kDrivetrainLists> kLists = {{
     {setup::kFinalDrive, 1},
     {setup::kPowerAngle, 5},
     {setup::kCoastAngle, 5},
     {setup::kClutches, 1},
 }};
+
+const ListDesign& DesignOf(int list)
+{
+  return kLists.at(static_cast<std::size_t>(list));
+}
 
 constexpr double kRadiansPerDegree = 0.0174532925;
 
@@ -36,19 +41,44 @@ std::string NumberItem(int number)
 
 }  // namespace
 
-DrivetrainList BuildDrivetrainList(int list, const data::SetupData& values,
-                                   const data::GearData& gears)
+int SlotOfList(int list)
 {
-  const auto [slot, step] = kLists.at(static_cast<std::size_t>(list));
-  const auto row = RowOf(slot);
-  const int minimum = ToInt16(values.Value(row, data::kMinimum));
-  const int maximum = ToInt16(values.Value(row, data::kMaximum));
-  const int value = ToInt16(values.Value(row, data::kCurrent));
-  DrivetrainList built;
-  for (int item = minimum; item <= maximum; item += step)
-    built.items.push_back(list == kFinalDriveList ? gears.DisplayText(item) : NumberItem(item));
-  built.selection = ToInt16(static_cast<double>(value - minimum) / step);
-  return built;
+  return DesignOf(list).slot;
+}
+
+int FirstOfList(int list, const data::SetupData& values)
+{
+  return ToInt16(values.Value(RowOf(SlotOfList(list)), data::kMinimum));
+}
+
+int LengthOfList(int list, const data::SetupData& values)
+{
+  const auto [slot, step] = DesignOf(list);
+  const int minimum = FirstOfList(list, values);
+  const int maximum = ToInt16(values.Value(RowOf(slot), data::kMaximum));
+  return maximum < minimum ? 0 : (maximum - minimum) / step + 1;
+}
+
+std::vector<std::string> ItemsOfList(int list, const data::SetupData& values,
+                                     const data::GearData& gears)
+{
+  const int step = DesignOf(list).step;
+  const int first = FirstOfList(list, values);
+  const int length = LengthOfList(list, values);
+  std::vector<std::string> items;
+  items.reserve(static_cast<std::size_t>(length));
+  for (int position = 0; position < length; ++position) {
+    const int number = first + position * step;
+    items.push_back(list == kFinalDriveList ? gears.DisplayText(number) : NumberItem(number));
+  }
+  return items;
+}
+
+int SelectionInList(int list, const data::SetupData& values)
+{
+  const auto [slot, step] = DesignOf(list);
+  const int value = ToInt16(values.Value(RowOf(slot), data::kCurrent));
+  return ToInt16(static_cast<double>(value - FirstOfList(list, values)) / step);
 }
 
 double LockingPercent(double clutches, double angle) noexcept

@@ -16,16 +16,22 @@ inline constexpr int kPowerAngleList = 1;
 inline constexpr int kCoastAngleList = 2;
 inline constexpr int kClutchesList = 3;
 
-struct DrivetrainList {
-  std::vector<std::string> items;
-  int selection = 0;  ///< may lie outside the items for a value outside the limits
-};
+inline constexpr int kDrivetrainLists = 4;
 
-/// Items of list 0 to 3 from the data tables and the selection from the current value. Whole
-/// numbers are rounded with ties to even. Throws BoundsError for missing rows and numbers beyond
-/// 16 bits.
-[[nodiscard]] DrivetrainList BuildDrivetrainList(int list, const data::SetupData& values,
-                                                 const data::GearData& gears);
+/// Parameter slot behind a list of Combo1.
+[[nodiscard]] int SlotOfList(int list);
+
+/// The first number of list 0 to 3, and how many there are. Whole numbers are rounded with ties to
+/// even; here and below missing rows and numbers beyond 16 bits throw BoundsError.
+[[nodiscard]] int FirstOfList(int list, const data::SetupData& values);
+[[nodiscard]] int LengthOfList(int list, const data::SetupData& values);
+
+/// The items of a list. Throws BoundsError for a final drive without a gear row, too.
+[[nodiscard]] std::vector<std::string> ItemsOfList(int list, const data::SetupData& values,
+                                                   const data::GearData& gears);
+
+/// The position of the current value; it may lie outside the list for a value outside the limits.
+[[nodiscard]] int SelectionInList(int list, const data::SetupData& values);
 
 /// Locking percent of a differential with so many clutches at a ramp angle in degrees.
 [[nodiscard]] double LockingPercent(double clutches, double angle) noexcept;

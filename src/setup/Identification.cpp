@@ -79,48 +79,19 @@ Identity Identify(std::string_view file_name, std::span<const std::byte> SetupBu
   // 1967, 1965 and 1969 have the same codes, 1966 those and its own, GT others.
   if (has_code(ModYear::k1966) && !has_code(ModYear::k1967)) return {ModYear::k1966, {}};
   if (has_code(ModYear::kGT)) return {ModYear::kGT, {}};
-  if (SetupBuffer.size() != kLongLayoutSize) return {{}, platform::ModYearForm::kFrmModYear2};
+  if (SetupBuffer.size() != kLongLayoutSize) return {{}, ModYearQuestion::kShortFile};
   const float rear_wing = ReadSingleAt(
       SetupBuffer, static_cast<std::size_t>(SlotOffset[static_cast<std::size_t>(kRearWing)]));
-  if (rear_wing == kNoWing) return {{}, platform::ModYearForm::kFrmModYear1};
+  if (rear_wing == kNoWing) return {{}, ModYearQuestion::kLongFile};
   // Only 1969 cars carry wing values; any other value, NaN too, says nothing about the year.
   if (rear_wing >= 0 && rear_wing <= kSteepestWing) return {ModYear::k1969, {}};
   return {};
-}
-
-std::string_view ModYearMessage(platform::ModYearForm form) noexcept
-{
-  return form == platform::ModYearForm::kFrmModYear1
-             ? "Velquist cannot determine which mod this setup file is for, but it is definitely "
-               "in the new format.  Please select the mod year."
-             : "Velquist cannot determine which mod this setup file is for, but it is definitely "
-               "a 1965 or 1967 file in the old format.  Please select the mod year.";
 }
 
 ModYear ModYearOfButton(int button)
 {
   constexpr std::array kYears = {ModYear::k1965, ModYear::k1966, ModYear::k1967, ModYear::k1969};
   return kYears.at(static_cast<std::size_t>(button));
-}
-
-bool ModYearFromFile(std::string_view file_name, std::span<const std::byte> SetupBuffer,
-                     std::string_view installation, const platform::FileSystem& files,
-                     platform::Dialogs& dialogs, ModYear& ModYearIndex)
-{
-  const auto identity = Identify(file_name, SetupBuffer);
-  if (identity.ModYearIndex) ModYearIndex = *identity.ModYearIndex;
-  if (identity.question) {
-    const auto button = dialogs.AskModYear(*identity.question, ModYearMessage(*identity.question));
-    if (button) ModYearIndex = ModYearOfButton(*button);
-  }
-  const bool installed = std::ranges::any_of(kModMarkers, [&](const ModMarker& marker) {
-    return marker.ModYearIndex == ModYearIndex &&
-           files.Exists(std::string(installation) + std::string(marker.file));
-  });
-  if (!installed)
-    dialogs.ShowMessage("You are attempting to load a setup file for a mod that isn't installed.",
-                        platform::Icon::kExclamation, platform::Buttons::kOk);
-  return installed;
 }
 
 }  // namespace velquist::setup

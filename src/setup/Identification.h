@@ -9,8 +9,6 @@
 #include <string_view>
 
 #include "data/ModYear.h"
-#include "platform/Dialogs.h"
-#include "platform/FileSystem.h"
 #include "setup/BinarySubs.h"
 
 /// Telling from a setup file's name and bytes which mod year and which car it is for.
@@ -41,26 +39,18 @@ struct ModMarker {
 };
 [[nodiscard]] std::span<const ModMarker> ModMarkers() noexcept;
 
+/// What only the user can tell: the mod year of a long file without wings, and that of a short one.
+enum class ModYearQuestion { kLongFile, kShortFile };
+
 /// Which question has to be asked about a file in the buffer, or which year it is for. Neither:
 /// the year stays as it was.
 struct Identity {
   std::optional<data::ModYear> ModYearIndex;
-  std::optional<platform::ModYearForm> question;
+  std::optional<ModYearQuestion> question;
 };
 [[nodiscard]] Identity Identify(std::string_view file_name, std::span<const std::byte> SetupBuffer);
 
-/// The text of a mod year question.
-[[nodiscard]] std::string_view ModYearMessage(platform::ModYearForm form) noexcept;
-
 /// The mod year of button 0 to 3 of a mod year question.
 [[nodiscard]] data::ModYear ModYearOfButton(int button);
-
-/// Sets the mod year of the file in the buffer, asking the user where the file alone cannot tell;
-/// a question closed without an answer leaves the year as it was. False, after the message, when
-/// that mod is not installed.
-[[nodiscard]] bool ModYearFromFile(std::string_view file_name,
-                                   std::span<const std::byte> SetupBuffer,
-                                   std::string_view installation, const platform::FileSystem& files,
-                                   platform::Dialogs& dialogs, data::ModYear& ModYearIndex);
 
 }  // namespace velquist::setup

@@ -82,17 +82,24 @@ bool LoadSetupValues(std::span<const std::byte> SetupBuffer, const data::GearDat
   return symmetric;
 }
 
-void StoreSetupValues(const data::SetupData& values, const ListSelections& lists, bool asymmetric,
+ListValues ValuesOfLists(const data::SetupData& values, const ListSelections& selections)
+{
+  return {FromMinimum(values, kFinalDrive, selections[0]),
+          FromMinimum(values, kPowerAngle, kDegreesBetweenAngles * selections[1]),
+          FromMinimum(values, kCoastAngle, kDegreesBetweenAngles * selections[2]),
+          FromMinimum(values, kClutches, selections[3])};
+}
+
+void StoreSetupValues(const data::SetupData& values, const ListValues& lists, bool asymmetric,
                       data::ModYear ModYearIndex, std::span<std::byte> SetupBuffer)
 {
   for (int slot = 0; slot <= kLastChassisSlot; ++slot) StoreSlot(values, slot, SetupBuffer);
   for (int slot = kFirstRatio; slot < kFinalDrive; ++slot) StoreSlot(values, slot, SetupBuffer);
-  WriteLongAt(SetupBuffer, FromMinimum(values, kFinalDrive, lists[0]), OffsetOf(kFinalDrive));
-  WriteSingleAt(SetupBuffer, FromMinimum(values, kCoastAngle, kDegreesBetweenAngles * lists[2]),
-                OffsetOf(kCoastAngle));
-  WriteSingleAt(SetupBuffer, FromMinimum(values, kPowerAngle, kDegreesBetweenAngles * lists[1]),
-                OffsetOf(kPowerAngle));
-  WriteLongAt(SetupBuffer, FromMinimum(values, kClutches, lists[3]), OffsetOf(kClutches));
+  const auto& [final_drive, power_angle, coast_angle, clutches] = lists;
+  WriteLongAt(SetupBuffer, final_drive, OffsetOf(kFinalDrive));
+  WriteSingleAt(SetupBuffer, coast_angle, OffsetOf(kCoastAngle));
+  WriteSingleAt(SetupBuffer, power_angle, OffsetOf(kPowerAngle));
+  WriteLongAt(SetupBuffer, clutches, OffsetOf(kClutches));
   if (SetupBuffer.size() <= kSymmetryOffset) throw BoundsError("symmetry byte");
   SetupBuffer[kSymmetryOffset] = asymmetric ? std::byte{0} : std::byte{1};
   if (ModYearIndex == data::ModYear::k1969) {

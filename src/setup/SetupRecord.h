@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <span>
 
 #include "data/GearData.h"
@@ -23,6 +24,15 @@ inline constexpr float kNoWing = -1.0F;
 /// clutches.
 using ListSelections = std::array<int, 4>;
 
+/// What is written for those four lists: final drive row, power angle and coast angle in degrees,
+/// clutches.
+using ListValues = std::array<std::int16_t, 4>;
+
+/// The numbers at those positions: the minimum fields of the lists' rows and what lies beyond.
+/// Throws BoundsError for missing rows and numbers beyond 16 bits.
+[[nodiscard]] ListValues ValuesOfLists(const data::SetupData& values,
+                                       const ListSelections& selections);
+
 /// Copies slots `first` to `last` from the buffer into the current values.
 void LoadSlots(std::span<const std::byte> SetupBuffer, int first, int last,
                data::SetupData& values);
@@ -35,10 +45,10 @@ void LoadSlots(std::span<const std::byte> SetupBuffer, int first, int last,
                                    const data::GearData& gears, data::ModYear ModYearIndex,
                                    data::SetupData& values);
 
-/// Writes every value into the buffer; final drive, angles and clutches come from the lists and
-/// the minimum fields of their rows. All other bytes stay.
+/// Writes every value into the buffer; final drive, angles and clutches come from the lists. All
+/// other bytes stay.
 /// Throws BoundsError for a value that does not fit its field; the buffer is then half written.
-void StoreSetupValues(const data::SetupData& values, const ListSelections& lists, bool asymmetric,
+void StoreSetupValues(const data::SetupData& values, const ListValues& lists, bool asymmetric,
                       data::ModYear ModYearIndex, std::span<std::byte> SetupBuffer);
 
 /// Sets the seven ratio numbers to the ratios of the gear IDs, as the game's physics needs them.

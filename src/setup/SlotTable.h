@@ -50,6 +50,12 @@ extern const std::array<std::int32_t, kSlots> SlotOffset;
          (slot >= kFirstGear && slot <= kFinalDrive) || slot == kClutches;
 }
 
+/// True for the gear IDs of gears 1 to 6.
+[[nodiscard]] constexpr bool IsGear(int slot) noexcept
+{
+  return slot >= kFirstGear && slot < kFinalDrive;
+}
+
 /// Row of a slot for table access; throws BoundsError outside 0 to 51.
 [[nodiscard]] std::size_t RowOf(int slot);
 

@@ -136,7 +136,7 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id, b
   const wxString name = WindowName(design);
   if (IsStepButton(design))
     return new StepButton(panel_, id, name, *form.Find("Label1", design.index),
-                          [this, slot = design.index] { return window_.SlotValue(slot); });
+                          [this, slot = design.index] { return window_.Car().Value(slot); });
   if (design.kind != ControlKind::kPicture) return MakeWidget(design, panel_, id, first_option);
   if (design.name == "PictureChart")
     return chart_ = new ChartBox(panel_, id, name, form.chart, [this](double x, double y) {

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "app/FormControlSettings.h"
+#include "edit/Drivetrain.h"
 #include "platform/HostFileSystem.h"
 #include "runner/SourceDirectory.h"
 #include "runner/Texts.h"
@@ -49,22 +50,29 @@ void Show(std::ostream& out, const charts::SpeedBands& bands)
     out << "band " << gear.gear << ' ' << Shortest(gear.speed_per_rpm) << '\n';
 }
 
+void Show(std::ostream& out, const edit::CarSetup& car)
+{
+  Show(out, car.SetupData(), car.Gears());
+  out << "car " << data::NumberOf(car.ModYearIndex()) << ' ' << car.ChassisIndex() << ' '
+      << car.FormulaIndex() << '\n'
+      << "options " << car.Options().asymmetric << car.Options().fine
+      << car.Options().constant_roll_bars << car.Options().proportional_springs << '\n'
+      << "lists";
+  for (int list = 0; list < edit::kDrivetrainLists; ++list) out << ' ' << car.ListSelection(list);
+  out << "\nfile " << Quoted(car.FileName()) << ' ' << car.Changed() << '\n';
+}
+
 void Show(std::ostream& out, const app::Globals& globals)
 {
-  Show(out, globals.setup_data, globals.GearData);
   Show(out, "rpm", globals.curve.rpm);
   Show(out, "power", globals.curve.power);
   Show(out, "torque", globals.curve.torque);
   Show(out, globals.bands);
-  out << "indices " << data::NumberOf(globals.ModYearIndex) << ' ' << globals.chassis_index << ' '
-      << globals.formula_index << ' ' << globals.player_index << ' ' << globals.track_index << ' '
-      << globals.Units << ' ' << globals.FineIndex << '\n'
-      << "options " << globals.options.asymmetric << globals.options.fine
-      << globals.options.constant_roll_bars << globals.options.proportional_springs << '\n'
+  out << "indices " << globals.player_index << ' ' << globals.track_index << ' ' << globals.Units
+      << '\n'
       << "installation " << Quoted(globals.installation) << '\n'
-      << "file " << Quoted(globals.file_name) << '\n'
-      << "flags " << globals.changed << globals.from_command_line << globals.ready
-      << globals.filling_mod_years << ' ' << Quoted(globals.command_line) << '\n'
+      << "flags " << globals.from_command_line << globals.ready << globals.filling_mod_years << ' '
+      << Quoted(globals.command_line) << '\n'
       << "marquee " << globals.marquee.scrolling << ' ' << globals.marquee.left << ' '
       << globals.marquee.next_step << '\n';
 }
@@ -96,9 +104,10 @@ void Show(std::ostream& out, const app::PictureRecorder& chart)
 std::string Everything(const app::MainWindow& window, WithBuffer with_buffer)
 {
   std::ostringstream out;
+  Show(out, window.Car());
   Show(out, window.State());
   if (with_buffer == WithBuffer::kYes)
-    out << "buffer " << runner::HexBytes(window.State().SetupBuffer) << '\n';
+    out << "buffer " << runner::HexBytes(window.Car().SetupBuffer()) << '\n';
   const auto& form = window.Form();
   out << "caption " << Quoted(form.caption) << '\n';
   for (const auto& design : app::FormControlSettings())
@@ -185,7 +194,7 @@ void ScriptedEditor::Open(const Example& example)
 {
   std::string script = "on open -> \"$G/" + example.path + "\"\n";
   const auto identity = setup::Identify(example.path, world_.Read("GPL/" + example.path));
-  if (identity.question == platform::ModYearForm::kFrmModYear1)
+  if (identity.question == setup::ModYearQuestion::kLongFile)
     script += "on FrmModYear1 -> " + example.year + "\n";
   else if (identity.question)
     script += "on FrmModYear2 -> " + example.year + "\n";

@@ -48,7 +48,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   auto setup_file = samples::SampleSetup(setup::kLongLayoutSize);
   try {
     (void)setup::LoadSetupValues(setup_file, samples::SampleGears(), samples::kGT, data);
-    setup::StoreSetupValues(data, {19, 9, 11, 4}, false, samples::kGT, setup_file);
+    setup::StoreSetupValues(data, setup::ValuesOfLists(data, {19, 9, 11, 4}), false, samples::kGT,
+                            setup_file);
   } catch (const BoundsError&) {
   }
   return 0;

@@ -37,7 +37,8 @@ bool LoadAndStore(const Bytes& file, data::ModYear ModYearIndex, const setup::Li
   try {
     const bool symmetric = setup::LoadSetupValues(file, tables.gears, ModYearIndex, tables.values);
     stored = file;
-    setup::StoreSetupValues(tables.values, lists, !symmetric, ModYearIndex, stored);
+    setup::StoreSetupValues(tables.values, setup::ValuesOfLists(tables.values, lists), !symmetric,
+                            ModYearIndex, stored);
     Require((stored[setup::kSymmetryOffset] == std::byte{1}) == symmetric, "symmetry byte kept");
   } catch (const BoundsError&) {
     return false;

@@ -22,19 +22,23 @@ const app::Globals& StateOf(const Play& play)
   return play.driver.Window().State();
 }
 
+const edit::CarSetup& CarOf(const Play& play)
+{
+  return play.driver.Window().Car();
+}
+
 void DumpSlots(Play& play)
 {
   for (int slot = 0; slot < setup::kSlots; ++slot) {
     const auto row = setup::RowOf(slot);
-    play.out << "slot " << slot << ' ' << row << ' '
-             << Hex8(StateOf(play).setup_data.Value(row, data::kCurrent)) << '\n';
+    play.out << "slot " << slot << ' ' << row << ' ' << Hex8(CarOf(play).Value(slot)) << '\n';
   }
 }
 
 void DumpBuffer(Play& play)
 {
   constexpr std::size_t kBytesALine = 16;
-  const std::span<const std::byte> bytes = StateOf(play).SetupBuffer;
+  const std::span<const std::byte> bytes = CarOf(play).SetupBuffer();
   play.out << "buffer " << bytes.size() << '\n';
   for (std::size_t offset = 0; offset < bytes.size(); offset += kBytesALine) {
     std::ostringstream line;
@@ -47,7 +51,7 @@ void DumpBuffer(Play& play)
 
 void DumpData(Play& play)
 {
-  const auto& data = StateOf(play).setup_data;
+  const auto& data = CarOf(play).SetupData();
   play.out << "data " << data.SetupDataValues.size() << '\n';
   for (std::size_t row = 0; row < data.SetupDataValues.size(); ++row) {
     play.out << row;
@@ -65,7 +69,7 @@ void DumpGears(Play& play)
   for (int row = 0; row < data::kGearRows; ++row) {
     play.out << "gear " << row;
     for (int field = 0; field < kFields; ++field)
-      play.out << ' ' << Quoted(StateOf(play).GearData.Text(row, field));
+      play.out << ' ' << Quoted(CarOf(play).Gears().Text(row, field));
     play.out << '\n';
   }
 }
@@ -153,21 +157,22 @@ void DumpControls(Play& play)
 
 void DumpState(Play& play)
 {
+  const auto& car = CarOf(play);
   const auto& state = StateOf(play);
   const auto whole = [](bool value) { return value ? -1 : 0; };
-  play.out << "modyear " << data::NumberOf(state.ModYearIndex) << '\n'
-           << "chassis " << state.chassis_index << '\n'
-           << "formula " << state.formula_index << '\n'
+  play.out << "modyear " << data::NumberOf(car.ModYearIndex()) << '\n'
+           << "chassis " << car.ChassisIndex() << '\n'
+           << "formula " << car.FormulaIndex() << '\n'
            << "player " << state.player_index << '\n'
            << "track " << state.track_index << '\n'
            << "units " << state.Units << '\n'
-           << "fine " << whole(state.options.fine) << '\n'
-           << "asymmetric " << whole(state.options.asymmetric) << '\n'
-           << "rollbars " << whole(state.options.constant_roll_bars) << '\n'
-           << "springs " << whole(state.options.proportional_springs) << '\n'
-           << "changed " << whole(state.changed) << '\n'
+           << "fine " << whole(car.Options().fine) << '\n'
+           << "asymmetric " << whole(car.Options().asymmetric) << '\n'
+           << "rollbars " << whole(car.Options().constant_roll_bars) << '\n'
+           << "springs " << whole(car.Options().proportional_springs) << '\n'
+           << "changed " << whole(car.Changed()) << '\n'
            << "installation " << Quoted(state.installation) << '\n'
-           << "file " << Quoted(state.file_name) << '\n';
+           << "file " << Quoted(car.FileName()) << '\n';
 }
 
 const std::map<std::string_view, void (*)(Play&)> kDumps = {

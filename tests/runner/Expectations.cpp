@@ -152,7 +152,7 @@ Step ExpectSlot(WordReader& words)
   return [slot, expected = words.Single("number")](Play& play) {
     play.NeedRunning();
     const auto got =
-        play.driver.Window().State().setup_data.Value(setup::RowOf(slot), data::kCurrent);
+        play.driver.Window().Car().SetupData().Value(setup::RowOf(slot), data::kCurrent);
     if (!SameBits(got, expected))
       throw Failure("slot " + std::to_string(slot) + " = " + Shown(expected), Shown(got));
   };
@@ -228,13 +228,13 @@ Step ExpectBuffer(WordReader& words)
   if (words.Take("size"))
     return [size = words.Whole("size", 0, std::numeric_limits<int>::max())](Play& play) {
       play.NeedRunning();
-      CompareSize("buffer", play.driver.Window().State().SetupBuffer.size(), size);
+      CompareSize("buffer", play.driver.Window().Car().SetupBuffer().size(), size);
     };
   words.Expect("hex");
   const int offset = words.Whole("offset", 0, std::numeric_limits<int>::max());
   return [offset, bytes = words.Hex()](Play& play) {
     play.NeedRunning();
-    CompareBytes("buffer", play.driver.Window().State().SetupBuffer, offset, bytes);
+    CompareBytes("buffer", play.driver.Window().Car().SetupBuffer(), offset, bytes);
   };
 }
 
@@ -242,7 +242,7 @@ Step ExpectChanged(bool expected)
 {
   return [expected](Play& play) {
     play.NeedRunning();
-    if (play.driver.Window().State().changed != expected)
+    if (play.driver.Window().Car().Changed() != expected)
       throw Failure(expected ? "changed" : "unchanged", expected ? "unchanged" : "changed");
   };
 }

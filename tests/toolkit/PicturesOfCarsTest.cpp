@@ -96,7 +96,7 @@ TEST_F(PicturesOfCars, ThoseOfTheExampleInstallationAreDecodedAndOfEveryShape)
   int wide = 0;
   int square = 0;
   int tall = 0;
-  const auto cars = std::filesystem::path(VELQUIST_SOURCE_DIR) / "examples/GPL/cars";
+  const auto cars = velquist::testing::SourceDirectory() / "examples/GPL/cars";
   for (const auto& entry : std::filesystem::recursive_directory_iterator(cars)) {
     if (!entry.is_regular_file()) continue;
     SCOPED_TRACE(entry.path().string());

@@ -24,6 +24,7 @@ class ChartsInWindow : public ::testing::Test {
   ChartsInWindow() { editor_.StartWithGame(); }
 
   [[nodiscard]] const app::MainForm& Form() const { return editor_.Window().Form(); }
+  [[nodiscard]] const edit::CarSetup& Car() const { return editor_.Window().Car(); }
   [[nodiscard]] const app::Globals& State() const { return editor_.Window().State(); }
 
   /// How often each chart is drawn by a piece of script: engine chart, speed bands chart.
@@ -150,7 +151,7 @@ TEST_F(ChartsInWindow, DumpedCurveAndBandsAreThoseOfTheSetup)
     editor_.Play("select Combo2 \"" + std::string(year) + "\"\ndump curve\ndump bands");
     const auto samples = Dumped("sample");
     data::EngineCurve curve;
-    data::ComputeEngineCurve(ModYearIndex, State().chassis_index, curve);
+    data::ComputeEngineCurve(ModYearIndex, Car().ChassisIndex(), curve);
     ASSERT_EQ(samples.size(), 71U);
     for (std::size_t i = 0; i < 71; ++i) {
       std::istringstream words(samples.at(static_cast<int>(i)));
@@ -163,9 +164,9 @@ TEST_F(ChartsInWindow, DumpedCurveAndBandsAreThoseOfTheSetup)
       EXPECT_EQ(torque, std::bit_cast<std::uint32_t>(curve.torque[i]));
     }
     const auto ratio = [&](int slot) {
-      return static_cast<double>(State().GearData.Ratio(edit::GearRowOf(State().setup_data, slot)));
+      return static_cast<double>(Car().Gears().Ratio(edit::GearRowOf(Car().SetupData(), slot)));
     };
-    const int gears = data::GearCount(ModYearIndex, State().chassis_index);
+    const int gears = data::GearCount(ModYearIndex, Car().ChassisIndex());
     ASSERT_EQ(State().bands.gears.size(), static_cast<std::size_t>(gears));
     const auto dumped = Dumped("gear");
     for (int gear = 1; gear <= gears; ++gear) {

@@ -32,9 +32,13 @@ class Drivetrain : public ::testing::Test {
     row[data::kMaximum] = maximum;
     row[data::kStep] = 3;  // plays no part in a list
   }
-  [[nodiscard]] DrivetrainList Built(int list) const
+  struct Built {
+    std::vector<std::string> items;
+    int selection = 0;
+  };
+  [[nodiscard]] Built Build(int list) const
   {
-    return BuildDrivetrainList(list, values, gears);
+    return {ItemsOfList(list, values, gears), SelectionInList(list, values)};
   }
 
   data::SetupData values;
@@ -44,7 +48,7 @@ class Drivetrain : public ::testing::Test {
 TEST_F(Drivetrain, FinalDrivesAreTheDisplayTextsOfTheirRows)
 {
   Row(48, 74, 78, 89);
-  const auto built = Built(kFinalDriveList);
+  const auto built = Build(kFinalDriveList);
   EXPECT_EQ(built.items, (Items{"g74", "g75", "g76", "g77", "g78", "g79", "g80", "g81", "g82",
                                 "g83", "g84", "g85", "g86", "g87", "g88", "g89"}));
   EXPECT_EQ(built.selection, 4);
@@ -56,23 +60,23 @@ TEST_F(Drivetrain, AnglesGoInStepsOfFive)
                         " 60", " 65", " 70", " 75", " 80", " 85"};
   Row(50, 30, 60, 85);
   Row(49, 30, 45, 85);
-  EXPECT_EQ(Built(kPowerAngleList).items, angles);
-  EXPECT_EQ(Built(kPowerAngleList).selection, 6);
-  EXPECT_EQ(Built(kCoastAngleList).items, angles);
-  EXPECT_EQ(Built(kCoastAngleList).selection, 3);
+  EXPECT_EQ(Build(kPowerAngleList).items, angles);
+  EXPECT_EQ(Build(kPowerAngleList).selection, 6);
+  EXPECT_EQ(Build(kCoastAngleList).items, angles);
+  EXPECT_EQ(Build(kCoastAngleList).selection, 3);
 }
 
 TEST_F(Drivetrain, AngleListsEndAtOrBelowTheMaximum)
 {
   Row(50, 31, 31, 44);
-  EXPECT_EQ(Built(kPowerAngleList).items, (Items{" 31", " 36", " 41"}));
+  EXPECT_EQ(Build(kPowerAngleList).items, (Items{" 31", " 36", " 41"}));
 }
 
 TEST_F(Drivetrain, AnAngleBetweenTwoItemsSelectsTheNearer)
 {
   const auto selection = [&](float angle) {
     Row(50, 30, angle, 85);
-    return Built(kPowerAngleList).selection;
+    return Build(kPowerAngleList).selection;
   };
   EXPECT_EQ(selection(47), 3);
   EXPECT_EQ(selection(48), 4);
@@ -89,54 +93,54 @@ TEST_F(Drivetrain, AnAngleBetweenTwoItemsSelectsTheNearer)
 TEST_F(Drivetrain, ClutchesGoInStepsOfOne)
 {
   Row(51, 1, 3, 5);
-  EXPECT_EQ(Built(kClutchesList).items, (Items{" 1", " 2", " 3", " 4", " 5"}));
-  EXPECT_EQ(Built(kClutchesList).selection, 2);
+  EXPECT_EQ(Build(kClutchesList).items, (Items{" 1", " 2", " 3", " 4", " 5"}));
+  EXPECT_EQ(Build(kClutchesList).selection, 2);
 }
 
 TEST_F(Drivetrain, ItemsHaveABlankInTheSignsPlace)
 {
   Row(49, -10, -5, 10);
-  EXPECT_EQ(Built(kCoastAngleList).items, (Items{"-10", "-5", " 0", " 5", " 10"}));
-  EXPECT_EQ(Built(kCoastAngleList).selection, 1);
+  EXPECT_EQ(Build(kCoastAngleList).items, (Items{"-10", "-5", " 0", " 5", " 10"}));
+  EXPECT_EQ(Build(kCoastAngleList).selection, 1);
 }
 
 TEST_F(Drivetrain, WholeNumbersAreRoundedWithTiesToEven)
 {
   Row(51, 2.5F, 3.5F, 6.5F);
-  EXPECT_EQ(Built(kClutchesList).items, (Items{" 2", " 3", " 4", " 5", " 6"}));
-  EXPECT_EQ(Built(kClutchesList).selection, 2);
+  EXPECT_EQ(Build(kClutchesList).items, (Items{" 2", " 3", " 4", " 5", " 6"}));
+  EXPECT_EQ(Build(kClutchesList).selection, 2);
   Row(51, 1.5F, 2.5F, 3.5F);
-  EXPECT_EQ(Built(kClutchesList).items, (Items{" 2", " 3", " 4"}));
-  EXPECT_EQ(Built(kClutchesList).selection, 0);
+  EXPECT_EQ(Build(kClutchesList).items, (Items{" 2", " 3", " 4"}));
+  EXPECT_EQ(Build(kClutchesList).selection, 0);
   Row(48, 10.5F, 11.5F, 12.4F);
-  EXPECT_EQ(Built(kFinalDriveList).items, (Items{"g10", "g11", "g12"}));
-  EXPECT_EQ(Built(kFinalDriveList).selection, 2);
+  EXPECT_EQ(Build(kFinalDriveList).items, (Items{"g10", "g11", "g12"}));
+  EXPECT_EQ(Build(kFinalDriveList).selection, 2);
 }
 
 TEST_F(Drivetrain, AValueOutsideTheLimitsSelectsNothingThatIsThere)
 {
   Row(51, 1, 7, 5);
-  EXPECT_EQ(Built(kClutchesList).selection, 6);
+  EXPECT_EQ(Build(kClutchesList).selection, 6);
   Row(51, 3, 1, 5);
-  EXPECT_EQ(Built(kClutchesList).selection, -2);
+  EXPECT_EQ(Build(kClutchesList).selection, -2);
 }
 
 TEST_F(Drivetrain, AMinimumBeyondTheMaximumLeavesTheListEmpty)
 {
   Row(51, 5, 5, 4);
-  EXPECT_TRUE(Built(kClutchesList).items.empty());
+  EXPECT_TRUE(Build(kClutchesList).items.empty());
 }
 
 TEST_F(Drivetrain, WhatIsNotInTheTablesIsRefused)
 {
   Row(48, 80, 80, 90);
-  EXPECT_THROW((void)Built(kFinalDriveList), BoundsError);
+  EXPECT_THROW((void)Build(kFinalDriveList), BoundsError);
   Row(48, -1, 80, 89);
-  EXPECT_THROW((void)Built(kFinalDriveList), BoundsError);
+  EXPECT_THROW((void)Build(kFinalDriveList), BoundsError);
   Row(51, 1, 40000, 5);
-  EXPECT_THROW((void)Built(kClutchesList), BoundsError);
+  EXPECT_THROW((void)Build(kClutchesList), BoundsError);
   values.SetupDataValues.resize(46);
-  EXPECT_THROW((void)Built(kClutchesList), BoundsError);
+  EXPECT_THROW((void)Build(kClutchesList), BoundsError);
 }
 
 TEST_F(Drivetrain, LockingPercentFollowsClutchesAndAngle)

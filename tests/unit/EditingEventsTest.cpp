@@ -94,7 +94,7 @@ TEST_F(EditingEvents, ButtonsThatAreNotThereDoNothing)
   for (const int slot : {-1, 35, 41, 48, 49, 50, 51, 52})
     for (const auto* button : {"CmdInc", "CmdDec"})
       EXPECT_FALSE(Window().Click(button, slot)) << button << slot;
-  EXPECT_FALSE(Window().State().changed);
+  EXPECT_FALSE(Window().Car().Changed());
 }
 
 TEST_F(EditingEvents, PressesMarkTheSetupChangedAndOptionsDoNot)
@@ -103,9 +103,9 @@ TEST_F(EditingEvents, PressesMarkTheSetupChangedAndOptionsDoNot)
        {"AsymmetricCheck", "SpringStiffnessProportional", "FineCheck", "RollBarConstTotal"})
     Window().Check(box, -1, true);
   Window().Check("OptUnits", 1, true);
-  EXPECT_FALSE(Window().State().changed);
+  EXPECT_FALSE(Window().Car().Changed());
   Window().Click("CmdDec", 33);
-  EXPECT_TRUE(Window().State().changed);
+  EXPECT_TRUE(Window().Car().Changed());
 }
 
 std::string WithoutMnemonic(std::string_view caption)

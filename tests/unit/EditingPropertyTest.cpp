@@ -151,11 +151,11 @@ class Pair {
   [[nodiscard]] std::string FirstDifference()
   {
     if (const auto dialog = program_.UnexpectedDialog(); !dialog.empty()) return dialog;
-    const auto& state = Window().State();
+    const auto& car = Window().Car();
     const auto& form = Window().Form();
     for (std::size_t slot = 0; slot < reference::kSlots; ++slot) {
       const auto row = static_cast<std::size_t>(reference::LineOf(static_cast<int>(slot)));
-      const float value = state.setup_data.SetupDataValues[row][0];
+      const float value = car.SetupData().SetupDataValues[row][0];
       if (std::bit_cast<std::uint32_t>(value) !=
           std::bit_cast<std::uint32_t>(reference_.value[slot]))
         return "slot " + std::to_string(slot) + " is " + Exact(value) + ", not " +
@@ -182,15 +182,15 @@ class Pair {
         if (control->shown != reference_.row_shown[slot])
           return "gear row " + std::to_string(slot) + (control->shown ? " shown" : " hidden");
     if (form.AsymmetricCheck.checked != reference_.asymmetric ||
-        state.options.asymmetric != reference_.asymmetric)
+        car.Options().asymmetric != reference_.asymmetric)
       return "asymmetric";
     if (form.SpringStiffnessProportional.checked != reference_.proportional_springs)
       return "proportional springs";
     if (form.FineCheck.checked != reference_.fine) return "fine";
     if (form.RollBarConstTotal.checked != reference_.constant_roll_bars) return "roll bars";
-    if (state.Units != reference_.units) return "units";
-    if (state.changed != reference_.changed)
-      return state.changed ? "changed is set" : "changed is not set";
+    if (Window().State().Units != reference_.units) return "units";
+    if (car.Changed() != reference_.changed)
+      return car.Changed() ? "changed is set" : "changed is not set";
     return {};
   }
 

@@ -62,7 +62,7 @@ click MnuLongFormat
     const auto files = Files();
     editor_.Play(script);
     EXPECT_EQ(editor_.Everything(WithBuffer::kYes), before);
-    EXPECT_TRUE(editor_.Window().State().changed);
+    EXPECT_TRUE(editor_.Window().Car().Changed());
     EXPECT_EQ(Files(), files);
   }
 

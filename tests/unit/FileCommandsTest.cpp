@@ -86,7 +86,7 @@ select Combo1(1) #9
     editor_.Play(std::string(kDoNotSave) + "on open -> $G/Players/Ann/Setups/lake/" + name + "\n" +
                  std::string(dialogs) + "click " + command + "\n");
     EXPECT_EQ(editor_.Everything(WithBuffer::kNo), before);
-    EXPECT_EQ(editor_.Window().State().SetupBuffer, buffer);
+    EXPECT_EQ(editor_.Window().Car().SetupBuffer(), buffer);
   }
 
   ScriptedEditor editor_;
@@ -201,7 +201,7 @@ TEST_F(AllOrNothing, OpenForAModThatIsNotInstalled)
 
 TEST_F(AllOrNothing, OpenOfWhatCannotBeRead)
 {
-  const auto buffer = editor_.Window().State().SetupBuffer;
+  const auto buffer = editor_.Window().Car().SetupBuffer();
   fs::create_directories(editor_.Path("$G/Players/Ann/Setups/lake/folder.lp1"));
   ExpectNothingChanged("folder.lp1", kWrong, "MnuOpen", buffer);
   ExpectNothingChanged("gone.lp1", kWrong, "MnuOpen", buffer);
@@ -265,7 +265,7 @@ click CmdInc(0)
 
 TEST_F(AllOrNothing, ImportsOfWhatCannotBeRead)
 {
-  const auto buffer = editor_.Window().State().SetupBuffer;
+  const auto buffer = editor_.Window().Car().SetupBuffer();
   fs::create_directories(editor_.Path("$G/Players/Ann/Setups/lake/folder.bb1"));
   const std::string lake = "$G/Players/Ann/Setups/lake/";
   for (const char* command : {"MnuImportChassis", "MnuImportDrivetrain"}) {

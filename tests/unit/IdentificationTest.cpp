@@ -15,6 +15,7 @@
 
 #include "MemoryFiles.h"
 #include "SetupSamples.h"
+#include "app/ModYearFromFile.h"
 #include "platform/Errors.h"
 
 namespace velquist::setup {
@@ -54,7 +55,7 @@ class Questions final : public platform::Dialogs {
   std::optional<int> AskModYear(ModYearForm form, std::string_view message) override
   {
     asked.push_back(form);
-    EXPECT_EQ(message, ModYearMessage(form));
+    EXPECT_EQ(message, app::ModYearMessage(form));
     return button;
   }
   std::optional<std::string> AskOpenFile(const platform::OpenRequest& /*request*/) override
@@ -104,7 +105,7 @@ Outcome ModYearOf(std::string_view file_name, const Bytes& bytes, data::ModYear 
   outcome.questions.button = button;
   auto ModYearIndex = year_before;
   outcome.installed =
-      ModYearFromFile(file_name, bytes, kInstallation, files, outcome.questions, ModYearIndex);
+      app::ModYearFromFile(file_name, bytes, kInstallation, files, outcome.questions, ModYearIndex);
   outcome.year = ModYearIndex;
   return outcome;
 }
@@ -182,10 +183,10 @@ TEST(ModMarkers, AreTriedFrom1965ToGT)
 
 TEST(ModYearQuestions, HaveTheirTextsAndButtons)
 {
-  EXPECT_EQ(ModYearMessage(ModYearForm::kFrmModYear1),
+  EXPECT_EQ(app::ModYearMessage(ModYearForm::kFrmModYear1),
             "Velquist cannot determine which mod this setup file is for, but it is definitely in "
             "the new format.  Please select the mod year.");
-  EXPECT_EQ(ModYearMessage(ModYearForm::kFrmModYear2),
+  EXPECT_EQ(app::ModYearMessage(ModYearForm::kFrmModYear2),
             "Velquist cannot determine which mod this setup file is for, but it is definitely a "
             "1965 or 1967 file in the old format.  Please select the mod year.");
   EXPECT_EQ(ModYearOfButton(0), k1965);

@@ -53,7 +53,7 @@ TEST_F(Lifecycle, SettingsCutAtAnyByteStartProperlyOrEndWithTheSpecifiedText)
       EXPECT_FALSE(window.Ended());
       EXPECT_EQ(program_.dialogs.messages, Messages{});
       EXPECT_EQ(window.Form().Combo7.text, game);
-      EXPECT_EQ(window.State().chassis_index, 6);
+      EXPECT_EQ(window.Car().ChassisIndex(), 6);
       EXPECT_EQ(window.State().Units, 1);
     }
   }
@@ -85,7 +85,7 @@ TEST_F(Lifecycle, StartUpReadsTheNamedFileInPlaceOfTheDefaultSetup)
   program_.world.Copy(InProgram("66 Velquist Default.vqset"), Track("Jim", "monza") + "/a.lp1");
   const auto path = Track("Jim", "monza") + "/a.lp1";
   const auto& window = program_.Start(path);
-  EXPECT_EQ(window.State().file_name, "a.lp1");
+  EXPECT_EQ(window.Car().FileName(), "a.lp1");
   const auto read = [&](const std::string& file) {
     return std::ranges::count(program_.files.read, file);
   };
@@ -157,7 +157,7 @@ TEST_F(Lifecycle, HandlersDoNothingUntilTheStartUpIsDone)
   EXPECT_EQ(program_.dialogs.messages, Messages{});
   EXPECT_EQ(program_.window->State().player_index, 5);
   EXPECT_EQ(program_.window->State().track_index, 7);
-  EXPECT_EQ(program_.window->State().chassis_index, 4);
+  EXPECT_EQ(program_.window->Car().ChassisIndex(), 4);
   EXPECT_EQ(program_.window->State().Units, 1);
 }
 

@@ -141,7 +141,7 @@ class RoundTrip : public ::testing::Test {
     std::array<std::string, setup::kSlots> values;
     for (int slot = 0; slot < setup::kSlots; ++slot)
       values[static_cast<std::size_t>(slot)] =
-          runner::Hex8(window_.State().setup_data.Value(setup::RowOf(slot), data::kCurrent));
+          runner::Hex8(window_.Car().SetupData().Value(setup::RowOf(slot), data::kCurrent));
     return values;
   }
 
@@ -155,9 +155,9 @@ class RoundTrip : public ::testing::Test {
     };
     for (int pair = 0; pair < setup::kGearPairs; ++pair) {
       const auto id =
-          window_.State().setup_data.Value(setup::RowOf(setup::kFirstGear + pair), data::kCurrent);
+          window_.Car().SetupData().Value(setup::RowOf(setup::kFirstGear + pair), data::kCurrent);
       put(setup::kFirstRatio + pair,
-          std::stod(window_.State().GearData.Text(static_cast<int>(id), 2)));
+          std::stod(window_.Car().Gears().Text(static_cast<int>(id), 2)));
     }
     put(setup::kPowerAngle, std::stod(window_.Form().Combo1[1].text));
     put(setup::kCoastAngle, std::stod(window_.Form().Combo1[2].text));
@@ -189,7 +189,7 @@ TEST_F(RoundTrip, TenThousandRandomSetupsOfBothLayoutsComeBack)
     files_.Put(name, bytes);
     window_.Click(Roll(0, 1) == 1 ? "MnuLongFormat" : "MnuShortFormat");
     Open(name);
-    ASSERT_EQ(window_.State().SetupBuffer, bytes);
+    ASSERT_EQ(window_.Car().SetupBuffer(), bytes);
     const auto expected = Written();
     const bool asymmetric = window_.Form().AsymmetricCheck.checked;
     EXPECT_EQ(asymmetric, bytes[260] == std::byte{0});
@@ -199,7 +199,7 @@ TEST_F(RoundTrip, TenThousandRandomSetupsOfBothLayoutsComeBack)
     const auto saved_path = track + window_.Form().Label4.text;
     ASSERT_TRUE(files_.Exists(saved_path));
     const auto saved = files_.ReadWhole(saved_path);
-    EXPECT_EQ(saved, window_.State().SetupBuffer);
+    EXPECT_EQ(saved, window_.Car().SetupBuffer());
     EXPECT_EQ(Unknown(saved), Unknown(bytes));
     const bool kept = saved.size() == bytes.size();
     if (kept) {
@@ -212,12 +212,12 @@ TEST_F(RoundTrip, TenThousandRandomSetupsOfBothLayoutsComeBack)
     converted += kept ? 0 : 1;
 
     // The same year, since nothing in the bytes tells it for sure.
-    const auto year = window_.State().ModYearIndex;
+    const auto year = window_.Car().ModYearIndex();
     constexpr std::array kButtonOfYear = {2, 0, 1, 3};
     if (year < data::ModYear::kGT)
       dialogs_.year_button = kButtonOfYear[static_cast<std::size_t>(year)];
     Open(saved_path);
-    ASSERT_EQ(window_.State().ModYearIndex, year);
+    ASSERT_EQ(window_.Car().ModYearIndex(), year);
     EXPECT_EQ(Values(), expected);
     EXPECT_EQ(window_.Form().AsymmetricCheck.checked, asymmetric);
     files_.Remove(name);
@@ -237,8 +237,8 @@ TEST_F(RoundTrip, DroppedFileOpensWithoutADialog)
   window_.FileDropped(path);
   EXPECT_EQ(window_.Form().Label4.text, "dropped.lp1");
   EXPECT_EQ(window_.Form().Combo2.text, "1966");
-  EXPECT_EQ(window_.State().SetupBuffer, bytes);
-  EXPECT_FALSE(window_.State().changed);
+  EXPECT_EQ(window_.Car().SetupBuffer(), bytes);
+  EXPECT_FALSE(window_.Car().Changed());
 }
 
 /// Slots whose fields differ between two files of one size; -1 when any other byte does.

@@ -35,7 +35,7 @@ TEST(StoreSetupValues, PutsEveryValueIntoItsField)
   for (const auto& fact : kFacts)
     data.Current(fact.row) = static_cast<float>(fact.slot) + (fact.whole ? 0.0F : 0.375F);
   Bytes bytes = SampleSetup(kLongLayoutSize);
-  StoreSetupValues(data, kSampleLists, false, k1969, bytes);
+  StoreSetupValues(data, ValuesOfLists(data, kSampleLists), false, k1969, bytes);
   for (const auto& fact : kFacts) {
     if (fact.slot >= 48) continue;
     SCOPED_TRACE(fact.slot);
@@ -61,7 +61,7 @@ TEST(StoreSetupValues, RoundsWholeNumbersHalfToEven)
       auto data = SampleData();
       data.Current(fact.row) = value;
       Bytes bytes = SampleSetup(kShortLayoutSize);
-      StoreSetupValues(data, kSampleLists, false, k1967, bytes);
+      StoreSetupValues(data, ValuesOfLists(data, kSampleLists), false, k1967, bytes);
       EXPECT_EQ(TakeWhole(bytes, fact.offset), stored) << "slot " << fact.slot << ", " << value;
     }
   }
@@ -72,13 +72,13 @@ TEST(StoreSetupValues, RebuildsTheListSlotsFromTheListsAndTheirMinimums)
   auto data = NumberedData();
   for (const std::size_t row : {13U, 14U, 15U, 46U}) data.Current(row) = -1234.5F;
   Bytes bytes = SampleSetup(kShortLayoutSize);
-  StoreSetupValues(data, {6, 4, 3, 2}, false, k1967, bytes);
+  StoreSetupValues(data, ValuesOfLists(data, {6, 4, 3, 2}), false, k1967, bytes);
   EXPECT_EQ(TakeWhole(bytes, 80), 70 + 6);
   EXPECT_EQ(TakeSingle(bytes, 84), 30.0F + 5 * 3) << "coast angle, Combo1(2)";
   EXPECT_EQ(TakeSingle(bytes, 88), 40.0F + 5 * 4) << "power angle, Combo1(1)";
   EXPECT_EQ(TakeWhole(bytes, 244), 1 + 2);
 
-  StoreSetupValues(data, {0, 0, 0, 0}, false, k1967, bytes);
+  StoreSetupValues(data, ValuesOfLists(data, {0, 0, 0, 0}), false, k1967, bytes);
   EXPECT_EQ(TakeWhole(bytes, 80), 70);
   EXPECT_EQ(TakeSingle(bytes, 84), 30.0F);
   EXPECT_EQ(TakeSingle(bytes, 88), 40.0F);
@@ -93,7 +93,7 @@ TEST(StoreSetupValues, ReadsMinimumsAsRoundedLeadingNumbers)
   data.SetupDataText[15][1] = "none";
   data.SetupDataText[46][1] = "-2";
   Bytes bytes = SampleSetup(kShortLayoutSize);
-  StoreSetupValues(data, {1, 1, 1, 1}, false, k1967, bytes);
+  StoreSetupValues(data, ValuesOfLists(data, {1, 1, 1, 1}), false, k1967, bytes);
   EXPECT_EQ(TakeWhole(bytes, 80), 71);
   EXPECT_EQ(TakeSingle(bytes, 84), 37.0F);
   EXPECT_EQ(TakeSingle(bytes, 88), 5.0F);
@@ -105,9 +105,9 @@ TEST(StoreSetupValues, SetsTheSymmetryByteToTheOppositeOfTheBox)
   for (const int before : {0, 1, 2, 255}) {
     Bytes bytes = SampleSetup(kShortLayoutSize);
     bytes[260] = static_cast<std::byte>(before);
-    StoreSetupValues(SampleData(), kSampleLists, true, k1967, bytes);
+    StoreSetupValues(SampleData(), ValuesOfLists(SampleData(), kSampleLists), true, k1967, bytes);
     EXPECT_EQ(bytes[260], std::byte{0});
-    StoreSetupValues(SampleData(), kSampleLists, false, k1967, bytes);
+    StoreSetupValues(SampleData(), ValuesOfLists(SampleData(), kSampleLists), false, k1967, bytes);
     EXPECT_EQ(bytes[260], std::byte{1});
   }
 }
@@ -118,7 +118,7 @@ TEST(StoreSetupValues, WritesNoWingsIntoALongFileOfAnotherYear)
     auto data = NumberedData();
     Bytes bytes = SampleSetup(kLongLayoutSize);
     const Bytes before = bytes;
-    StoreSetupValues(data, kSampleLists, false, year, bytes);
+    StoreSetupValues(data, ValuesOfLists(data, kSampleLists), false, year, bytes);
     const Bytes wings(bytes.begin() + 261, bytes.begin() + 269);
     EXPECT_EQ(wings, BytesOf(std::string_view("\0\0\x80\xBF\0\0\x80\xBF", 8)))
         << data::ModYearText(year);
@@ -131,7 +131,8 @@ TEST(StoreSetupValues, LeavesTheEndOfAShortFile)
   for (const auto year : {k1967, k1965, k1966, kGT}) {
     Bytes bytes = SampleSetup(kShortLayoutSize);
     const Bytes before = bytes;
-    StoreSetupValues(NumberedData(), kSampleLists, false, year, bytes);
+    StoreSetupValues(NumberedData(), ValuesOfLists(NumberedData(), kSampleLists), false, year,
+                     bytes);
     EXPECT_EQ(bytes.size(), 264U);
     EXPECT_TRUE(std::equal(bytes.begin() + 261, bytes.end(), before.begin() + 261))
         << data::ModYearText(year);
@@ -144,7 +145,8 @@ TEST(StoreSetupValues, LeavesTheEndOfAFileOfAnyOtherSize)
     if (size == kLongLayoutSize) continue;
     Bytes bytes = SampleSetup(size);
     const Bytes before = bytes;
-    StoreSetupValues(NumberedData(), kSampleLists, false, k1967, bytes);
+    StoreSetupValues(NumberedData(), ValuesOfLists(NumberedData(), kSampleLists), false, k1967,
+                     bytes);
     EXPECT_TRUE(std::equal(bytes.begin() + 261, bytes.end(), before.begin() + 261, before.end()))
         << size;
   }
@@ -155,7 +157,8 @@ TEST(StoreSetupValues, TouchesNoByteThatIsNoField)
   for (const auto size : {kShortLayoutSize, kLongLayoutSize}) {
     Bytes bytes = SampleSetup(size);
     const Bytes before = bytes;
-    StoreSetupValues(NumberedData(), kSampleLists, true, k1967, bytes);
+    StoreSetupValues(NumberedData(), ValuesOfLists(NumberedData(), kSampleLists), true, k1967,
+                     bytes);
     for (std::size_t at = 0; at < size; ++at) {
       const bool kept = at < 20 || (at >= 48 && at < 56) || (at >= 172 && at < 204) ||
                         (at > 260 && (size == kShortLayoutSize || at >= 269));
@@ -175,9 +178,12 @@ TEST(StoreSetupValues, FailsForEveryFileThatEndsBeforeAFieldItWrites)
                    std::to_string(size));
       Bytes bytes = SampleSetup(size);
       if (size < needed)
-        EXPECT_THROW(StoreSetupValues(SampleData(), kSampleLists, false, year, bytes), BoundsError);
+        EXPECT_THROW(StoreSetupValues(SampleData(), ValuesOfLists(SampleData(), kSampleLists),
+                                      false, year, bytes),
+                     BoundsError);
       else
-        EXPECT_NO_THROW(StoreSetupValues(SampleData(), kSampleLists, false, year, bytes));
+        EXPECT_NO_THROW(StoreSetupValues(SampleData(), ValuesOfLists(SampleData(), kSampleLists),
+                                         false, year, bytes));
       EXPECT_EQ(bytes.size(), size);
     }
   }
@@ -197,7 +203,8 @@ TEST(StoreSetupValues, FailsForAWholeNumberBeyond32Bits)
       auto data = SampleData();
       data.Current(fact.row) = value;
       Bytes bytes = SampleSetup(kShortLayoutSize);
-      EXPECT_THROW(StoreSetupValues(data, kSampleLists, false, k1967, bytes), BoundsError)
+      EXPECT_THROW(StoreSetupValues(data, ValuesOfLists(data, kSampleLists), false, k1967, bytes),
+                   BoundsError)
           << "slot " << fact.slot << ", " << value;
     }
   }
@@ -220,14 +227,15 @@ TEST(StoreSetupValues, FailsWhenAListSumLeaves16Bits)
     auto data = SampleData();
     data.SetupDataText[row][1] = minimum;
     Bytes bytes = SampleSetup(kShortLayoutSize);
-    EXPECT_THROW(StoreSetupValues(data, lists, false, k1967, bytes), BoundsError)
+    EXPECT_THROW(StoreSetupValues(data, ValuesOfLists(data, lists), false, k1967, bytes),
+                 BoundsError)
         << row << ' ' << minimum;
   }
   auto data = SampleData();
   data.SetupDataText[14][1] = "32762";
   data.SetupDataText[46][1] = "32766";
   Bytes bytes = SampleSetup(kShortLayoutSize);
-  EXPECT_NO_THROW(StoreSetupValues(data, {0, 0, 1, 1}, false, k1967, bytes));
+  EXPECT_NO_THROW(StoreSetupValues(data, ValuesOfLists(data, {0, 0, 1, 1}), false, k1967, bytes));
   EXPECT_EQ(TakeSingle(bytes, 84), 32767.0F);
   EXPECT_EQ(TakeWhole(bytes, 244), 32767);
 }
@@ -239,7 +247,9 @@ TEST(StoreSetupValues, FailsWhenTheDataFileHasTooFewRows)
     data.SetupDataValues.resize(rows);
     data.SetupDataText.resize(rows);
     Bytes bytes = SampleSetup(kShortLayoutSize);
-    EXPECT_THROW(StoreSetupValues(data, kSampleLists, false, k1967, bytes), BoundsError) << rows;
+    EXPECT_THROW(StoreSetupValues(data, ValuesOfLists(data, kSampleLists), false, k1967, bytes),
+                 BoundsError)
+        << rows;
   }
 }
 
@@ -252,7 +262,7 @@ TEST(StoreSetupValues, KeepsEveryBitOfSinglesThatAreNoNumbers)
   auto data = SampleData();
   const bool symmetric = LoadSetupValues(bytes, SampleGears(), k1969, data);
   Bytes stored = bytes;
-  StoreSetupValues(data, {6, 0, 0, 0}, !symmetric, k1969, stored);
+  StoreSetupValues(data, ValuesOfLists(data, {6, 0, 0, 0}), !symmetric, k1969, stored);
   for (const auto& fact : kFacts) {
     if (!fact.whole && fact.slot < 49) {
       EXPECT_EQ(Take(stored, fact.offset), Take(bytes, fact.offset)) << "slot " << fact.slot;

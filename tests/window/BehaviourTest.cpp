@@ -23,7 +23,7 @@ class Behaviour : public RealWindow {
     mouse_.MouseUp();
     LetTimePass(200);
   }
-  [[nodiscard]] float Value(int slot) const { return editor.Window().SlotValue(slot); }
+  [[nodiscard]] float Value(int slot) const { return editor.Window().Car().Value(slot); }
 
   wxUIActionSimulator mouse_;
 };

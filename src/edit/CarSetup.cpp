@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: MIT
+#include "edit/CarSetup.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "data/ChassisCatalogue.h"
+#include "edit/Drivetrain.h"
+#include "platform/Errors.h"
+#include "setup/Imports.h"
+#include "setup/SlotTable.h"
+
+namespace velquist::edit {
+namespace {
+
+using setup::RowOf;
+
+std::size_t At(int list)
+{
+  return static_cast<std::size_t>(list);
+}
+
+}  // namespace
+
+template <class Change>
+void CarSetup::AllOrNothing(Change&& change)
+{
+  auto before = Snapshot();
+  try {
+    std::forward<Change>(change)();
+  } catch (...) {
+    Restore(std::move(before));
+    throw;
+  }
+}
+
+int CarSetup::EngineSlot() const
+{
+  return data::EngineSlot(chassis_index_, formula_index_).value_or(chassis_index_);
+}
+
+int CarSetup::GearCount() const
+{
+  return data::GearCount(ModYearIndex_, EngineSlot());
+}
+
+std::optional<DataFile> CarSetup::ReadDataFiles(const platform::FileSystem& files,
+                                                std::string_view program_directory)
+{
+  // Rows that a gear data file lacks keep what an earlier one left.
+  auto tables = std::make_shared<ReferenceTables>(*tables_);
+  if (!data::ReadSetupData(files, program_directory, ModYearIndex_, tables->setup_data))
+    return DataFile::kSetupData;
+  if (!data::ReadGearData(files, program_directory, ModYearIndex_, tables->gears))
+    return DataFile::kGearData;
+  setup_data_ = tables->setup_data;
+  tables_ = std::move(tables);
+  return std::nullopt;
+}
+
+bool CarSetup::ReadFile(const platform::FileSystem& files, std::string_view path)
+{
+  setup::Bytes bytes;
+  if (setup::ReadSetupFile(files, path, bytes) != 0)
+    SetupBuffer_ = std::make_shared<const setup::Bytes>(std::move(bytes));
+  return setup::HasMagic(*SetupBuffer_);
+}
+
+void CarSetup::LoadValues()
+{
+  AllOrNothing([&] {
+    const bool symmetric =
+        setup::LoadSetupValues(*SetupBuffer_, tables_->gears, ModYearIndex_, setup_data_);
+    SetAsymmetric(!symmetric);
+    TakeBuffer();
+  });
+}
+
+void CarSetup::LoadLists()
+{
+  AllOrNothing([&] {
+    for (const int list : {kPowerAngleList, kCoastAngleList, kClutchesList, kFinalDriveList})
+      ChooseInList(list, SelectionInList(list, setup_data_));
+  });
+}
+
+void CarSetup::WriteFile(platform::FileSystem& files, std::string_view path,
+                         std::optional<setup::Layout> layout)
+{
+  AllOrNothing([&] {
+    setup::RebuildRatioNumbers(tables_->gears, setup_data_);
+    const auto list_values = setup::ValuesOfLists(setup_data_, lists_);
+    setup::Bytes bytes = *edited_bytes_;
+    setup::StoreSetupValues(setup_data_, list_values, options_.asymmetric, ModYearIndex_, bytes);
+    if (layout) setup::ConvertLayout(bytes, *layout);
+    for (int list = 0; list < kDrivetrainLists; ++list)
+      setup_data_.Current(RowOf(SlotOfList(list))) = static_cast<float>(list_values[At(list)]);
+    auto written = std::make_shared<const setup::Bytes>(std::move(bytes));
+    setup::WriteSetupFile(files, path, *written);
+    SetupBuffer_ = std::move(written);
+    TakeBuffer();
+    changed_ = false;
+  });
+}
+
+float CarSetup::Value(int slot) const
+{
+  return setup_data_.Value(RowOf(slot), data::kCurrent);
+}
+
+void CarSetup::SetAsymmetric(bool on) noexcept
+{
+  options_.asymmetric = on;
+  if (on) options_.proportional_springs = false;
+}
+
+void CarSetup::SetProportionalSprings(bool on) noexcept
+{
+  options_.proportional_springs = on;
+  if (on) options_.asymmetric = false;
+}
+
+ShownSlots CarSetup::Step(int slot, Direction direction)
+{
+  changed_ = true;
+  const float rear_weight = data::RearWeightFraction(ModYearIndex_, EngineSlot());
+  const bool gear = setup::IsGear(slot);
+  const float before = gear ? Value(slot) : 0;
+  const auto shown = edit::Step(setup_data_, slot, direction, options_, rear_weight);
+  if (gear) {
+    try {
+      (void)GearRowOf(setup_data_, slot);
+    } catch (const BoundsError&) {
+      setup_data_.Current(RowOf(slot)) = before;
+      throw;
+    }
+  }
+  return shown;
+}
+
+int CarSetup::ListSelection(int list) const
+{
+  return lists_.at(At(list));
+}
+
+void CarSetup::ChooseInList(int list, int position)
+{
+  if (position < 0 || position >= LengthOfList(list, setup_data_))
+    throw BoundsError("selection " + std::to_string(position));
+  // A final drive counts at once, angles and clutches when the setup is written.
+  if (list == kFinalDriveList) {
+    auto lists = lists_;
+    lists[At(list)] = position;
+    const int row = FirstOfList(list, setup_data_) + position;
+    (void)tables_->gears.Ratio(row);
+    setup_data_.Current(RowOf(setup::kFinalDrive)) = static_cast<float>(row);
+  }
+  lists_.at(At(list)) = position;
+  changed_ = true;
+}
+
+int CarSetup::FinalDriveRow() const
+{
+  return FirstOfList(kFinalDriveList, setup_data_) + ListSelection(kFinalDriveList);
+}
+
+void CarSetup::ImportChassis()
+{
+  AllOrNothing([&] {
+    setup::ImportChassis(*SetupBuffer_, ModYearIndex_, setup_data_);
+    TakeBuffer();
+    changed_ = true;
+  });
+}
+
+void CarSetup::ImportDrivetrain()
+{
+  AllOrNothing([&] {
+    setup::ImportDrivetrain(*SetupBuffer_, tables_->gears, setup_data_);
+    LoadLists();
+    TakeBuffer();
+    changed_ = true;
+  });
+}
+
+void CarSetup::ReverseSides()
+{
+  AllOrNothing([&] { setup::ReverseSides(setup_data_); });
+}
+
+CarSnapshot CarSetup::Snapshot() const
+{
+  CarSnapshot snapshot{
+      .tables = tables_,
+      .SetupBuffer = SetupBuffer_,
+      .edited_bytes = edited_bytes_,
+      .lists = lists_,
+      .options = options_,
+      .ModYearIndex = ModYearIndex_,
+      .chassis_index = chassis_index_,
+      .formula_index = formula_index_,
+      .changed = changed_,
+      .file_name = file_name_,
+  };
+  setup_data_.CopyCurrent(snapshot.values);
+  return snapshot;
+}
+
+void CarSetup::Restore(CarSnapshot snapshot)
+{
+  if (tables_ != snapshot.tables) setup_data_ = snapshot.tables->setup_data;
+  setup_data_.SetCurrent(snapshot.values);
+  tables_ = std::move(snapshot.tables);
+  SetupBuffer_ = std::move(snapshot.SetupBuffer);
+  edited_bytes_ = std::move(snapshot.edited_bytes);
+  lists_ = snapshot.lists;
+  options_ = snapshot.options;
+  ModYearIndex_ = snapshot.ModYearIndex;
+  chassis_index_ = snapshot.chassis_index;
+  formula_index_ = snapshot.formula_index;
+  changed_ = snapshot.changed;
+  file_name_ = std::move(snapshot.file_name);
+}
+
+}  // namespace velquist::edit
