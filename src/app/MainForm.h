@@ -22,20 +22,64 @@ struct Place {
   friend bool operator==(const Place&, const Place&) = default;
 };
 
-/// One row of the design layout (FormControlSettings.cpp): what never changes about a control.
+struct Control;
+struct MainForm;
+class MainWindow;
+
+/// The member of MainForm that a row of the layout is about.
+struct FormMember {
+  std::span<Control> (*places)(MainForm& form) = nullptr;
+  int count = 0;  ///< places of a control array, 0 for a single control
+};
+
+/// How a label's text stands in its place.
+enum class Alignment { kCentre, kLeft };
+
+/// What the window makes for a control.
+enum class Shape {
+  kOfKind,      ///< what the kind says
+  kStepButton,  ///< a button that steps the slot of its index again and again while it is held
+  kChart,       ///< a picture box of what `chart` has recorded
+  kCarPicture,  ///< a picture box of the car
+  kMarquee,     ///< the box that the quotation runs through
+  kNone,        ///< nothing: the box around it shows it
+};
+
+/// Letter height of lists, boxes and most captions, pixels.
+inline constexpr int kUsualLetters = 15;
+
+/// One row of the design layout (FormControlSettings.cpp): all that never changes about a control.
 /// Controls are named with views into that table, which lives as long as the program.
 struct ControlDesign {
-  std::string_view name;
+  std::string_view name{};  ///< VELQUIST_CONTROL(name) gives this and the next
+  FormMember member{};
   int index = -1;  ///< place in its control array, -1 for a single control
   ControlKind kind = ControlKind::kLabel;
-  std::string_view frame;  ///< name of the frame or menu around it, empty at the top
+  std::string_view frame{};  ///< name of the frame or menu around it, empty at the top
   int frame_index = -1;
-  Place place;               ///< at a screen of 1280 x 1024; empty for menus
-  int font_size = 0;         ///< pixels of letter height at that screen
-  std::string_view caption;  ///< initial text; `&` marks the mnemonic
-  std::string_view spoken;   ///< accessible name where the caption does not say it
-  std::string_view tip;
-  std::string_view shortcut;  ///< "Ctrl+O"
+  Place place{};                  ///< at a screen of 1280 x 1024; empty for menus
+  int font_size = kUsualLetters;  ///< pixels of letter height at that screen
+  std::string_view caption{};     ///< initial text; `&` marks the mnemonic
+  std::string_view spoken{};      ///< accessible name where the caption does not say it
+  std::string_view tip{};
+  std::string_view shortcut{};  ///< "Ctrl+O"
+
+  /// What happens when the user presses, chooses or checks it; null where nothing does.
+  void (*event)(MainWindow& window, int index) = nullptr;
+
+  bool begins_group = false;  ///< of menu items, behind a line; of option buttons
+  bool exclusive = false;     ///< menu item with a mark that only one of its menu has
+  Alignment alignment = Alignment::kCentre;  ///< of a label
+  bool ellipsis = false;  ///< a long text loses its middle and is whole in the label's tool tip
+
+  Shape shape = Shape::kOfKind;
+  PictureRecorder MainForm::*chart = nullptr;  ///< of a chart
+  /// Of a chart: what it shows at a place in its box, pixels.
+  std::string (MainWindow::*reading)(double x, double y) const = nullptr;
+
+  /// The control itself.
+  [[nodiscard]] Control& In(MainForm& form) const noexcept;
+  [[nodiscard]] const Control& In(const MainForm& form) const noexcept;
 };
 
 /// A control as the window shows it. `shown` is the control's own state; a control inside a hidden
@@ -48,18 +92,16 @@ struct Control {
   bool shown = true;
   bool enabled = true;
   bool checked = false;
-  Place place;        ///< scaled for the screen
+  Place place{};      ///< scaled for the screen
   int font_size = 0;  ///< pixels, scaled for the screen
 };
 
 /// Number of entries in the arrays indexed by parameter slot.
 inline constexpr int kSlotControls = 52;
 
-/// What the main window shows, as plain data: every control under its own name. The events write
-/// to it, the front end brings its widgets in line with it.
-struct MainForm {
-  std::string caption;  ///< of the window
-
+/// Every control under its own name, and nothing but controls. Each member has its row or rows in
+/// the layout.
+struct FormControls {
   // Indexed by parameter slot; only slots with such a control are filled.
   std::array<Control, kSlotControls> CmdInc, CmdDec;
   std::array<Control, kSlotControls> Label1;  ///< value
@@ -95,6 +137,12 @@ struct MainForm {
   Control MnuTools, MnuImportChassis, MnuImportDrivetrain, MnuReverse, MnuSaveAsFormat,
       MnuShortFormat, MnuLongFormat, MnuAddInstall, MnuDeleteInstall;
   Control MnuHelp, MnuHelp2, MnuAbout;
+};
+
+/// What the main window shows, as plain data. The events write to it, the front end brings its
+/// widgets in line with it.
+struct MainForm : FormControls {
+  std::string caption;  ///< of the window
 
   // What is drawn in the picture boxes.
   PictureRecorder chart;    ///< in PictureChart
@@ -104,12 +152,35 @@ struct MainForm {
   /// Every control captioned and placed as at a screen of 1280 x 1024.
   MainForm();
 
-  /// The control of that name, null when there is none. `index` is -1 for a single control.
+  /// The control of that row, null when there is none. `index` is -1 for a single control.
   [[nodiscard]] Control* Find(std::string_view name, int index) noexcept;
   [[nodiscard]] const Control* Find(std::string_view name, int index) const noexcept;
 
   /// Shown itself and every frame or menu around it.
   [[nodiscard]] bool IsShown(const Control& control) const noexcept;
 };
+
+template <std::size_t kCount>
+constexpr int CountOf(std::array<Control, kCount> FormControls::* /*member*/)
+{
+  return static_cast<int>(kCount);
+}
+constexpr int CountOf(Control FormControls::* /*member*/)
+{
+  return 0;
+}
+
+template <auto kMember>
+inline constexpr FormMember kFormMember = {[](MainForm& form) -> std::span<Control> {
+                                             if constexpr (CountOf(kMember) == 0)
+                                               return {&(form.*kMember), 1};
+                                             else
+                                               return form.*kMember;
+                                           },
+                                           CountOf(kMember)};
+
+/// Begins a row: the control's name and its member, which must be one of FormControls.
+#define VELQUIST_CONTROL(control) \
+  .name = #control, .member = ::velquist::app::kFormMember<&::velquist::app::MainForm::control>
 
 }  // namespace velquist::app

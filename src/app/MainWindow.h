@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -39,9 +40,10 @@ class MainWindow {
 
   /// A press of a button or menu item. False when there is no such control or it does nothing.
   bool Click(std::string_view name, int index = -1);
-  /// The user sets a check box or chooses an option button.
+  /// The user sets a check box or chooses an option button. False when there is none of that name.
   bool Check(std::string_view name, int index, bool checked);
   /// The user chooses an item of a drop-down list; choosing the chosen one is an event too.
+  /// False when there is no list of that name.
   bool Select(std::string_view name, int index, int selection);
 
   /// The window's close request. True when the window may go.
@@ -67,7 +69,9 @@ class MainWindow {
   [[nodiscard]] bool Ended() const noexcept { return ended_; }
 
  private:
-  struct Clickable;
+  // Their rows name the events.
+  friend struct MenuRows;
+  friend struct ControlRows;
   struct Before;
 
   // MainWindow.cpp: events
@@ -76,6 +80,8 @@ class MainWindow {
   template <class Command>
   void AllOrNothing(Command&& command);
   void GoBack(Before before);
+  Control* FindOf(std::string_view name, int index,
+                  std::initializer_list<ControlKind> kinds) noexcept;
   void Fire(const Control& control);
   void Choose(Control& list, int index);
   bool ChooseText(Control& list, std::string_view text);

@@ -21,6 +21,7 @@ namespace velquist::ui {
 namespace {
 
 using app::ControlKind;
+using app::Shape;
 
 /// Row N of the layout has the window id kFirstId + N.
 constexpr int kFirstId = wxID_HIGHEST + 1;
@@ -60,12 +61,6 @@ class Flag {
 int Rounded(float value)
 {
   return static_cast<int>(std::nearbyint(value));
-}
-
-/// Its steps repeat while it is held.
-bool IsStepButton(const app::ControlDesign& design)
-{
-  return design.name == "CmdInc" || design.name == "CmdDec";
 }
 
 }  // namespace
@@ -115,39 +110,36 @@ void FrmMain::RunMarquee()
 void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
 {
   int id = kFirstId;
-  const app::ControlDesign* previous = nullptr;
   for (const auto& design : app::FormControlSettings()) {
-    if (design.kind != ControlKind::kMenu && design.name != "LblMarquee") {
-      const bool goes_on = previous != nullptr && previous->kind == ControlKind::kOption &&
-                           previous->name == design.name;
-      wxWindow* const made = MakeWindow(design, id, !goes_on, pictures);
+    if (wxWindow* const made = MakeWindow(design, id, pictures)) {
       Describe(*made, design);
-      widgets_.emplace_back(*window_.Form().Find(design.name, design.index), *made);
-      previous = &design;
+      widgets_.emplace_back(design.In(window_.Form()), *made);
     }
     ++id;
   }
 }
 
-wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id, bool first_option,
+/// Null for what has no window of its own.
+wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id,
                               platform::WxPictureLoader& pictures)
 {
   const auto& form = window_.Form();
   const wxString name = WindowName(design);
-  if (IsStepButton(design))
-    return new StepButton(panel_, id, name, *form.Find("Label1", design.index),
-                          [this, slot = design.index] { return window_.Car().Value(slot); });
-  if (design.kind != ControlKind::kPicture) return MakeWidget(design, panel_, id, first_option);
-  if (design.name == "PictureChart")
-    return chart_ = new ChartBox(panel_, id, name, form.chart, [this](double x, double y) {
-             return window_.PictureChart_MouseMove(x, y);
-           });
-  if (design.name == "PictureChart2")
-    return chart2_ = new ChartBox(panel_, id, name, form.chart2, [this](double x, double y) {
-             return window_.PictureChart2_MouseMove(x, y);
-           });
-  if (design.name == "GEMPic1") return car_ = new CarPictureBox(panel_, id, name, pictures);
-  return marquee_ = new MarqueeBox(panel_, id, name, form.LblMarquee);
+  switch (design.shape) {
+    case Shape::kStepButton:
+      return new StepButton(panel_, id, name,
+                            form.Label1.at(static_cast<std::size_t>(design.index)),
+                            [this, slot = design.index] { return window_.Car().Value(slot); });
+    case Shape::kChart:
+      return charts_.emplace_back(new ChartBox(
+          panel_, id, name, form.*design.chart,
+          [this, read = design.reading](double x, double y) { return (window_.*read)(x, y); }));
+    case Shape::kCarPicture: return car_ = new CarPictureBox(panel_, id, name, pictures);
+    case Shape::kMarquee: return marquee_ = new MarqueeBox(panel_, id, name, form.LblMarquee);
+    case Shape::kNone: return nullptr;
+    case Shape::kOfKind: break;
+  }
+  return design.kind == ControlKind::kMenu ? nullptr : MakeWidget(design, panel_, id);
 }
 
 void FrmMain::LinkMnemonics()
@@ -222,13 +214,12 @@ void FrmMain::ShowChanges()
   const wxString caption = platform::FromText(form.caption);
   if (GetTitle() != caption) SetTitle(caption);
   for (auto& widget : widgets_) {
-    const auto& design = widget.Design();
-    widget.BringInLine(form.IsShown(*form.Find(design.name, design.index)));
-    if (auto* const button = dynamic_cast<StepButton*>(&widget.Window())) button->SayValue(design);
+    widget.BringInLine(form.IsShown(widget.Shown()));
+    if (auto* const button = dynamic_cast<StepButton*>(&widget.Window()))
+      button->SayValue(widget.Design());
   }
   menus_.BringInLine();
-  chart_->BringInLine();
-  chart2_->BringInLine();
+  for (auto* const chart : charts_) chart->BringInLine();
   car_->ShowPicture(form.car_picture);
   marquee_->BringInLine();
   SetTimer();  // which a box on the screen has held up

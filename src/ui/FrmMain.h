@@ -37,7 +37,7 @@ class FrmMain final : public wxFrame {
 
  private:
   void MakeWidgets(platform::WxPictureLoader& pictures);
-  wxWindow* MakeWindow(const app::ControlDesign& design, wxWindowID id, bool first_option,
+  wxWindow* MakeWindow(const app::ControlDesign& design, wxWindowID id,
                        platform::WxPictureLoader& pictures);
   void LinkMnemonics();
   void BindEvents();
@@ -65,8 +65,7 @@ class FrmMain final : public wxFrame {
   wxPanel* panel_ = nullptr;
   Menus menus_;
   std::vector<ControlWidget> widgets_;
-  ChartBox* chart_ = nullptr;
-  ChartBox* chart2_ = nullptr;
+  std::vector<ChartBox*> charts_;
   CarPictureBox* car_ = nullptr;
   MarqueeBox* marquee_ = nullptr;
   wxTimer timer_;

@@ -2,26 +2,12 @@
 #include "ui/Menus.h"
 
 #include <algorithm>
-#include <array>
 
 #include "app/FormControlSettings.h"
 #include "platform_wx/WxText.h"
 
 namespace velquist::ui {
 namespace {
-
-/// The entries that begin a new group.
-constexpr std::array<std::string_view, 5> kGroups{"MnuSave", "MnuRevert", "MnuExit",
-                                                  "MnuSaveAsFormat", "MnuAddInstall"};
-
-/// The menu whose entries exclude each other.
-constexpr std::string_view kExclusiveMenu = "MnuSaveAsFormat";
-
-template <std::size_t kCount>
-bool IsOneOf(std::string_view name, const std::array<std::string_view, kCount>& names)
-{
-  return std::ranges::find(names, name) != names.end();
-}
 
 wxString EntryText(const app::Control& control)
 {
@@ -40,7 +26,7 @@ Menus::Menus(const app::MainForm& form, int first_id) : bar_(new wxMenuBar)
 {
   int id = first_id;
   for (const auto& design : app::FormControlSettings()) {
-    if (design.kind == app::ControlKind::kMenu) Add(*form.Find(design.name, design.index), id);
+    if (design.kind == app::ControlKind::kMenu) Add(design.In(form), id);
     ++id;
   }
 }
@@ -57,11 +43,10 @@ void Menus::Add(const app::Control& control, int id)
   entry.menu = opens ? new wxMenu : nullptr;
   if (const Entry* const parent = Find(design.frame)) {
     entry.parent = parent->menu;
-    if (IsOneOf(design.name, kGroups)) entry.parent->AppendSeparator();
-    const bool exclusive = design.frame == kExclusiveMenu;
+    if (design.begins_group) entry.parent->AppendSeparator();
     entry.item =
         new wxMenuItem(entry.parent, id, EntryText(control), platform::FromText(design.tip),
-                       exclusive ? wxITEM_RADIO : wxITEM_NORMAL, entry.menu);
+                       design.exclusive ? wxITEM_RADIO : wxITEM_NORMAL, entry.menu);
     entry.parent->Append(entry.item);
   } else {
     bar_->Append(entry.menu, EntryText(control));
@@ -115,7 +100,7 @@ void Menus::ShowEntry(Entry& entry, bool shown)
   }
   const bool line_follows =
       at < entry.parent->GetMenuItemCount() && entry.parent->FindItemByPosition(at)->IsSeparator();
-  if (line_follows && IsOneOf(entry.control->design->name, kGroups)) ++at;
+  if (line_follows && entry.control->design->begins_group) ++at;
   entry.parent->Insert(at, entry.item);
 }
 

@@ -19,9 +19,6 @@ using app::ControlKind;
 
 constexpr char kFace[] = "Arial";
 
-/// From this slot on, values are chosen from lists.
-constexpr int kFirstListSlot = 48;
-
 /// The system draws something of its own beside the text.
 bool HasMark(ControlKind kind)
 {
@@ -65,20 +62,11 @@ void KeepTextWhole(wxWindow& control, const wxString& text, int letters, int wid
   while (wanted() > width && letters > kSmallestLetters) control.SetFont(ControlFont(--letters));
 }
 
-/// Its text can be longer than its place: what is cut off is in its tool tip.
-bool HasNameOfFile(const app::ControlDesign& design)
-{
-  return design.name == "Label4";
-}
-
-/// In the middle, as between the columns of the two sides, but for the captions of lists and what
-/// is read as a line. A file name too long for its place keeps both its ends.
 long LabelStyle(const app::ControlDesign& design)
 {
-  if (HasNameOfFile(design)) return wxALIGN_LEFT | wxST_ELLIPSIZE_MIDDLE;
-  const bool of_list =
-      design.name == "Label5" || (design.name == "Label3" && design.index >= kFirstListSlot);
-  return of_list ? wxALIGN_LEFT : wxALIGN_CENTRE_HORIZONTAL;
+  const long alignment =
+      design.alignment == app::Alignment::kLeft ? wxALIGN_LEFT : wxALIGN_CENTRE_HORIZONTAL;
+  return alignment | (design.ellipsis ? wxST_ELLIPSIZE_MIDDLE : 0);
 }
 
 }  // namespace
@@ -144,7 +132,7 @@ void ControlWidget::TakeUserChange()
 void ControlWidget::ShowText()
 {
   if (Design().kind != ControlKind::kPicture) window_->SetLabel(LabelText(*control_));
-  if (HasNameOfFile(Design())) window_->SetToolTip(platform::FromText(control_->text));
+  if (Design().ellipsis) window_->SetToolTip(platform::FromText(control_->text));
   last_.text = control_->text;
 }
 
@@ -182,8 +170,7 @@ void ControlWidget::ShowPlace()
   last_.place = place;
 }
 
-wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindowID id,
-                     bool first_option)
+wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindowID id)
 {
   const wxPoint at = wxDefaultPosition;
   const wxSize size(1, 1);
@@ -205,7 +192,7 @@ wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindo
     }
     case ControlKind::kOption: {
       auto* const option =
-          new wxRadioButton(parent, id, wxString(), at, size, first_option ? wxRB_GROUP : 0,
+          new wxRadioButton(parent, id, wxString(), at, size, design.begins_group ? wxRB_GROUP : 0,
                             wxDefaultValidator, name);
       platform::AllowCutLabel(*option);
       return option;

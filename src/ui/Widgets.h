@@ -20,6 +20,7 @@ class ControlWidget {
   /// `window` was made for `control`, is empty, and belongs to its parent window.
   ControlWidget(const app::Control& control, wxWindow& window);
 
+  [[nodiscard]] const app::Control& Shown() const { return *control_; }
   [[nodiscard]] const app::ControlDesign& Design() const { return *control_->design; }
   [[nodiscard]] wxWindow& Window() const { return *window_; }
 
@@ -41,10 +42,10 @@ class ControlWidget {
   app::Control last_;  ///< as last shown; an empty text, no items and no place at first
 };
 
-/// Makes the empty widget of a button (but a step button), label, list, check box, option button
-/// or frame. `first_option` begins a group of option buttons.
+/// Makes the empty widget that the control's kind says: a button, label, list, check box, option
+/// button or frame.
 [[nodiscard]] wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent,
-                                   wxWindowID id, bool first_option);
+                                   wxWindowID id);
 
 /// What a screen reader and a tool tip say about the control.
 void Describe(wxWindow& window, const app::ControlDesign& design);

@@ -126,25 +126,25 @@ void DumpChart(Play& play, bool second)
     play.out << PrimitiveText(drawn) << '\n';
 }
 
-bool HasCheckMark(const ControlName& control, ControlKind kind)
+bool HasCheckMark(const app::ControlDesign& design)
 {
-  return kind == ControlKind::kCheck || kind == ControlKind::kOption ||
-         control.name == "MnuShortFormat" || control.name == "MnuLongFormat";
+  return design.kind == ControlKind::kCheck || design.kind == ControlKind::kOption ||
+         design.exclusive;
 }
 
 void DumpControls(Play& play)
 {
-  std::vector<ControlName> controls;
-  for (const auto& design : app::FormControlSettings())
-    controls.push_back({std::string(design.name), design.index});
-  std::ranges::sort(controls, [](const ControlName& a, const ControlName& b) {
-    return std::tie(a.name, a.index) < std::tie(b.name, b.index);
+  std::vector<const app::ControlDesign*> designs;
+  for (const auto& design : app::FormControlSettings()) designs.push_back(&design);
+  std::ranges::sort(designs, [](const auto* a, const auto* b) {
+    return std::tie(a->name, a->index) < std::tie(b->name, b->index);
   });
-  for (const auto& control : controls) {
+  for (const auto* const design : designs) {
+    const ControlName control = {std::string(design->name), design->index};
     const auto seen = play.Seen(control);
     play.out << control.Text() << ' ' << KindName(seen.kind) << (seen.shown ? " shown" : " hidden")
              << (seen.enabled ? " enabled" : " disabled");
-    if (HasCheckMark(control, seen.kind)) play.out << (seen.checked ? " checked" : " unchecked");
+    if (HasCheckMark(*design)) play.out << (seen.checked ? " checked" : " unchecked");
     if (seen.kind == ControlKind::kList) play.out << " #" << seen.selection;
     play.out << ' ' << Quoted(seen.text);
     if (seen.kind == ControlKind::kList) {
