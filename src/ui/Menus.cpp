@@ -121,11 +121,12 @@ std::optional<Menus::Seen> Menus::Look(std::string_view name) const
               entry.item->IsCheckable() && entry.item->IsChecked()};
 }
 
-void Menus::Choose(std::string_view name) const
+bool Menus::Choose(std::string_view name) const
 {
   const Entry& entry = *Find(name);
+  if (entry.menu != nullptr) return false;
   if (entry.item->IsCheckable()) entry.item->Check();
-  entry.parent->SendEvent(entry.item->GetId(), entry.item->IsCheckable() ? 1 : -1);
+  return entry.parent->SendEvent(entry.item->GetId(), entry.item->IsCheckable() ? 1 : -1);
 }
 
 }  // namespace velquist::ui

@@ -34,8 +34,9 @@ class Menus {
   };
   /// The entry of that name, nothing when there is none.
   [[nodiscard]] std::optional<Seen> Look(std::string_view name) const;
-  /// Chooses the entry of that name, which is shown, as the user does.
-  void Choose(std::string_view name) const;
+  /// Chooses the entry of that name, which is shown, as the user does. False when all it does is
+  /// open a menu.
+  [[nodiscard]] bool Choose(std::string_view name) const;
 
  private:
   struct Entry {

@@ -41,7 +41,8 @@ class Driver {
   [[nodiscard]] virtual std::string Caption() = 0;
 
   /// The caller has made sure that the control is there, shown and enabled.
-  virtual void Click(std::string_view name, int index) = 0;
+  /// False when nothing happens on it.
+  [[nodiscard]] virtual bool Click(std::string_view name, int index) = 0;
   virtual void Check(std::string_view name, int index, bool checked) = 0;
   virtual void Select(std::string_view name, int index, int position) = 0;
   virtual void Close() = 0;

@@ -36,7 +36,7 @@ class ModelDriver final : public Driver {
   {
     const auto& form = Window().Form();
     const auto* const control = form.Find(name, index);
-    if (control == nullptr || control->design == nullptr) return std::nullopt;
+    if (control == nullptr) return std::nullopt;
     SeenControl seen{control->design->kind,  control->text,    control->items,   control->selection,
                      form.IsShown(*control), control->enabled, control->checked, control->place};
     if (seen.kind == app::ControlKind::kList)
@@ -48,7 +48,10 @@ class ModelDriver final : public Driver {
   }
   [[nodiscard]] std::string Caption() override { return Window().Form().caption; }
 
-  void Click(std::string_view name, int index) override { window_->Click(name, index); }
+  [[nodiscard]] bool Click(std::string_view name, int index) override
+  {
+    return window_->Click(name, index);
+  }
   void Check(std::string_view name, int index, bool checked) override
   {
     window_->Check(name, index, checked);

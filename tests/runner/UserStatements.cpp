@@ -66,7 +66,8 @@ Step ReadClick(WordReader& words)
   return [control = words.Control()](Play& play) {
     (void)Reachable(play, control, {ControlKind::kButton, ControlKind::kMenu},
                     "a button or a menu item");
-    play.driver.Click(control.name, control.index);
+    if (!play.driver.Click(control.name, control.index))
+      throw Failure(control.Text() + " to do something", "nothing");
   };
 }
 

@@ -56,9 +56,11 @@ class ButtonDriver final : public Driver {
     return seen;
   }
   [[nodiscard]] std::string Caption() override { return command_line_; }
-  void Click(std::string_view name, int /*index*/) override
+  [[nodiscard]] bool Click(std::string_view name, int /*index*/) override
   {
-    actions_.at(std::string(name))(*outside_);
+    const auto& action = actions_.at(std::string(name));
+    if (action) action(*outside_);
+    return static_cast<bool>(action);
   }
   void Check(std::string_view /*name*/, int /*index*/, bool /*checked*/) override
   {
@@ -275,6 +277,8 @@ TEST_F(ScenarioRunner, OnlyWhatAUserCanReachIsPressedOrChosen)
                 "2: expected a control Nothing(3), got none of that name");
   ExpectFailure("start\nclick Hidden\n", "2: expected Hidden shown, got hidden");
   ExpectFailure("start\nclick Disabled\n", "2: expected Disabled enabled, got disabled");
+  actions_["Idle"] = {};
+  ExpectFailure("start\nclick Idle\n", "2: expected Idle to do something, got nothing");
   ExpectFailure("start\nclick List\n",
                 "2: expected List to be a button or a menu item, got a list");
   ExpectFailure("start\nselect List c\n", "2: expected List to offer \"c\", got items \"a\" \"b\"");

@@ -44,6 +44,14 @@ TEST_F(Rows, GroupTheMenusAndMarkWhatIsExclusive)
   }
 }
 
+TEST_F(Rows, KeepWhatOpensAMenuFromBeingACommand)
+{
+  Start();
+  for (const char* const menu : {"MnuFile", "MnuTools", "MnuSaveAsFormat", "MnuHelp"})
+    EXPECT_FALSE(Frame().GetMenus().Choose(menu)) << menu;
+  EXPECT_TRUE(Frame().GetMenus().Choose("MnuLongFormat"));
+}
+
 TEST_F(Rows, PutCaptionsOfListsAndTheFileNameAtTheLeftAndAllElseInTheMiddle)
 {
   Start();

@@ -229,13 +229,15 @@ class WindowDriver final : public Driver {
     return Running() ? ToText(frame_->GetTitle()) : std::string{};
   }
 
-  void Click(std::string_view name, int index) override
+  [[nodiscard]] bool Click(std::string_view name, int index) override
   {
+    bool works = true;
     if (frame_->GetMenus().Look(name))
-      frame_->GetMenus().Choose(name);
+      works = frame_->GetMenus().Choose(name);
     else
       Press(frame_, NameText(name, index));
     LetWindowSystemWork();
+    return works;
   }
 
   void Check(std::string_view name, int index, bool checked) override
