@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
@@ -39,6 +40,18 @@ class Files final : public platform::FileSystem {
                                                             std::size_t most) const override
   {
     return files_.ListSubdirectories(directory, most);
+  }
+  [[nodiscard]] std::optional<platform::FileStamp> Stamp(std::string_view path) const override
+  {
+    return files_.Stamp(path);
+  }
+  [[nodiscard]] std::optional<std::string> NameOnDisk(std::string_view path) const override
+  {
+    return files_.NameOnDisk(path);
+  }
+  [[nodiscard]] std::string HostText(std::string_view path) const override
+  {
+    return files_.HostText(path);
   }
 
  private:

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "platform/AtomicFile.h"
 
+#include <charconv>
+#include <chrono>
+#include <optional>
 #include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
-#include "platform/Errors.h"
+#include "platform/FileReason.h"
 #include "platform/SystemFiles.h"
 
 namespace velquist::platform {
@@ -14,7 +18,50 @@ namespace {
 namespace fs = std::filesystem;
 using Error = std::error_code;
 
-constexpr int kMostNames = 100;  ///< tried for one temporary file
+constexpr unsigned long kMostNames = 100;  ///< tried for one temporary file
+constexpr std::string_view kStart = ".velquist-";
+
+std::string TemporaryName(unsigned long process, unsigned long number)
+{
+  return std::string(kStart) + std::to_string(process) + "-" + std::to_string(number);
+}
+
+/// The process whose temporary file has that name; nothing for any other name.
+std::optional<unsigned long> ProcessOf(std::string_view name)
+{
+  if (!name.starts_with(kStart)) return std::nullopt;
+  unsigned long process = 0;
+  unsigned long number = 0;
+  const char* const end = name.data() + name.size();
+  const auto first = std::from_chars(name.data() + kStart.size(), end, process);
+  if (first.ec != std::errc{} || first.ptr == end) return std::nullopt;
+  const auto second = std::from_chars(first.ptr + 1, end, number);
+  if (second.ec != std::errc{} || process == 0 || number >= kMostNames ||
+      name != TemporaryName(process, number))
+    return std::nullopt;
+  return process;
+}
+
+/// Removes the temporary files of programs that have ended. The age keeps those of other machines
+/// that share the directory. Nothing that goes wrong here matters to the save.
+void RemoveLeftovers(const SaveCalls& calls, const fs::path& directory)
+{
+  constexpr auto kYoung = std::chrono::minutes(1);
+  std::vector<std::string> names;
+  ListNames(directory.empty() ? "." : directory, Listed::kAll, [&](std::string_view name) {
+    if (const auto process = ProcessOf(name); process && !calls.is_running(*process))
+      names.emplace_back(name);
+    return true;
+  });
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  for (const auto& name : names) {
+    const auto file = directory / name;
+    std::error_code unknown;
+    const auto stamp = StampOf(file);
+    if (!stamp || fs::is_symlink(file, unknown)) continue;
+    if (now - std::chrono::nanoseconds(stamp->modified) > kYoung) (void)calls.remove(file);
+  }
+}
 
 /// Calls again what a signal broke off.
 template <class Call>
@@ -90,9 +137,8 @@ class Save {
   Error WithFreeName(const Call& call)
   {
     Error error;
-    for (int number = 0; number < kMostNames; ++number) {
-      auto name = target_.parent_path() /
-                  (".velquist-" + std::to_string(ProcessNumber()) + "-" + std::to_string(number));
+    for (unsigned long number = 0; number < kMostNames; ++number) {
+      auto name = target_.parent_path() / TemporaryName(ProcessNumber(), number);
       error = Whole([&] { return call(name); });
       if (!error) name_ = std::move(name);
       if (error != std::errc::file_exists) break;
@@ -130,11 +176,6 @@ Error WriteNamed(const SaveCalls& calls, const fs::path& target, std::span<const
   return save.TakePlace();
 }
 
-[[noreturn]] void Fail(std::string_view shown_path, const Error& error)
-{
-  throw FileError(std::string(shown_path), error.message());
-}
-
 }  // namespace
 
 void WriteAtomically(const fs::path& target, std::span<const std::byte> bytes,
@@ -142,17 +183,19 @@ void WriteAtomically(const fs::path& target, std::span<const std::byte> bytes,
 {
   Error error;
   const fs::path real = BehindLinks(target, error);
-  if (error) Fail(shown_path, error);
+  if (error) FailFile(shown_path, error);
   const auto status = StatusOf(real, error);
-  if (fs::is_directory(status)) Fail(shown_path, std::make_error_code(std::errc::is_a_directory));
+  if (fs::is_directory(status))
+    FailFile(shown_path, std::make_error_code(std::errc::is_a_directory));
   if (!fs::is_regular_file(status) && status.type() != fs::file_type::not_found)
-    Fail(shown_path, error ? error : std::make_error_code(std::errc::invalid_argument));
-  if (const auto refused = MayReplace(real)) Fail(shown_path, refused);
+    FailFile(shown_path, error ? error : std::make_error_code(std::errc::invalid_argument));
+  if (const auto refused = MayReplace(real)) FailFile(shown_path, refused);
 
+  RemoveLeftovers(calls, real.parent_path());
   bool nameless = false;
   error = WriteNameless(calls, real, bytes, nameless);
   if (!nameless) error = WriteNamed(calls, real, bytes);
-  if (error) Fail(shown_path, error);
+  if (error) FailFile(shown_path, error);
 }
 
 }  // namespace velquist::platform

@@ -18,6 +18,8 @@ namespace velquist::platform {
 ///
 /// On failure the old file is whole, no temporary file is left, and FileError tells `shown_path`
 /// and the reason; only when flushing the directory is what fails does the new file stand already.
+/// Temporary files of programs that have ended, older than a minute, are removed from the directory
+/// before.
 void WriteAtomically(const std::filesystem::path& target, std::span<const std::byte> bytes,
                      std::string_view shown_path, const SaveCalls& calls = SystemSaveCalls());
 

@@ -4,39 +4,19 @@
 #include <algorithm>
 #include <fstream>
 #include <optional>
+#include <tuple>
 
 #include "platform/AtomicFile.h"
-#include "platform/Errors.h"
+#include "platform/FileReason.h"
 #include "platform/LetterCase.h"
 #include "platform/Paths.h"
 #include "platform/SystemFiles.h"
+#include "platform/TextEncoding.h"
 
 namespace velquist::platform {
 namespace {
 
 namespace fs = std::filesystem;
-
-#ifndef _WIN32
-
-bool IsThere(const fs::path& path)
-{
-  std::error_code error;
-  return fs::exists(fs::symlink_status(path, error)) && !error;
-}
-
-/// The entry of `directory` that differs from `name` in letter case alone.
-std::optional<fs::path> OtherCase(const fs::path& directory, std::string_view name)
-{
-  const auto folded = FoldCase(name);
-  std::optional<fs::path> other;
-  ListNames(directory.empty() ? "." : directory, Listed::kAll, [&](std::string_view entry) {
-    if (entry.size() < 4 * name.size() + 4 && FoldCase(entry) == folded) other = entry;
-    return !other;
-  });
-  return other;
-}
-
-#endif
 
 /// Matches one name against a pattern of `*` and `?`, without regard to letter case.
 bool Matches(std::string_view pattern, std::string_view name)
@@ -73,40 +53,16 @@ bool ExistsMatching(const fs::path& directory, std::string_view pattern)
   return exists;
 }
 
-[[noreturn]] void Fail(std::string_view path, const std::error_code& error)
-{
-  throw FileError(std::string(path), error.message());
-}
-
 }  // namespace
-
-fs::path HostPath(std::string_view path)
-{
-#ifdef _WIN32
-  return Lengthened(PathFromText(path));
-#else
-  std::string whole(path);
-  std::ranges::replace(whole, '\\', '/');
-  if (IsThere(whole)) return whole;
-  fs::path host = whole.starts_with('/') ? "/" : "";
-  for (std::string_view rest = whole; !rest.empty();) {
-    const auto end = rest.find('/');
-    const auto part = rest.substr(0, end);
-    rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-    if (part.empty()) continue;
-    const auto as_spelled = host / part;
-    const auto other = IsThere(as_spelled) ? std::nullopt : OtherCase(host, part);
-    host = other ? host / *other : as_spelled;
-  }
-  return host;
-#endif
-}
 
 bool HostFileSystem::Exists(std::string_view path) const
 {
+  CheckPath(path);
   const auto name = FileNameOf(path);
   if (name.find_first_of("*?") != std::string_view::npos)
-    return ExistsMatching(HostPath(path.substr(0, path.size() - name.size())), name);
+    return std::ranges::any_of(
+        HostPaths(path.substr(0, path.size() - name.size())),
+        [name](const fs::path& directory) { return ExistsMatching(directory, name); });
   std::error_code error;
   const auto status = StatusOf(HostPath(path), error);
   return fs::exists(status) && (!name.empty() || fs::is_directory(status));
@@ -117,22 +73,24 @@ std::vector<std::byte> HostFileSystem::ReadWhole(std::string_view path) const
   const auto host = HostPath(path);
   std::error_code error;
   const auto status = StatusOf(host, error);
-  if (!fs::exists(status)) Fail(path, error);
-  if (fs::is_directory(status)) Fail(path, std::make_error_code(std::errc::is_a_directory));
-  if (!fs::is_regular_file(status)) Fail(path, std::make_error_code(std::errc::invalid_argument));
+  if (!fs::exists(status)) FailFile(path, error);
+  if (fs::is_directory(status)) FailFile(path, std::make_error_code(std::errc::is_a_directory));
+  if (!fs::is_regular_file(status))
+    FailFile(path, std::make_error_code(std::errc::invalid_argument));
   std::ifstream file(host, std::ios::binary);
-  if (!file) Fail(path, std::make_error_code(std::errc::permission_denied));
+  if (!file) FailFile(path, std::make_error_code(std::errc::permission_denied));
   const auto size = file.seekg(0, std::ios::end).tellg();
-  if (size < 0) Fail(path, std::make_error_code(std::errc::io_error));
+  if (size < 0) FailFile(path, std::make_error_code(std::errc::io_error));
   file.seekg(0);
   std::vector<std::byte> bytes;
   try {
     bytes.resize(static_cast<std::size_t>(size));
   } catch (const std::exception&) {
-    Fail(path, std::make_error_code(std::errc::not_enough_memory));
+    FailFile(path, std::make_error_code(std::errc::not_enough_memory));
   }
   file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  if (file.bad() || file.gcount() != size) Fail(path, std::make_error_code(std::errc::io_error));
+  if (file.bad() || file.gcount() != size)
+    FailFile(path, std::make_error_code(std::errc::io_error));
   return bytes;
 }
 
@@ -157,12 +115,48 @@ void HostFileSystem::WriteText(std::string_view path, std::string_view text)
 std::vector<std::string> HostFileSystem::ListSubdirectories(std::string_view directory,
                                                             std::size_t most) const
 {
+  struct Name {
+    std::string key;
+    bool is_game_name;
+    std::string text;
+  };
+  std::vector<Name> found;
+  for (const auto& host : HostPaths(directory)) {
+    const auto first = static_cast<std::ptrdiff_t>(found.size());
+    ListNames(host, Listed::kDirectories, [&](std::string_view name) {
+      found.push_back({OrderKey(InUtf8(name)), IsGameName(name), std::string(name)});
+      return true;
+    });
+    // Of names that lead to one directory the first is listed, which it is found under.
+    std::sort(found.begin() + first, found.end(), [](const Name& a, const Name& b) {
+      return std::tie(a.key, b.is_game_name, a.text) < std::tie(b.key, a.is_game_name, b.text);
+    });
+    if (first > 0) std::ranges::stable_sort(found, {}, &Name::key);
+  }
   std::vector<std::string> names;
-  ListNames(HostPath(directory), Listed::kDirectories, [&](std::string_view name) {
-    if (names.size() < most) names.emplace_back(name);
-    return names.size() < most;
-  });
+  const std::string* last = nullptr;
+  for (auto& name : found) {
+    if (names.size() == most) break;
+    if (last == nullptr || name.key != *last) names.push_back(std::move(name.text));
+    last = &name.key;
+  }
   return names;
+}
+
+std::optional<FileStamp> HostFileSystem::Stamp(std::string_view path) const
+{
+  return StampOf(HostPath(path));
+}
+
+std::optional<std::string> HostFileSystem::NameOnDisk(std::string_view path) const
+{
+  if (!Exists(path)) return std::nullopt;
+  return PathText(SpelledAsOnDisk(HostPath(path)).filename());
+}
+
+std::string HostFileSystem::HostText(std::string_view path) const
+{
+  return PathText(SpelledAsOnDisk(HostPath(path)).make_preferred());
 }
 
 }  // namespace velquist::platform

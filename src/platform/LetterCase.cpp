@@ -16,8 +16,7 @@ struct Capitals {
 };
 
 // clang-format off
-constexpr std::array<Capitals, 23> kCapitals = {{
-    {0x0041, 0x005A, 32, false},  // A to Z
+constexpr std::array<Capitals, 22> kCapitals = {{
     {0x00C0, 0x00D6, 32, false},  // Latin-1
     {0x00D8, 0x00DE, 32, false},
     {0x0100, 0x012E, 1, true},    // Latin Extended-A, but for the Turkish i
@@ -43,8 +42,11 @@ constexpr std::array<Capitals, 23> kCapitals = {{
 }};
 // clang-format on
 
+constexpr unsigned kAsciiEnd = 0x80;  // most names are nothing else: those need no table
+
 unsigned Small(unsigned letter)
 {
+  if (letter < kAsciiEnd) return letter >= 'A' && letter <= 'Z' ? letter + 32 : letter;
   constexpr unsigned kCapitalYDiaeresis = 0x0178;  // the one whose small letter lies below it
   if (letter == kCapitalYDiaeresis) return 0x00FF;
   for (const auto& range : kCapitals)
@@ -54,31 +56,55 @@ unsigned Small(unsigned letter)
   return letter;
 }
 
-}  // namespace
-
-std::string FoldCase(std::string_view text)
+unsigned Capital(unsigned letter)
 {
-  std::string folded;
-  folded.reserve(text.size());
+  if (letter < kAsciiEnd) return letter >= 'a' && letter <= 'z' ? letter - 32 : letter;
+  constexpr unsigned kSmallYDiaeresis = 0x00FF;
+  if (letter == kSmallYDiaeresis) return 0x0178;
+  for (const auto& range : kCapitals)
+    if (letter >= range.first + range.distance && letter <= range.last + range.distance &&
+        !(range.every_other && (letter - range.distance - range.first) % 2 != 0))
+      return letter - range.distance;
+  return letter;
+}
+
+/// `text` with each letter of ASCII and each that takes two bytes made another one that takes as
+/// many.
+std::string EachLetter(std::string_view text, unsigned (*other)(unsigned letter))
+{
+  std::string result;
+  result.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
     const auto lead = static_cast<unsigned char>(text[i]);
-    if (lead < 0x80) {
-      folded += static_cast<char>(Small(lead));
+    if (lead < kAsciiEnd) {
+      result += static_cast<char>(other(lead));
       continue;
     }
     // All letters of the table that are not ASCII take two bytes.
     const bool pair = lead >= 0xC2 && lead < 0xE0 && i + 1 < text.size() &&
                       (static_cast<unsigned char>(text[i + 1]) & 0xC0U) == 0x80;
     if (!pair) {
-      folded += text[i];
+      result += text[i];
       continue;
     }
     const unsigned letter =
-        Small((lead & 0x1FU) << 6 | (static_cast<unsigned char>(text[++i]) & 0x3FU));
-    folded += static_cast<char>(0xC0U | letter >> 6);
-    folded += static_cast<char>(0x80U | (letter & 0x3FU));
+        other((lead & 0x1FU) << 6 | (static_cast<unsigned char>(text[++i]) & 0x3FU));
+    result += static_cast<char>(0xC0U | letter >> 6);
+    result += static_cast<char>(0x80U | (letter & 0x3FU));
   }
-  return folded;
+  return result;
+}
+
+}  // namespace
+
+std::string FoldCase(std::string_view text)
+{
+  return EachLetter(text, Small);
+}
+
+std::string OrderKey(std::string_view text)
+{
+  return EachLetter(text, Capital);
 }
 
 }  // namespace velquist::platform

@@ -6,7 +6,8 @@
 #include <string_view>
 
 /// Paths as texts: parts separated by `\` or `/`, compared without regard to ASCII letter case
-/// where a function says so.
+/// where a function says so. Which file such a text means on the disk, also where names differ in
+/// letter case alone, HostPath.h says.
 namespace velquist::platform {
 
 [[nodiscard]] constexpr bool IsSeparator(char c) noexcept

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/ProgramDirectory.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <system_error>
 
 #include "platform/AtomicFile.h"
 #include "platform/Errors.h"
+#include "platform/FileReason.h"
 #include "platform/HostFileSystem.h"
 #include "platform/SystemFiles.h"
 
@@ -23,11 +25,6 @@ namespace fs = std::filesystem;
 
 /// Folder with a second set of data files, for users of metric units.
 constexpr const char* kMetric = "Metric";
-
-[[noreturn]] void Fail(const fs::path& path, const std::error_code& error)
-{
-  throw FileError(PathText(path), error.message());
-}
 
 bool IsDefaultSetup(const fs::path& file)
 {
@@ -91,23 +88,55 @@ fs::path UserDirectory(const Environment& environment)
 
 #endif
 
-/// Copies the data files that `to` does not have.
-void Fill(const fs::path& from, const fs::path& to)
+/// Where data files come from and go to, and the versions of them that have shipped.
+struct Filling {
+  fs::path from;
+  fs::path to;
+  std::span<const ShippedFile> shipped;
+};
+
+bool IsShipped(const Filling& filling, const fs::path& file, std::span<const std::byte> bytes)
 {
-  if (const auto error = MakeDirectories(to)) Fail(to, error);
+  const auto sum = SumOf(bytes);
+  return std::ranges::any_of(filling.shipped, [&](const ShippedFile& version) {
+    return version.sum == sum && PathFromText(version.name) == file;
+  });
+}
+
+/// Renews a copy that the user never changed. One that cannot be renewed serves as it is.
+void Renew(const Filling& filling, const fs::path& file)
+{
+  const HostFileSystem files;
+  const auto target = PathText(filling.to / file);
+  try {
+    const auto old = files.ReadWhole(target);
+    const auto fresh = files.ReadWhole(PathText(filling.from / file));
+    if (old != fresh && IsShipped(filling, file, old))
+      WriteAtomically(filling.to / file, fresh, target);
+  } catch (const FileError&) {
+  }
+}
+
+/// Copies the data files of one folder that are missing, and renews the others.
+void Fill(const Filling& filling, const fs::path& folder)
+{
+  const auto to = folder.empty() ? filling.to : filling.to / folder;
+  const auto from = folder.empty() ? filling.from : filling.from / folder;
+  if (const auto error = MakeDirectories(to)) FailFile(PathText(to), error);
   const HostFileSystem files;
   const auto copy = [&](std::string_view name) {
-    const auto file = PathFromText(name);
-    const auto source = from / file;
-    const auto target = to / file;
+    const auto file = folder / PathFromText(name);
+    const auto source = filling.from / file;
+    const auto target = filling.to / file;
     std::error_code unknown;
-    if (!IsDataFile(file) || !fs::is_regular_file(StatusOf(source, unknown)) ||
-        fs::exists(StatusOf(target, unknown)))
-      return true;
-    WriteAtomically(target, files.ReadWhole(PathText(source)), PathText(target));
+    if (!IsDataFile(file) || !fs::is_regular_file(StatusOf(source, unknown))) return true;
+    if (fs::exists(StatusOf(target, unknown)))
+      Renew(filling, file);
+    else
+      WriteAtomically(target, files.ReadWhole(PathText(source)), PathText(target));
     return true;
   };
-  if (const auto error = ListNames(from, Listed::kAll, copy)) Fail(from, error);
+  if (const auto error = ListNames(from, Listed::kAll, copy)) FailFile(PathText(from), error);
 }
 
 }  // namespace
@@ -125,7 +154,8 @@ std::optional<std::string> EnvironmentVariable(std::string_view name)
 #endif
 }
 
-std::string ProgramDirectory(const fs::path& executable, const Environment& environment)
+std::string ProgramDirectory(const fs::path& executable, const Environment& environment,
+                             std::span<const ShippedFile> shipped)
 {
   const auto folder = executable.parent_path();
   const bool portable = HoldsData(folder);
@@ -134,10 +164,10 @@ std::string ProgramDirectory(const fs::path& executable, const Environment& envi
   const auto source = portable ? folder : folder.parent_path() / "share" / "velquist";
   if (!HoldsData(source)) return PathText(folder);
   const auto directory = UserDirectory(environment);
-  Fill(source, directory);
+  const Filling filling = {source, directory, shipped};
+  Fill(filling, {});
   std::error_code error;
-  if (fs::is_directory(StatusOf(source / kMetric, error)))
-    Fill(source / kMetric, directory / kMetric);
+  if (fs::is_directory(StatusOf(source / kMetric, error))) Fill(filling, kMetric);
   return PathText(directory);
 }
 

@@ -131,10 +131,9 @@ Error KeepAccessList(const fs::path& old, int file)
   const auto list = Attribute(old, kAccessList, error);
   if (error) return error;
   if (list) return ErrorThatMatters(::fsetxattr(file, kAccessList, list->data(), list->size(), 0));
-  // One that the directory gave the new file is not the old file's.
+  // One that the directory gave the new file is not the old file's; the rights stay as they are.
   if (::fgetxattr(file, kAccessList, nullptr, 0) < 0) return {};
-  if (::fremovexattr(file, kAccessList) != 0 && errno != ENODATA) return ErrorThatMatters(-1);
-  return KeepRights(old, file);
+  return ErrorThatMatters(::fremovexattr(file, kAccessList));
 }
 
 Error KeepAttributes(const fs::path& old, int file)

@@ -162,14 +162,7 @@ std::error_code MayReplace(const fs::path& file)
 
 fs::path BehindLinks(fs::path path, std::error_code& /*error*/)
 {
-  const auto whole = Lengthened(path);
-  const auto name = whole.filename().native();
-  WIN32_FIND_DATAW entry;
-  if (name.empty() || name.find_first_of(L"*?") != std::wstring::npos) return whole;
-  const auto found = ::FindFirstFileW(whole.c_str(), &entry);
-  if (found == INVALID_HANDLE_VALUE) return whole;
-  ::FindClose(found);
-  return whole.parent_path() / entry.cFileName;
+  return SpelledAsOnDisk(Lengthened(path));
 }
 
 }  // namespace velquist::platform

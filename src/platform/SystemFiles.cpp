@@ -81,6 +81,17 @@ fs::path Lengthened(const fs::path& path)
   return std::wstring(network ? kNetworkPrefix : kPrefix).append(rest.lexically_normal().native());
 }
 
+fs::path SpelledAsOnDisk(const fs::path& path)
+{
+  const auto whole = Lengthened(path);
+  std::wstring spelled(::GetLongPathNameW(whole.c_str(), nullptr, 0), L'\0');
+  const auto size =
+      ::GetLongPathNameW(whole.c_str(), spelled.data(), static_cast<DWORD>(spelled.size()));
+  if (size == 0 || size >= spelled.size()) return path;
+  spelled.resize(size);
+  return spelled;
+}
+
 fs::file_status StatusOf(const fs::path& path, std::error_code& error)
 {
   error.clear();
@@ -94,6 +105,20 @@ fs::file_status StatusOf(const fs::path& path, std::error_code& error)
   }
   const bool is_directory = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   return fs::file_status(is_directory ? fs::file_type::directory : fs::file_type::regular);
+}
+
+std::optional<FileStamp> StampOf(const fs::path& path)
+{
+  WIN32_FILE_ATTRIBUTE_DATA data;
+  if (!::GetFileAttributesExW(Lengthened(path).c_str(), GetFileExInfoStandard, &data) ||
+      (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+    return std::nullopt;
+  const auto whole = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32U | low; };
+  // The system counts steps of 100 ns since 1601.
+  constexpr std::int64_t kStepsTo1970 = 116'444'736'000'000'000;
+  const auto steps = static_cast<std::int64_t>(
+      whole(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime));
+  return FileStamp{whole(data.nFileSizeHigh, data.nFileSizeLow), (steps - kStepsTo1970) * 100};
 }
 
 std::error_code MakeDirectories(const fs::path& path)
@@ -145,9 +170,23 @@ fs::path Lengthened(const fs::path& path)
   return path;
 }
 
+fs::path SpelledAsOnDisk(const fs::path& path)
+{
+  return path;
+}
+
 fs::file_status StatusOf(const fs::path& path, std::error_code& error)
 {
   return fs::status(path, error);
+}
+
+std::optional<FileStamp> StampOf(const fs::path& path)
+{
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  constexpr std::int64_t kSecond = 1'000'000'000;
+  return FileStamp{static_cast<std::uint64_t>(status.st_size),
+                   status.st_mtim.tv_sec * kSecond + status.st_mtim.tv_nsec};
 }
 
 std::error_code MakeDirectories(const fs::path& path)

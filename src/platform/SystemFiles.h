@@ -3,9 +3,12 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
+
+#include "platform/FileSystem.h"
 
 namespace velquist::platform {
 
@@ -22,9 +25,16 @@ namespace velquist::platform {
 /// The path as the system's calls take it at any length.
 [[nodiscard]] std::filesystem::path Lengthened(const std::filesystem::path& path);
 
+/// The path with its names as the disk spells them, where the system finds them in any letter case;
+/// unchanged where nothing is there.
+[[nodiscard]] std::filesystem::path SpelledAsOnDisk(const std::filesystem::path& path);
+
 /// What the path leads to; `error` is set where that cannot be told, also where nothing is there.
 [[nodiscard]] std::filesystem::file_status StatusOf(const std::filesystem::path& path,
                                                     std::error_code& error);
+
+/// The stamp of the file that the path leads to; nothing where there is no file.
+[[nodiscard]] std::optional<FileStamp> StampOf(const std::filesystem::path& path);
 
 /// Makes the directory and those above it that are missing.
 [[nodiscard]] std::error_code MakeDirectories(const std::filesystem::path& path);

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <span>
 #include <string>
@@ -13,6 +15,7 @@
 
 #include "platform/Errors.h"
 #include "platform/FileSystem.h"
+#include "platform/Paths.h"
 
 namespace velquist::testing {
 
@@ -20,7 +23,12 @@ namespace velquist::testing {
 /// A directory is there when a file is below it.
 class MemoryFiles final : public platform::FileSystem {
  public:
-  void Put(std::string_view path, std::string_view text) { files_[std::string(path)] = text; }
+  void Put(std::string_view path, std::string_view text)
+  {
+    auto& file = files_[std::string(path)];
+    file.text = text;
+    ++file.writes;
+  }
   void Put(std::string_view path, std::span<const std::byte> bytes)
   {
     Put(path, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
@@ -45,13 +53,14 @@ class MemoryFiles final : public platform::FileSystem {
     const auto found = files_.find(path);
     if (found == files_.end() || unreadable_.contains(path))
       throw FileError(std::string(path), "cannot be read");
-    const auto bytes = std::as_bytes(std::span(found->second));
+    const auto bytes = std::as_bytes(std::span(found->second.text));
     return {bytes.begin(), bytes.end()};
   }
   void WriteOver(std::string_view path, std::span<const std::byte> bytes) override
   {
-    auto& text = files_[std::string(path)];
-    text.replace(0, bytes.size(), reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    auto& file = files_[std::string(path)];
+    file.text.replace(0, bytes.size(), reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    ++file.writes;
   }
   void WriteText(std::string_view path, std::string_view text) override { Put(path, text); }
   [[nodiscard]] std::vector<std::string> ListSubdirectories(std::string_view directory,
@@ -70,8 +79,30 @@ class MemoryFiles final : public platform::FileSystem {
     }
     return names;
   }
+  [[nodiscard]] std::optional<platform::FileStamp> Stamp(std::string_view path) const override
+  {
+    const auto found = files_.find(path);
+    if (found == files_.end()) return std::nullopt;
+    return platform::FileStamp{found->second.text.size(), found->second.writes};
+  }
+  [[nodiscard]] std::optional<std::string> NameOnDisk(std::string_view path) const override
+  {
+    if (!Exists(path)) return std::nullopt;
+    return std::string(platform::FileNameOf(HostText(path)));
+  }
+  [[nodiscard]] std::string HostText(std::string_view path) const override
+  {
+    const auto found = files_.lower_bound(path);
+    const bool there = found != files_.end() && (found->first.size() == path.size() ||
+                                                 IsBelow(found->first, path));
+    return there ? found->first.substr(0, path.size()) : std::string(path);
+  }
 
  private:
+  struct File {
+    std::string text;
+    std::int64_t writes = 0;  ///< in place of a time
+  };
   static char Folded(char c)
   {
     if (c == '\\') return '/';
@@ -90,7 +121,7 @@ class MemoryFiles final : public platform::FileSystem {
            std::ranges::equal(path.substr(0, directory.size()), directory, {}, Folded, Folded);
   }
 
-  std::map<std::string, std::string, Before> files_;
+  std::map<std::string, File, Before> files_;
   std::set<std::string, Before> unreadable_;
 };
 

@@ -238,12 +238,9 @@ TEST_F(HostFiles, ListsFoldersAloneAndAtMostSoMany)
   for (const auto* name : {"a", "B", "ç"})
     fs::create_directory(folder / ("Players/" + std::string(name)));
   WriteFile(folder / "Players/file", "");
-  auto names = files.ListSubdirectories(At("\\PLAYERS"), 100);
-  std::ranges::sort(names);
-  EXPECT_EQ(names, (std::vector<std::string>{"B", "Me", "a", "ç"}));
-  auto with_separator = files.ListSubdirectories(At("\\PLAYERS\\"), 100);
-  std::ranges::sort(with_separator);
-  EXPECT_EQ(with_separator, names);
+  const auto names = files.ListSubdirectories(At("\\PLAYERS"), 100);
+  EXPECT_EQ(names, (std::vector<std::string>{"a", "B", "Me", "ç"}));
+  EXPECT_EQ(files.ListSubdirectories(At("\\PLAYERS\\"), 100), names);
   EXPECT_EQ(files.ListSubdirectories(At("\\players"), 4).size(), 4U);
   EXPECT_EQ(files.ListSubdirectories(At("\\players"), 3).size(), 3U);
   EXPECT_TRUE(files.ListSubdirectories(At("\\players"), 0).empty());
@@ -329,16 +326,11 @@ TEST(PathText, TakesWhatIsNotUtf16)
 
 #else
 
-TEST_F(HostFiles, AnExactSpellingWinsOverAnotherCase)
+TEST_F(HostFiles, AFileOfTheExactSpellingWinsOverAnotherCase)
 {
   for (const auto* name : {"x.lo1", "X.LO1", "X.lo1"}) WriteFile(folder / name, name);
   for (const auto* name : {"x.lo1", "X.LO1", "X.lo1"})
     EXPECT_EQ(AsText(files.ReadWhole(At("\\") + name)), name);
-  fs::create_directories(folder / "PLAYERS/Me");
-  WriteFile(folder / "PLAYERS/Me/a", "capitals");
-  WriteFile(folder / "Players/Me/a", "small");
-  EXPECT_EQ(AsText(files.ReadWhole(At("\\PLAYERS\\me\\A"))), "capitals");
-  EXPECT_EQ(AsText(files.ReadWhole(At("\\Players\\me\\A"))), "small");
 }
 
 TEST_F(HostFiles, WildcardsInANameAreOrdinaryCharactersWhenWriting)

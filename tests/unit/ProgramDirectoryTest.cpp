@@ -4,11 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <random>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/Errors.h"
@@ -98,10 +101,17 @@ class ProgramDirectories : public testing::Test {
 
   [[nodiscard]] std::string Found() const
   {
-    return ProgramDirectory(Bin() / "velquist", [this](std::string_view name) {
-      const auto found = environment_.find(std::string(name));
-      return found == environment_.end() ? std::nullopt : std::optional(found->second);
-    });
+    return ProgramDirectory(
+        Bin() / "velquist",
+        [this](std::string_view name) {
+          const auto found = environment_.find(std::string(name));
+          return found == environment_.end() ? std::nullopt : std::optional(found->second);
+        },
+        shipped_);
+  }
+  static std::uint64_t Sum(std::string_view text)
+  {
+    return SumOf(std::as_bytes(std::span(text)));
   }
   void ExpectFailure(const fs::path& path) const
   {
@@ -115,6 +125,7 @@ class ProgramDirectories : public testing::Test {
 
   const std::vector<std::string> data_files_ = {"67 Setup Data.ini", "67 Velquist Default.vqset",
                                                 "Metric/67 Velquist Default.vqset"};
+  std::vector<ShippedFile> shipped_;
   fs::path root_;
   std::map<std::string, std::string> environment_;
 };
@@ -168,6 +179,56 @@ TEST_F(ProgramDirectories, KeepWhatTheUserChanged)
   EXPECT_EQ(Read(UserDirectory() / "Velquist Program Settings.ini"), "my settings");
   EXPECT_EQ(Read(UserDirectory() / "67 Setup Data.ini"), "ranges");
   EXPECT_EQ(Read(UserDirectory() / "GT Setup Data.ini"), "new");
+}
+
+TEST_F(ProgramDirectories, RenewCopiesThatTheUserNeverChanged)
+{
+  fs::create_directories(Bin());
+  PutDataInto(Shared());
+  (void)Found();
+  for (const char* file : {"67 Setup Data.ini", "67 Velquist Default.vqset"})
+    Write(Shared() / file, "of a newer version");
+  Write(Shared() / "Metric" / "67 Velquist Default.vqset", "newer, too");
+  shipped_ = {{"67 Setup Data.ini", Sum("much older")},
+              {"67 Setup Data.ini", Sum("ranges")},
+              {"67 Velquist Default.vqset", Sum("metric setup")},
+              {"Metric/67 Velquist Default.vqset", Sum("metric setup")}};
+  EXPECT_EQ(Found(), PathText(UserDirectory()));
+  EXPECT_EQ(Read(UserDirectory() / "67 Setup Data.ini"), "of a newer version");
+  EXPECT_EQ(Read(UserDirectory() / "67 Velquist Default.vqset"), "setup") << "another file's sum";
+  EXPECT_EQ(Read(UserDirectory() / "Metric" / "67 Velquist Default.vqset"), "newer, too");
+  EXPECT_EQ(FilesIn(UserDirectory()), data_files_);
+
+  Write(UserDirectory() / "67 Setup Data.ini", "much older");
+  (void)Found();
+  EXPECT_EQ(Read(UserDirectory() / "67 Setup Data.ini"), "of a newer version");
+  Write(UserDirectory() / "67 Setup Data.ini", "much older, changed");
+  (void)Found();
+  EXPECT_EQ(Read(UserDirectory() / "67 Setup Data.ini"), "much older, changed");
+}
+
+TEST(ShippedFiles, HoldTheDataFilesThatShip)
+{
+  const auto folder = fs::path(VELQUIST_SOURCE_DIR) / "assets" / "program";
+  const HostFileSystem files;
+  std::size_t count = 0;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    if (!entry.is_regular_file()) continue;
+    ++count;
+    const auto name = entry.path().lexically_relative(folder).generic_string();
+    const auto sum = SumOf(files.ReadWhole(PathText(entry.path())));
+    EXPECT_TRUE(std::ranges::any_of(
+        ShippedFiles(),
+        [&](const ShippedFile& version) { return version.name == name && version.sum == sum; }))
+        << "add a line for the new version of " << name;
+  }
+  EXPECT_GT(count, 10U);
+}
+
+TEST(ShippedFiles, AreToldApartByTheirSums)
+{
+  EXPECT_EQ(SumOf({}), 0xCBF29CE484222325U);
+  EXPECT_EQ(SumOf(std::as_bytes(std::span(std::string_view("foobar")))), 0x85944171F73967E8U);
 }
 
 TEST_F(ProgramDirectories, WithoutAnyDataFilesAreTheExecutablesFolder)

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <random>
 
 #include <gtest/gtest.h>

@@ -15,6 +15,7 @@
 #include "TemporaryFolder.h"
 #include "platform/AtomicFile.h"
 #include "platform/Errors.h"
+#include "platform/FileReason.h"
 
 namespace velquist::platform {
 namespace {
@@ -154,7 +155,7 @@ TEST_P(SaveSteps, ThatFailAreToldAndLeaveTheOldFileAlone)
       calls.error = error;
       calls.times = 1'000'000;
       for (const auto* name : {"a.lo1", "new.lo1"})
-        EXPECT_EQ(Save(folder / name), std::generic_category().message(error));
+        EXPECT_EQ(Save(folder / name), ReasonOf({error, std::generic_category()}));
       EXPECT_EQ(ContentOf(target), "old bytes");
       EXPECT_EQ(folder.Names(), Steps{"a.lo1"});
     }
@@ -208,7 +209,7 @@ TEST_P(SaveSteps, AreToldWhenTheDirectoryCannotBeFlushedThoughTheNewFileStands)
 {
   calls.failing = "flush_directory";
   calls.error = EIO;
-  EXPECT_EQ(Save(target), std::generic_category().message(EIO));
+  EXPECT_EQ(Save(target), ReasonOf({EIO, std::generic_category()}));
   EXPECT_EQ(ContentOf(target), "new bytes");
   EXPECT_EQ(folder.Names(), Steps{"a.lo1"});
 }
@@ -233,7 +234,7 @@ TEST_P(SaveSteps, GiveUpTheSearchForAFreeName)
   calls.nameless = false;
   calls.failing = "open_new";
   calls.error = EEXIST;
-  EXPECT_EQ(Save(target), std::generic_category().message(EEXIST));
+  EXPECT_EQ(Save(target), ReasonOf({EEXIST, std::generic_category()}));
   EXPECT_EQ(ContentOf(target), "old bytes");
   EXPECT_LE(calls.steps.size(), 1000U);
 }
@@ -244,7 +245,7 @@ TEST_P(SaveSteps, ThatCannotOpenAFileAreTold)
   calls.failing = "open_new";
   for (const int error : {ENOSPC, EROFS, EDQUOT, ENOENT, EACCES, EMFILE}) {
     calls.error = error;
-    EXPECT_EQ(Save(target), std::generic_category().message(error));
+    EXPECT_EQ(Save(target), ReasonOf({error, std::generic_category()}));
     EXPECT_EQ(ContentOf(target), "old bytes");
     EXPECT_EQ(folder.Names(), Steps{"a.lo1"});
   }

@@ -43,6 +43,18 @@ class WatchedFiles final : public platform::FileSystem {
     log.emplace_back("list " + std::string(directory));
     return files_.ListSubdirectories(directory, most);
   }
+  [[nodiscard]] std::optional<platform::FileStamp> Stamp(std::string_view path) const override
+  {
+    return files_.Stamp(path);
+  }
+  [[nodiscard]] std::optional<std::string> NameOnDisk(std::string_view path) const override
+  {
+    return files_.NameOnDisk(path);
+  }
+  [[nodiscard]] std::string HostText(std::string_view path) const override
+  {
+    return files_.HostText(path);
+  }
 
   bool writing = true;
   mutable std::vector<std::string> read;

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "platform/FileReason.h"
+
+#include <array>
+
+#include "platform/Errors.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <cerrno>
+#endif
+
+namespace velquist::platform {
+namespace {
+
+struct Reason {
+  int code;
+  std::string_view words;
+};
+
+constexpr std::string_view kOpen = "It is open in another program";
+constexpr std::string_view kReadOnly = "The disk is read-only";
+constexpr std::string_view kNoRoom = "There is no room left on the disk";
+constexpr std::string_view kGone = "The folder is gone";
+
+// clang-format off
+#ifdef _WIN32
+constexpr std::string_view kNoRight = "You have no right to write here";
+
+constexpr std::array<Reason, 10> kReasons = {{
+    {ERROR_SHARING_VIOLATION, kOpen},
+    {ERROR_LOCK_VIOLATION, kOpen},
+    {ERROR_UNABLE_TO_REMOVE_REPLACED, kOpen},
+    {ERROR_UNABLE_TO_MOVE_REPLACEMENT, kOpen},
+    {ERROR_WRITE_PROTECT, kReadOnly},
+    {ERROR_ACCESS_DENIED, kNoRight},
+    {ERROR_DISK_FULL, kNoRoom},
+    {ERROR_HANDLE_DISK_FULL, kNoRoom},
+    {ERROR_PATH_NOT_FOUND, kGone},
+    {ERROR_BAD_NETPATH, kGone},
+}};
+
+bool IsOfSystem(const std::error_code& error)
+{
+  return error.category() == std::system_category();
+}
+#else
+constexpr std::array<Reason, 5> kReasons = {{
+    {EBUSY, kOpen},
+    {ETXTBSY, kOpen},
+    {EROFS, kReadOnly},
+    {EDQUOT, kNoRoom},
+    {ESTALE, kGone},
+}};
+
+bool IsOfSystem(const std::error_code& error)
+{
+  return error.category() == std::generic_category() || error.category() == std::system_category();
+}
+#endif
+// clang-format on
+
+}  // namespace
+
+std::string ReasonOf(const std::error_code& error)
+{
+  if (IsOfSystem(error))
+    for (const auto& reason : kReasons)
+      if (reason.code == error.value()) return std::string(reason.words);
+  return error.message();
+}
+
+void FailFile(std::string_view path, const std::error_code& error)
+{
+  throw FileError(std::string(path), ReasonOf(error));
+}
+
+}  // namespace velquist::platform
