@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "charts/SpeedBands.h"
 #include "data/EngineCurve.h"
@@ -18,7 +19,8 @@ struct Globals {
   std::int16_t track_index = 0;
   std::int16_t Units = 0;  ///< 0 = English, 1 = metric
 
-  std::string installation;  ///< directory of the current game installation
+  std::vector<std::string> installations_read;  ///< from the settings file at start
+  std::string installation;                     ///< directory of the current game installation
 
   std::string command_line;
   bool from_command_line = false;  ///< until start-up is done

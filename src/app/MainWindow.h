@@ -95,6 +95,7 @@ class MainWindow {
   void LoadProgramSettings();
   void ReadSettingsFile(const std::string& path);
   void FirstRun();
+  [[nodiscard]] std::vector<std::string> InstallationsOnDisk(const std::string& path) const;
   void SaveProgramSettings();
   void DeriveInstallationFromCommandLine();
   void LoadStartingSetup();

@@ -102,6 +102,7 @@ void MainWindow::ReadSettingsFile(const std::string& path)
   car_.SetFormula(settings.formula_index);
   globals_.track_index = settings.track_index;
   globals_.Units = settings.units;
+  globals_.installations_read = settings.installations;
   form_.Combo7.items = settings.installations;
   ChooseOrAdd(form_.Combo7, settings.installation);
   if (!install::HasPlayers(outside_.files, settings.installation))
@@ -134,8 +135,20 @@ void MainWindow::FirstRun()
   MnuFormat_Click(false);
 }
 
+/// The installations that the settings file names now; those it had where it cannot be read.
+std::vector<std::string> MainWindow::InstallationsOnDisk(const std::string& path) const
+{
+  try {
+    return install::ParseProgramSettings(data::ReadText(outside_.files, path)).installations;
+  } catch (const install::SettingsError&) {
+  } catch (const FileError&) {
+  }
+  return globals_.installations_read;
+}
+
 void MainWindow::SaveProgramSettings()
 {
+  const auto path = outside_.program_directory + "\\" + std::string(install::kSettingsFileName);
   const install::ProgramSettings settings{
       .installation = form_.Combo7.text,
       .player_index = globals_.player_index,
@@ -145,11 +158,10 @@ void MainWindow::SaveProgramSettings()
       .formula_index = static_cast<std::int16_t>(car_.FormulaIndex()),
       .track_index = globals_.track_index,
       .units = globals_.Units,
-      .installations = form_.Combo7.items,
+      .installations = install::MergeInstallations(globals_.installations_read, form_.Combo7.items,
+                                                   InstallationsOnDisk(path)),
   };
-  outside_.files.WriteText(
-      outside_.program_directory + "\\" + std::string(install::kSettingsFileName),
-      install::ProgramSettingsText(settings));
+  outside_.files.WriteText(path, install::ProgramSettingsText(settings));
 }
 
 void MainWindow::DeriveInstallationFromCommandLine()

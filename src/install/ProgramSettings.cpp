@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "install/ProgramSettings.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
+
+#include "platform/TextEncoding.h"
 
 namespace velquist::install {
 namespace {
@@ -85,11 +88,19 @@ class Values {
   std::string_view rest_;
 };
 
+bool IsForbidden(char c)
+{
+  const auto byte = static_cast<unsigned char>(c);
+  return (byte < 0x20 && c != '\r' && c != '\n' && c != '\t') || byte == 0x7F;
+}
+
 }  // namespace
 
 ProgramSettings ParseProgramSettings(std::string_view text)
 {
-  Values values(text);
+  if (std::ranges::any_of(text, IsForbidden)) throw SettingsError("control character");
+  const auto whole = platform::InUtf8(platform::WithoutByteOrderMark(text));
+  Values values(whole);
   ProgramSettings settings;
   settings.installation = values.String();
   settings.player_index = values.Whole();
@@ -109,7 +120,7 @@ std::string ProgramSettingsText(const ProgramSettings& settings)
   std::string text;
   const auto write_string = [&](std::string_view value) {
     text += '"';
-    text += value;
+    text += platform::InUtf8(value);
     text += "\"\r\n";
   };
   const auto write_whole = [&](std::int16_t value) { text += std::to_string(value) + "\r\n"; };
@@ -123,6 +134,19 @@ std::string ProgramSettingsText(const ProgramSettings& settings)
   write_whole(settings.units);
   for (const auto& installation : settings.installations) write_string(installation);
   return text;
+}
+
+std::vector<std::string> MergeInstallations(const std::vector<std::string>& read,
+                                            const std::vector<std::string>& current,
+                                            const std::vector<std::string>& on_disk)
+{
+  const auto holds = [](const std::vector<std::string>& list, const std::string& installation) {
+    return std::ranges::find(list, installation) != list.end();
+  };
+  auto merged = current;
+  for (const auto& installation : on_disk)
+    if (!holds(read, installation) && !holds(merged, installation)) merged.push_back(installation);
+  return merged;
 }
 
 }  // namespace velquist::install

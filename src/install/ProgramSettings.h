@@ -28,18 +28,26 @@ struct ProgramSettings {
   friend bool operator==(const ProgramSettings&, const ProgramSettings&) = default;
 };
 
-/// The text is no settings file: too short, or letters or too large a number where a whole number
-/// belongs.
+/// The text is no settings file: too short, letters or too large a number where a whole number
+/// belongs, or control characters other than line ends and tabs.
 class SettingsError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
 /// Values stand one a line, or divided by commas outside quotes; strings may be quoted. Empty
-/// installations are dropped. Throws SettingsError.
+/// installations are dropped. A text that is not UTF-8 is taken as Windows-1252, a byte order mark
+/// is skipped. Throws SettingsError.
 [[nodiscard]] ProgramSettings ParseProgramSettings(std::string_view text);
 
-/// The file's text: quoted strings, plain numbers, one value a line, CR LF.
+/// The file's text: quoted strings, plain numbers, one value a line, CR LF. Valid UTF-8.
 [[nodiscard]] std::string ProgramSettingsText(const ProgramSettings& settings);
+
+/// The installations to write when the file may have changed since it was read: `current` ones of
+/// this window in their order, and behind them what the file gained since. What this window deleted
+/// stays deleted.
+[[nodiscard]] std::vector<std::string> MergeInstallations(const std::vector<std::string>& read,
+                                                          const std::vector<std::string>& current,
+                                                          const std::vector<std::string>& on_disk);
 
 }  // namespace velquist::install

@@ -123,5 +123,69 @@ TEST(ProgramSettings, AQuoteThatIsNeverClosedTakesTheRestOfTheFile)
   EXPECT_EQ(settings.installations, std::vector<std::string>{"b\r\nc"});
 }
 
+TEST(ProgramSettings, WithControlCharactersAreRefused)
+{
+  for (int c = 0; c < 0x20; ++c) {
+    if (c == '\t' || c == '\r' || c == '\n') continue;
+    SCOPED_TRACE(c);
+    std::string text(kSampleText);
+    text.insert(5, 1, static_cast<char>(c));
+    EXPECT_THROW((void)ParseProgramSettings(text), SettingsError);
+    EXPECT_THROW((void)ParseProgramSettings(std::string(kSampleText) + static_cast<char>(c)),
+                 SettingsError);
+  }
+  EXPECT_THROW((void)ParseProgramSettings(std::string(kSampleText) + '\x7F'), SettingsError);
+  const std::string wide = WithLine(1, "a");
+  std::string of_two_bytes;
+  for (const char c : wide) of_two_bytes.append(1, c).append(1, '\0');
+  EXPECT_THROW((void)ParseProgramSettings(of_two_bytes), SettingsError);
+}
+
+TEST(ProgramSettings, OfAnOldWindowsAreRead)
+{
+  const auto old = ParseProgramSettings(WithLine(1, "\"C:\\J\xF6rg\\\x80 GPL\""));
+  EXPECT_EQ(old.installation, "C:\\Jörg\\€ GPL");
+  const auto text = ProgramSettingsText(old);
+  EXPECT_NE(text.find("\"C:\\Jörg\\€ GPL\"\r\n"), std::string::npos);
+  EXPECT_EQ(ParseProgramSettings(text), old);
+}
+
+TEST(ProgramSettings, MayBeginWithAByteOrderMark)
+{
+  EXPECT_EQ(ParseProgramSettings("\xEF\xBB\xBF" + std::string(kSampleText)), Sample());
+  EXPECT_EQ(ParseProgramSettings("\xEF\xBB\xBF" + WithLine(1, "Jörg")).installation, "Jörg");
+}
+
+TEST(ProgramSettings, AreWrittenAsUtf8WhateverADirectoryIsNamed)
+{
+  auto settings = Sample();
+  settings.installation = "/home/j\xF6rg/GPL";
+  settings.installations = {"/home/jörg/GPL", "/home/j\xF6rg/GPL"};
+  const auto again = ParseProgramSettings(ProgramSettingsText(settings));
+  EXPECT_EQ(again.installation, "/home/jörg/GPL");
+  EXPECT_EQ(again.installations, (std::vector<std::string>{"/home/jörg/GPL", "/home/jörg/GPL"}));
+}
+
+TEST(MergedInstallations, KeepWhatTheFileGained)
+{
+  using List = std::vector<std::string>;
+  EXPECT_EQ(MergeInstallations({"a", "b"}, {"a", "b"}, {"a", "b"}), (List{"a", "b"}));
+  EXPECT_EQ(MergeInstallations({"a"}, {"a"}, {"new", "a", "newer"}), (List{"a", "new", "newer"}));
+  EXPECT_EQ(MergeInstallations({"a"}, {"a", "mine"}, {"a", "theirs"}),
+            (List{"a", "mine", "theirs"}));
+  EXPECT_EQ(MergeInstallations({"a"}, {"a", "both"}, {"a", "both"}), (List{"a", "both"}));
+  EXPECT_EQ(MergeInstallations({}, {"first run"}, {"theirs", "theirs"}),
+            (List{"first run", "theirs"}));
+}
+
+TEST(MergedInstallations, LackWhatThisWindowDeleted)
+{
+  using List = std::vector<std::string>;
+  EXPECT_EQ(MergeInstallations({"a", "b"}, {"a"}, {"a", "b"}), List{"a"});
+  EXPECT_EQ(MergeInstallations({"a", "b"}, {"b"}, {"a", "b", "c"}), (List{"b", "c"}));
+  EXPECT_EQ(MergeInstallations({"a"}, {"a"}, {}), List{"a"});
+  EXPECT_EQ(MergeInstallations({"a"}, {"A"}, {"a", "A"}), List{"A"}) << "spelled exactly";
+}
+
 }  // namespace
 }  // namespace velquist::install
