@@ -16,6 +16,7 @@
 
 #include "platform/Errors.h"
 #include "platform/HostFileSystem.h"
+#include "runner/SourceDirectory.h"
 
 #ifndef _WIN32
 #include <unistd.h>
@@ -27,7 +28,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// A machine in a directory of its own: an executable in bin, a home.
-class ProgramDirectories : public testing::Test {
+class ProgramDirectories : public ::testing::Test {
  protected:
   ProgramDirectories()
   {
@@ -209,7 +210,7 @@ TEST_F(ProgramDirectories, RenewCopiesThatTheUserNeverChanged)
 
 TEST(ShippedFiles, HoldTheDataFilesThatShip)
 {
-  const auto folder = fs::path(VELQUIST_SOURCE_DIR) / "assets" / "program";
+  const auto folder = velquist::testing::SourceDirectory() / "assets" / "program";
   const HostFileSystem files;
   std::size_t count = 0;
   for (const auto& entry : fs::recursive_directory_iterator(folder)) {
