@@ -2,16 +2,13 @@
 #include "platform/HostFileSystem.h"
 
 #include <algorithm>
-#include <fstream>
 #include <optional>
-#include <tuple>
 
 #include "platform/AtomicFile.h"
 #include "platform/FileReason.h"
 #include "platform/LetterCase.h"
 #include "platform/Paths.h"
 #include "platform/SystemFiles.h"
-#include "platform/TextEncoding.h"
 
 namespace velquist::platform {
 namespace {
@@ -70,27 +67,8 @@ bool HostFileSystem::Exists(std::string_view path) const
 
 std::vector<std::byte> HostFileSystem::ReadWhole(std::string_view path) const
 {
-  const auto host = HostPath(path);
-  std::error_code error;
-  const auto status = StatusOf(host, error);
-  if (!fs::exists(status)) FailFile(path, error);
-  if (fs::is_directory(status)) FailFile(path, std::make_error_code(std::errc::is_a_directory));
-  if (!fs::is_regular_file(status))
-    FailFile(path, std::make_error_code(std::errc::invalid_argument));
-  std::ifstream file(host, std::ios::binary);
-  if (!file) FailFile(path, std::make_error_code(std::errc::permission_denied));
-  const auto size = file.seekg(0, std::ios::end).tellg();
-  if (size < 0) FailFile(path, std::make_error_code(std::errc::io_error));
-  file.seekg(0);
   std::vector<std::byte> bytes;
-  try {
-    bytes.resize(static_cast<std::size_t>(size));
-  } catch (const std::exception&) {
-    FailFile(path, std::make_error_code(std::errc::not_enough_memory));
-  }
-  file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  if (file.bad() || file.gcount() != size)
-    FailFile(path, std::make_error_code(std::errc::io_error));
+  if (const auto error = platform::ReadFile(HostPath(path), bytes)) FailFile(path, error);
   return bytes;
 }
 
@@ -115,31 +93,24 @@ void HostFileSystem::WriteText(std::string_view path, std::string_view text)
 std::vector<std::string> HostFileSystem::ListSubdirectories(std::string_view directory,
                                                             std::size_t most) const
 {
-  struct Name {
-    std::string key;
-    bool is_game_name;
-    std::string text;
-  };
-  std::vector<Name> found;
+  std::vector<std::string> names;
   for (const auto& host : HostPaths(directory)) {
-    const auto first = static_cast<std::ptrdiff_t>(found.size());
+    const auto before = static_cast<std::ptrdiff_t>(names.size());
     ListNames(host, Listed::kDirectories, [&](std::string_view name) {
-      found.push_back({OrderKey(InUtf8(name)), IsGameName(name), std::string(name)});
+      names.emplace_back(name);
       return true;
     });
-    // Of names that lead to one directory the first is listed, which it is found under.
-    std::sort(found.begin() + first, found.end(), [](const Name& a, const Name& b) {
-      return std::tie(a.key, b.is_game_name, a.text) < std::tie(b.key, a.is_game_name, b.text);
+    std::sort(names.begin() + before, names.end(), [](const auto& a, const auto& b) {
+      const auto order = CompareNames(a, b);
+      return order != 0 ? order < 0 : ComesFirst(a, b);
     });
-    if (first > 0) std::ranges::stable_sort(found, {}, &Name::key);
+    std::inplace_merge(names.begin(), names.begin() + before, names.end(),
+                       [](const auto& a, const auto& b) { return CompareNames(a, b) < 0; });
   }
-  std::vector<std::string> names;
-  const std::string* last = nullptr;
-  for (auto& name : found) {
-    if (names.size() == most) break;
-    if (last == nullptr || name.key != *last) names.push_back(std::move(name.text));
-    last = &name.key;
-  }
+  // Of names that lead to one directory the first stays, which it is found under.
+  const auto same = [](const auto& a, const auto& b) { return CompareNames(a, b) == 0; };
+  names.erase(std::unique(names.begin(), names.end(), same), names.end());
+  if (names.size() > most) names.resize(most);
   return names;
 }
 

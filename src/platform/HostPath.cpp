@@ -20,6 +20,11 @@ namespace fs = std::filesystem;
 
 constexpr std::array<std::string_view, 2> kGameNames = {"Players", "Setups"};
 
+bool IsGameName(std::string_view name) noexcept
+{
+  return std::ranges::find(kGameNames, name) != kGameNames.end();
+}
+
 #ifndef _WIN32
 
 bool IsThere(const fs::path& path)
@@ -46,7 +51,7 @@ bool IsDirectory(const fs::path& path)
 }
 
 /// The entries of `directory` that `name` may mean, in the order of the rule.
-std::vector<std::string> Entries(const fs::path& directory, std::string_view name)
+std::vector<std::string> Entries(const fs::path& directory, std::string_view name, bool is_there)
 {
   const bool ascii = IsAscii(name);
   const auto key = NameKey(name);
@@ -58,7 +63,7 @@ std::vector<std::string> Entries(const fs::path& directory, std::string_view nam
     return true;
   });
   // What cannot be listed, or is known to the system under more names than it lists.
-  if (entries.empty() && IsThere(directory / name)) entries.emplace_back(name);
+  if (entries.empty() && is_there) entries.emplace_back(name);
   if (entries.size() > 1)
     std::ranges::sort(entries, {}, [&](const std::string& entry) {
       return std::tuple(!IsDirectory(directory / entry), !IsGameName(entry), entry);
@@ -88,8 +93,11 @@ class Search {
     }
     deepest_ = start;
     // Mostly what lies above is there as spelled, which one look tells.
+    const auto parent = above.substr(0, above.rfind('/') + 1);
     if (IsThere(above))
       Descend(above, players_);
+    else if (players_ > 0 && IsThere(parent))
+      Descend(parent, players_ - 1);
     else
       Descend(start, 0);
     if (!found_.empty()) return;
@@ -111,26 +119,40 @@ class Search {
       return;
     }
     const auto part = parts_[depth];
+    const bool is_there = IsThere(host / part);
     const bool is_one = depth < players_ || part == "." || part == "..";
-    if (is_one && IsThere(host / part)) return Descend(host / part, depth + 1);
-    const auto first = KnownFirst(host, depth);
+    if (is_one && is_there) return Descend(host / part, depth + 1);
+    std::string_view first;
+    if (!is_one) {
+      const bool is_directory = is_there && IsDirectory(host / part);
+      // To look for others beside it would cost a listing of all players.
+      if (most_ > 1 && is_directory && !IsGamePart(part)) return Descend(host / part, depth + 1);
+      const bool may_be_file = depth + 1 == parts_.size() && !is_directory_;
+      if (may_be_file && is_there && !is_directory)
+        first = part;
+      else
+        first = GameName(host, part);
+    }
     if (!first.empty()) {
       Descend(host / first, depth + 1);
       if (found_.size() == most_) return;
     }
-    for (const auto& entry : Entries(host, part)) {
+    for (const auto& entry : Entries(host, part, is_there)) {
       if (entry == first) continue;
       Descend(host / entry, depth + 1);
       if (found_.size() == most_) return;
     }
   }
 
-  /// What the rule puts first, where that is known without listing the directory; else empty.
-  [[nodiscard]] std::string_view KnownFirst(const fs::path& host, std::size_t depth) const
+  static bool IsGamePart(std::string_view part)
   {
-    const auto part = parts_[depth];
-    const bool may_be_file = depth + 1 == parts_.size() && !is_directory_;
-    if (may_be_file && IsThere(host / part) && !IsDirectory(host / part)) return part;
+    return std::ranges::any_of(kGameNames,
+                               [part](std::string_view name) { return SamePathText(part, name); });
+  }
+
+  /// The game's own spelling of the part where a directory has it; else empty.
+  static std::string_view GameName(const fs::path& host, std::string_view part)
+  {
     for (const auto name : kGameNames)
       if (SamePathText(part, name) && IsDirectory(host / name)) return name;
     return {};
@@ -155,9 +177,9 @@ void CheckPath(std::string_view path)
     throw FileError(std::string(path), "A path cannot hold a NUL character");
 }
 
-bool IsGameName(std::string_view name) noexcept
+bool ComesFirst(std::string_view a, std::string_view b) noexcept
 {
-  return std::ranges::find(kGameNames, name) != kGameNames.end();
+  return std::tuple(!IsGameName(a), a) < std::tuple(!IsGameName(b), b);
 }
 
 #ifdef _WIN32

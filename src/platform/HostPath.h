@@ -26,10 +26,11 @@ void CheckPath(std::string_view path);
 [[nodiscard]] std::filesystem::path HostPath(std::string_view path);
 
 /// All that a path text may lead to, in the order of the rule; what HostPath says is the first.
-/// Checks it.
+/// Of a player or track that is there as spelled it is that one alone: names that are listed are
+/// those that the rule puts first. Checks it.
 [[nodiscard]] std::vector<std::filesystem::path> HostPaths(std::string_view path);
 
-/// True for a name that the game gives a directory, spelled as it does.
-[[nodiscard]] bool IsGameName(std::string_view name) noexcept;
+/// True when the rule puts the name `a` before `b`, which differs from it in letter case alone.
+[[nodiscard]] bool ComesFirst(std::string_view a, std::string_view b) noexcept;
 
 }  // namespace velquist::platform

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/LetterCase.h"
 
+#include <algorithm>
 #include <array>
 
 namespace velquist::platform {
@@ -102,9 +103,18 @@ std::string FoldCase(std::string_view text)
   return EachLetter(text, Small);
 }
 
-std::string OrderKey(std::string_view text)
+int CompareNames(std::string_view a, std::string_view b)
 {
-  return EachLetter(text, Capital);
+  const auto length = std::min(a.size(), b.size());
+  for (std::size_t i = 0; i < length; ++i) {
+    const unsigned x = static_cast<unsigned char>(a[i]);
+    const unsigned y = static_cast<unsigned char>(b[i]);
+    if (x >= kAsciiEnd || y >= kAsciiEnd)
+      return EachLetter(a.substr(i), Capital).compare(EachLetter(b.substr(i), Capital));
+    if (x != y && Capital(x) != Capital(y)) return Capital(x) < Capital(y) ? -1 : 1;
+  }
+  if (a.size() == b.size()) return 0;
+  return a.size() < b.size() ? -1 : 1;
 }
 
 }  // namespace velquist::platform

@@ -10,9 +10,9 @@ namespace velquist::platform {
 /// file names as the game's system does. Bytes that are not UTF-8 stay as they are.
 [[nodiscard]] std::string FoldCase(std::string_view text);
 
-/// `text` with small letters made capitals: file systems of the game's system report names in the
-/// byte order of these, so that "_" comes behind all letters of ASCII. Equal for the same texts as
-/// FoldCase.
-[[nodiscard]] std::string OrderKey(std::string_view text);
+/// Below, equal to or above 0 as a file system of the game's system reports the name `a` before
+/// `b`, does not tell them apart, or reports it behind: in the order of their capitals, so that "_"
+/// comes behind all letters of ASCII.
+[[nodiscard]] int CompareNames(std::string_view a, std::string_view b);
 
 }  // namespace velquist::platform

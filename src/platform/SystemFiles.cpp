@@ -5,16 +5,35 @@
 
 #ifdef _WIN32
 #include <windows.h>
+
+#include <fstream>
 #else
 #include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
+#include <span>
 #endif
 
 namespace velquist::platform {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+std::error_code MakeRoom(std::vector<std::byte>& bytes, std::size_t size)
+{
+  try {
+    bytes.resize(size);
+    return {};
+  } catch (const std::exception&) {
+    return std::make_error_code(std::errc::not_enough_memory);
+  }
+}
+
+}  // namespace
 
 #ifdef _WIN32
 
@@ -107,6 +126,23 @@ fs::file_status StatusOf(const fs::path& path, std::error_code& error)
   return fs::file_status(is_directory ? fs::file_type::directory : fs::file_type::regular);
 }
 
+std::error_code ReadFile(const fs::path& path, std::vector<std::byte>& bytes)
+{
+  std::error_code error;
+  const auto status = StatusOf(path, error);
+  if (!fs::exists(status)) return error;
+  if (fs::is_directory(status)) return std::make_error_code(std::errc::is_a_directory);
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return std::make_error_code(std::errc::permission_denied);
+  const auto size = file.seekg(0, std::ios::end).tellg();
+  if (size < 0) return std::make_error_code(std::errc::io_error);
+  file.seekg(0);
+  if (const auto no_room = MakeRoom(bytes, static_cast<std::size_t>(size))) return no_room;
+  file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  if (file.bad() || file.gcount() != size) return std::make_error_code(std::errc::io_error);
+  return {};
+}
+
 std::optional<FileStamp> StampOf(const fs::path& path)
 {
   WIN32_FILE_ATTRIBUTE_DATA data;
@@ -178,6 +214,30 @@ fs::path SpelledAsOnDisk(const fs::path& path)
 fs::file_status StatusOf(const fs::path& path, std::error_code& error)
 {
   return fs::status(path, error);
+}
+
+std::error_code ReadFile(const fs::path& path, std::vector<std::byte>& bytes)
+{
+  const auto last_error = [] { return std::error_code(errno, std::generic_category()); };
+  const auto close = [](const int* file) { ::close(*file); };
+  // A pipe that nobody writes to would be waited for.
+  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (file < 0) return last_error();
+  const std::unique_ptr<const int, decltype(close)> open(&file, close);
+  struct stat status {};
+  if (::fstat(file, &status) != 0) return last_error();
+  if (S_ISDIR(status.st_mode)) return std::make_error_code(std::errc::is_a_directory);
+  if (!S_ISREG(status.st_mode)) return std::make_error_code(std::errc::invalid_argument);
+  if (const auto no_room = MakeRoom(bytes, static_cast<std::size_t>(status.st_size)))
+    return no_room;
+  for (std::span<std::byte> rest = bytes; !rest.empty();) {
+    const auto count = ::read(file, rest.data(), rest.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return last_error();
+    if (count == 0) return std::make_error_code(std::errc::io_error);
+    rest = rest.subspan(static_cast<std::size_t>(count));
+  }
+  return {};
 }
 
 std::optional<FileStamp> StampOf(const fs::path& path)

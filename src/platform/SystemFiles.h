@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "platform/FileSystem.h"
 
@@ -32,6 +34,10 @@ namespace velquist::platform {
 /// What the path leads to; `error` is set where that cannot be told, also where nothing is there.
 [[nodiscard]] std::filesystem::file_status StatusOf(const std::filesystem::path& path,
                                                     std::error_code& error);
+
+/// Reads the whole file.
+[[nodiscard]] std::error_code ReadFile(const std::filesystem::path& path,
+                                       std::vector<std::byte>& bytes);
 
 /// The stamp of the file that the path leads to; nothing where there is no file.
 [[nodiscard]] std::optional<FileStamp> StampOf(const std::filesystem::path& path);
