@@ -80,11 +80,27 @@ bool IsCutShort(std::span<const std::byte> bytes) noexcept
   return true;
 }
 
+int ScanCount(std::span<const std::byte> bytes) noexcept
+{
+  int scans = 0;
+  const auto frame = Find(bytes, 2);
+  // From the frame header on, markers of scans stand nowhere else.
+  for (std::size_t at = frame.at + 2; at + 2 <= bytes.size(); ++at) {
+    if (Byte(bytes, at) != kMarker) continue;
+    const unsigned marker = Byte(bytes, at + 1);
+    if (marker == kEndOfImage) break;
+    if (marker == kStartOfScan) ++scans;
+  }
+  return scans;
+}
+
 PictureLoader::Size ShowableJpegSize(std::span<const std::byte> bytes) noexcept
 {
+  if (bytes.size() > kMostBytes) return {};
   const auto size = JpegSize(bytes);
   const long long pixels = static_cast<long long>(size.width) * size.height;
-  return pixels > 0 && pixels <= kMostPixels ? size : PictureLoader::Size{};
+  if (pixels <= 0 || pixels > kMostPixels) return {};
+  return pixels * ScanCount(bytes) <= kMostScannedPixels ? size : PictureLoader::Size{};
 }
 
 }  // namespace velquist::platform

@@ -5,20 +5,37 @@
 #include <wx/log.h>
 #include <wx/mstream.h>
 
+#include <algorithm>
+#include <functional>
+#include <utility>
+
 #include "platform/Errors.h"
 #include "platform/JpegHeader.h"
 
 namespace velquist::platform {
 namespace {
 
-/// An invalid image when the bytes are broken or too many pixels.
-wxImage Decoded(std::span<const std::byte> bytes)
+constexpr std::size_t kMostKept = 8;
+constexpr int kMostShrunk = 8;  ///< the decoder goes no further
+
+/// The factor by which a picture can be decoded smaller and still fills the box in one direction.
+int ShrunkFor(PictureLoader::Size size, wxSize box)
 {
-  // A picture that is cut short would be decoded with a grey rest.
-  if (ShowableJpegSize(bytes).width == 0 || IsCutShort(bytes)) return {};
+  int factor = 1;
+  while (factor < kMostShrunk &&
+         (size.width >= 2 * factor * box.x || size.height >= 2 * factor * box.y))
+    factor *= 2;
+  return factor;
+}
+
+/// An invalid image when the bytes are broken.
+wxImage Shrunk(std::span<const std::byte> bytes, PictureLoader::Size size, int factor)
+{
   const wxLogNull quiet;  // a broken picture is no news to the user
   wxMemoryInputStream stream(bytes.data(), bytes.size());
   wxImage image;
+  image.SetOption(wxIMAGE_OPTION_MAX_WIDTH, size.width / factor);
+  image.SetOption(wxIMAGE_OPTION_MAX_HEIGHT, size.height / factor);
   wxJPEGHandler handler;
   if (!handler.LoadFile(&image, stream, false)) return {};
   return image;
@@ -27,33 +44,54 @@ wxImage Decoded(std::span<const std::byte> bytes)
 }  // namespace
 
 WxPictureLoader::WxPictureLoader(const FileSystem& files, const Resources& resources)
-    : files_(files), resources_(resources)
+    : files_(files), resources_(resources), box_(1024, 768)
 {
 }
 
 PictureLoader::Size WxPictureLoader::Load(std::string_view path)
 {
-  path_ = path;
-  picture_ = wxImage();
-  try {
-    picture_ = Decoded(files_.ReadWhole(path));
-  } catch (const FileError&) {
-    // Nothing to show: as for a broken picture.
+  const auto& decoded = DecodeFile(path);
+  return decoded.picture.IsOk() ? decoded.size : Size{};
+}
+
+wxImage WxPictureLoader::Picture(std::string_view path, wxSize box)
+{
+  box_ = box;
+  if (!path.empty()) {
+    const auto& decoded = DecodeFile(path);
+    if (decoded.picture.IsOk()) return decoded.picture;
   }
-  return picture_.IsOk() ? Size{picture_.GetWidth(), picture_.GetHeight()} : Size{};
+  return Decode(resources_.Picture()).picture;
 }
 
-const wxImage& WxPictureLoader::Picture(std::string_view path)
+const WxPictureLoader::Decoded& WxPictureLoader::DecodeFile(std::string_view path)
 {
-  if (path.empty()) return BuiltIn();
-  if (path != path_) (void)Load(path);
-  return picture_.IsOk() ? picture_ : BuiltIn();
+  try {
+    return Decode(files_.ReadWhole(path));
+  } catch (const FileError&) {
+    return Decode({});  // nothing to show: as for a broken picture
+  }
 }
 
-const wxImage& WxPictureLoader::BuiltIn()
+const WxPictureLoader::Decoded& WxPictureLoader::Decode(std::span<const std::byte> bytes)
 {
-  if (!built_in_.IsOk()) built_in_ = Decoded(resources_.Picture());
-  return built_in_;
+  const auto size = ShowableJpegSize(bytes);
+  const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  const auto hash = std::hash<std::string_view>{}(text);
+  const int shrunk = ShrunkFor(size, box_);
+  const auto known = std::ranges::find_if(kept_, [&](const Decoded& kept) {
+    return kept.hash == hash && kept.length == bytes.size() && kept.shrunk == shrunk;
+  });
+  if (known != kept_.end()) {
+    std::rotate(kept_.begin(), known, known + 1);
+    return kept_.front();
+  }
+  Decoded decoded{hash, bytes.size(), shrunk, size, {}};
+  // A picture that is cut short would be decoded with a grey rest.
+  if (size.width > 0 && !IsCutShort(bytes)) decoded.picture = Shrunk(bytes, size, shrunk);
+  kept_.push_front(std::move(decoded));
+  if (kept_.size() > kMostKept) kept_.pop_back();
+  return kept_.front();
 }
 
 }  // namespace velquist::platform

@@ -90,8 +90,9 @@ CarPictureBox::CarPictureBox(wxWindow* parent, wxWindowID id, const wxString& na
 
 void CarPictureBox::ShowPicture(const std::string& path)
 {
+  path_ = path;
   // The file may be another one than last time.
-  const wxImage& image = pictures_.Picture(path);
+  const wxImage image = pictures_.Picture(path_, GetClientSize() * GetContentScaleFactor());
   if (image.IsSameAs(image_)) return;
   image_ = image;
   scaled_ = wxBitmap();
@@ -106,6 +107,7 @@ void CarPictureBox::OnPaint()
   const wxSize device = size * scale;
   if (device.x < 1 || device.y < 1) return;
   if (!scaled_.IsOk() || scaled_for_ != device) {
+    image_ = pictures_.Picture(path_, device);
     if (!image_.IsOk()) return;
     scaled_ = Fitted(image_, device, scale);
     scaled_for_ = device;

@@ -60,6 +60,7 @@ class CarPictureBox final : public wxPanel {
   void OnPaint();
 
   platform::WxPictureLoader& pictures_;
+  std::string path_;
   wxImage image_;
   wxBitmap scaled_;
   wxSize scaled_for_;  ///< the box's size in device pixels that `scaled_` was made for

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
+#include <initializer_list>
 #include <iterator>
 #include <span>
 #include <string>
@@ -24,6 +25,8 @@ using Bytes = std::vector<std::byte>;
 constexpr int kBuiltInWidth = 1024;
 constexpr int kBuiltInHeight = 753;
 
+const wxSize kLargeBox(1024, 768);
+
 Bytes ReadFile(const std::filesystem::path& path)
 {
   std::ifstream in(path, std::ios::binary);
@@ -38,6 +41,37 @@ Bytes WholePicture()
 {
   return ReadFile(velquist::testing::SourceDirectory() /
                   "examples/GPL/cars/cars67/lotus/GEMPic.jpg");
+}
+
+void Append(Bytes& bytes, std::initializer_list<unsigned> values)
+{
+  for (const unsigned value : values) bytes.push_back(std::byte(value));
+}
+
+/// A grey picture of that many pixels in each direction, a multiple of 8, that grows sharper in
+/// `scans` passes over it, each of a few bytes but the first.
+Bytes GreyInScans(unsigned side, int scans)
+{
+  const unsigned high = side >> 8U;
+  const unsigned low = side & 0xFFU;
+  Bytes bytes;
+  Append(bytes, {0xFF, 0xD8, 0xFF, 0xDB, 0, 67, 0});  // quantisation: all ones
+  bytes.insert(bytes.end(), 64, std::byte{1});
+  Append(bytes, {0xFF, 0xC2, 0, 11, 8, high, low, high, low, 1, 1, 0x11, 0});
+  const auto table = [&](unsigned of, unsigned value) {  // one code of one bit
+    Append(bytes, {0xFF, 0xC4, 0, 20, of, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, value});
+  };
+  table(0x00, 0);     // no difference to the block before
+  table(0x10, 0xE0);  // 16384 blocks and as many more as the next 14 bits say end here
+  Append(bytes, {0xFF, 0xDA, 0, 8, 1, 1, 0, 0, 0, 0});
+  const std::size_t blocks = std::size_t{side} / 8 * (side / 8);
+  bytes.insert(bytes.end(), (blocks + 7) / 8, std::byte{0});
+  for (int scan = 1; scan < scans; ++scan) {
+    Append(bytes, {0xFF, 0xDA, 0, 8, 1, 1, 0, 1, 63, 0});
+    bytes.insert(bytes.end(), (blocks / 16384 + 1) * 2, std::byte{0});
+  }
+  Append(bytes, {0xFF, 0xD9});
+  return bytes;
 }
 
 /// Says in its header that it is of that size, and holds nothing else.
@@ -60,7 +94,7 @@ class PicturesOfCars : public ::testing::Test {
 
   void ExpectBuiltIn()
   {
-    const auto& shown = pictures_.Picture(Path());
+    const auto shown = pictures_.Picture(Path(), kLargeBox);
     ASSERT_TRUE(shown.IsOk());
     EXPECT_EQ(shown.GetWidth(), kBuiltInWidth);
     EXPECT_EQ(shown.GetHeight(), kBuiltInHeight);
@@ -85,7 +119,7 @@ TEST_F(PicturesOfCars, WholePicturesAreDecoded)
   Put(WholePicture());
   const auto size = pictures_.Load(Path());
   EXPECT_GT(size.width, 0);
-  const auto& shown = pictures_.Picture(Path());
+  const auto shown = pictures_.Picture(Path(), kLargeBox);
   EXPECT_EQ(shown.GetWidth(), size.width);
   EXPECT_EQ(shown.GetHeight(), size.height);
   EXPECT_NE(shown.GetWidth(), kBuiltInWidth);
@@ -112,7 +146,7 @@ TEST_F(PicturesOfCars, ThoseOfTheExampleInstallationAreDecodedAndOfEveryShape)
 
 TEST_F(PicturesOfCars, WithoutAPathTheBuiltInOneIsShown)
 {
-  const auto& shown = pictures_.Picture("");
+  const auto shown = pictures_.Picture("", kLargeBox);
   EXPECT_EQ(shown.GetWidth(), kBuiltInWidth);
   EXPECT_EQ(shown.GetHeight(), kBuiltInHeight);
 }
@@ -144,7 +178,41 @@ TEST_F(PicturesOfCars, BrokenPicturesGiveWayToTheBuiltInOne)
   }
 }
 
-TEST_F(PicturesOfCars, PicturesOfMoreThanFiftyMillionPixelsAreNotDecoded)
+TEST_F(PicturesOfCars, PicturesThatGrowSharperAreDecoded)
+{
+  Put(GreyInScans(800, 10));
+  EXPECT_EQ(pictures_.Load(Path()).width, 800);
+}
+
+TEST_F(PicturesOfCars, PicturesThatTakeSecondsToDecodeGiveWayToTheBuiltInOne)
+{
+  ExpectRefused(GreyInScans(3200, 3000));
+  ExpectRefused(GreyInScans(6400, 1));
+}
+
+TEST_F(PicturesOfCars, AreDecodedNoLargerThanTheyAreShown)
+{
+  Put(GreyInScans(1600, 1));
+  EXPECT_EQ(pictures_.Picture(Path(), {300, 200}).GetWidth(), 200);
+  EXPECT_EQ(pictures_.Picture(Path(), {1600, 200}).GetWidth(), 200);
+  EXPECT_EQ(pictures_.Picture(Path(), {500, 500}).GetWidth(), 800);
+  EXPECT_EQ(pictures_.Picture(Path(), {1000, 900}).GetWidth(), 1600);
+  EXPECT_EQ(pictures_.Load(Path()).width, 1600) << "the size in the file";
+}
+
+TEST_F(PicturesOfCars, AreDecodedOnceWhileTheyAreTheSame)
+{
+  Put(WholePicture());
+  const auto first = pictures_.Picture(Path(), kLargeBox);
+  (void)pictures_.Picture("", kLargeBox);
+  EXPECT_TRUE(pictures_.Picture(Path(), kLargeBox).IsSameAs(first));
+  Put(GreyInScans(800, 1));
+  EXPECT_EQ(pictures_.Picture(Path(), kLargeBox).GetWidth(), 800);
+  Put(WholePicture());
+  EXPECT_TRUE(pictures_.Picture(Path(), kLargeBox).IsSameAs(first));
+}
+
+TEST_F(PicturesOfCars, PicturesOfMoreThanSixteenMillionPixelsAreNotDecoded)
 {
   ExpectRefused(HeaderOf(60'000, 60'000));
   auto whole = WholePicture();

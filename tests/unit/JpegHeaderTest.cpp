@@ -88,13 +88,58 @@ Bytes Sized(unsigned width, unsigned height)
   return bytes;
 }
 
-TEST(JpegHeader, FiftyMillionPixelsAreTheMostThatAreShown)
+TEST(JpegHeader, SixteenMillionPixelsAreTheMostThatAreShown)
 {
-  EXPECT_EQ(ShowableJpegSize(Sized(50'000, 1'000)).width, 50'000);
-  EXPECT_EQ(ShowableJpegSize(Sized(50'000, 1'001)).width, 0);
+  EXPECT_EQ(ShowableJpegSize(Sized(16'000, 1'000)).width, 16'000);
+  EXPECT_EQ(ShowableJpegSize(Sized(16'000, 1'001)).width, 0);
   EXPECT_EQ(ShowableJpegSize(Sized(65'535, 65'535)).width, 0);
   EXPECT_EQ(ShowableJpegSize(Sized(0, 10)).height, 0);
   EXPECT_EQ(ShowableJpegSize(Sized(10, 0)).width, 0);
+}
+
+void AddScan(Bytes& bytes)
+{
+  for (const unsigned value : {0xFFU, 0xDAU, 0U, 2U, 7U, 0xFFU, 0U, 9U})
+    bytes.push_back(std::byte(value));
+}
+
+TEST(JpegHeader, ScansAreCountedUpToTheEndOfThePicture)
+{
+  auto bytes = Jpeg({0xFF, 0xE1, 0, 6, 0xFF, 0xDA, 0xFF, 0xDA});
+  EXPECT_EQ(ScanCount(bytes), 0);
+  AddScan(bytes);
+  EXPECT_EQ(ScanCount(bytes), 1);
+  for (const unsigned value : {0xFFU, 0xC4U, 0U, 3U, 1U}) bytes.push_back(std::byte(value));
+  AddScan(bytes);
+  EXPECT_EQ(ScanCount(bytes), 2);
+  bytes.push_back(std::byte{0xFF});
+  bytes.push_back(std::byte{0xD9});
+  AddScan(bytes);
+  EXPECT_EQ(ScanCount(bytes), 2);
+}
+
+TEST(JpegHeader, APictureOfManyPixelsInManyScansIsNotShown)
+{
+  auto large = Sized(10'000, 1'000);
+  auto small = Sized(1'000, 100);
+  for (int scan = 0; scan < 10; ++scan) {
+    EXPECT_EQ(ShowableJpegSize(large).width, 10'000) << scan;
+    AddScan(large);
+    AddScan(small);
+  }
+  EXPECT_EQ(ShowableJpegSize(large).width, 10'000);
+  AddScan(large);
+  EXPECT_EQ(ShowableJpegSize(large).width, 0);
+  EXPECT_EQ(ShowableJpegSize(small).width, 1'000);
+}
+
+TEST(JpegHeader, ALongFileIsNotShown)
+{
+  auto bytes = Sized(1'000, 1'000);
+  bytes.resize(32'000'000);
+  EXPECT_EQ(ShowableJpegSize(bytes).width, 1'000);
+  bytes.push_back(std::byte{});
+  EXPECT_EQ(ShowableJpegSize(bytes).width, 0);
 }
 
 TEST(JpegHeader, APictureWithoutItsEndIsCutShort)
