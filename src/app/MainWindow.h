@@ -131,9 +131,9 @@ class MainWindow {
   void OpenPath(const std::string& path);
   bool FindModYear(std::string_view file_name);
   void TakeOpened(const std::string& path, const std::string& name);
-  std::optional<std::string> AskForSetup();
+  std::optional<std::string> AskForSetup(std::string_view title);
   template <class Import>
-  void ImportSetup(Import&& import);
+  void ImportSetup(std::string_view title, Import&& import);
 
   // Saving.cpp: to disk
   void MnuNew_Click();

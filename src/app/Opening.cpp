@@ -31,19 +31,20 @@ std::string OpenFilter()
 
 }  // namespace
 
-std::optional<std::string> MainWindow::AskForSetup()
+std::optional<std::string> MainWindow::AskForSetup(std::string_view title)
 {
   constexpr int kFirstFormulaFilter = 2;
   return outside_.dialogs.AskOpenFile({.filter = OpenFilter(),
                                        .filter_index = car_.FormulaIndex() + kFirstFormulaFilter,
                                        .start = SetupDirectory() + "\\*.*",
-                                       .directory = {}});
+                                       .directory = {},
+                                       .title = std::string(title)});
 }
 
 void MainWindow::MnuOpen_Click()
 {
   if (!SaveFirst()) return;
-  if (const auto path = AskForSetup()) OpenPath(*path);
+  if (const auto path = AskForSetup("Open Setup")) OpenPath(*path);
 }
 
 /// Opens a setup file. When that stops half-way, all is as before but the buffer, which is the
@@ -113,10 +114,10 @@ void MainWindow::TakeOpened(const std::string& path, const std::string& name)
 
 /// Asks for a setup file, reads it into the buffer and runs `import` on it.
 template <class Import>
-void MainWindow::ImportSetup(Import&& import)
+void MainWindow::ImportSetup(std::string_view title, Import&& import)
 {
   if (!SaveFirst()) return;
-  const auto path = AskForSetup();
+  const auto path = AskForSetup(title);
   if (!path) return;
   if (!car_.ReadFile(outside_.files, *path)) {
     Tell("This is not a valid GPL setup file.  Please select another file.", Icon::kInformation);
@@ -132,7 +133,7 @@ void MainWindow::ImportSetup(Import&& import)
 
 void MainWindow::MnuImportChassis_Click()
 {
-  ImportSetup([&] {
+  ImportSetup("Import Chassis From", [&] {
     car_.ImportChassis();
     RefreshDisplay();
   });
@@ -140,7 +141,7 @@ void MainWindow::MnuImportChassis_Click()
 
 void MainWindow::MnuImportDrivetrain_Click()
 {
-  ImportSetup([&] {
+  ImportSetup("Import Drivetrain From", [&] {
     car_.ImportDrivetrain();
     ShowDrivetrainLists();
     RefreshDisplay();

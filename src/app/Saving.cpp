@@ -75,7 +75,8 @@ void MainWindow::MnuSaveAs_Click()
   const auto chosen =
       outside_.dialogs.AskSaveFile({.filter = "GPL Setup Files (" + pattern + ")|" + pattern,
                                     .start = SetupDirectory() + "\\" + pattern,
-                                    .extension = extension});
+                                    .extension = extension,
+                                    .title = "Save Setup As"});
   if (!chosen) return;
   const auto path = platform::WithExtension(*chosen, extension);
   AllOrNothing([&] {

@@ -238,8 +238,11 @@ void MainWindow::Combo7_Click()
 void MainWindow::MnuAddInstall_Click()
 {
   if (!SaveFirst()) return;
-  const auto chosen = outside_.dialogs.AskOpenFile(
-      {.filter = "GPL .exe Files|*.exe", .start = {}, .directory = outside_.program_directory});
+  const auto chosen = outside_.dialogs.AskOpenFile({.filter = "GPL .exe Files|*.exe",
+                                                    .start = {},
+                                                    .directory = outside_.program_directory,
+                                                    .title = "Add Installation: Select gpl.exe",
+                                                    .of_game = true});
   if (!chosen) return;
   const auto installation = std::string(platform::DirectoryOf(*chosen));
   if (std::ranges::find(form_.Combo7.items, installation) != form_.Combo7.items.end()) {

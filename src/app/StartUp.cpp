@@ -119,8 +119,11 @@ void MainWindow::FirstRun()
       "You are missing the program's saved Program Settings file.  Please select your gpl.exe "
       "file.",
       Icon::kExclamation);
-  const auto chosen = outside_.dialogs.AskOpenFile(
-      {.filter = "GPL .exe Files|*.exe", .start = {}, .directory = outside_.program_directory});
+  const auto chosen = outside_.dialogs.AskOpenFile({.filter = "GPL .exe Files|*.exe",
+                                                    .start = {},
+                                                    .directory = outside_.program_directory,
+                                                    .title = "Select gpl.exe",
+                                                    .of_game = true});
   if (!chosen || platform::LastSeparator(*chosen) == std::string::npos)
     throw install::SettingsError("no gpl.exe was chosen");
   const auto installation = std::string(platform::DirectoryOf(*chosen));
@@ -242,7 +245,7 @@ bool MainWindow::MayClose()
 {
   if (car_.Changed() && outside_.dialogs.ShowMessage(
                             "You have made changes that are not saved.  Do you still want to quit?",
-                            Icon::kQuestion, Buttons::kYesNo) != Answer::kYes)
+                            Icon::kQuestion, Buttons::kNoYes) != Answer::kYes)
     return false;
   try {
     SaveProgramSettings();

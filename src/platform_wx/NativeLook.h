@@ -3,6 +3,7 @@
 
 #include <wx/choice.h>
 #include <wx/font.h>
+#include <wx/statbox.h>
 #include <wx/stattext.h>
 #include <wx/window.h>
 
@@ -23,9 +24,15 @@ void AllowSmallControls(wxWindow& panel);
 /// system's own.
 void SetSpoken(wxWindow& control, const wxString& name, const wxString& description);
 
+/// A frame whose label names the frame alone and not the control behind it.
+[[nodiscard]] wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name);
+
 /// Lets the label of a box or option be cut while the control is placed anew: the system may do so
 /// before it knows of smaller letters.
 void AllowCutLabel(wxWindow& control);
+
+/// Lets the pointer find the controls that stand in `frame`, its siblings.
+void PutBehindSiblings(wxWindow& frame);
 
 /// Puts the one line of `label` in the middle of its height.
 void CentreVertically(wxStaticText& label);
@@ -33,9 +40,8 @@ void CentreVertically(wxStaticText& label);
 /// The mnemonic of `label` leads to `target`, which is the next control in tab order.
 void SetMnemonicTarget(wxStaticText& label, wxWindow& target);
 
-/// A message box with the icon and the buttons that `style` asks for, on every system; returns the
-/// id of the button pressed.
-int ShowMessageBox(wxWindow* owner, const wxString& text, const wxString& caption, long style);
+/// Shows these items and none chosen, of any number at once; all items of `list` come this way.
+void SetItems(wxChoice& list, const wxArrayString& items);
 
 /// The wheel does not choose, and choosing the item that is chosen already is an event like any
 /// other.

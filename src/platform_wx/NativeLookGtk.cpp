@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <gdk/gdkx.h>
 #include <gtk/gtk.h>
-#include <wx/msgdlg.h>
-
-#include <wx/generic/msgdlgg.h>
 
 #include "platform_wx/NativeLook.h"
 
@@ -90,6 +87,15 @@ void OnPopupShown(GObject* combo, GParamSpec*, gpointer list)
     g_signal_connect_after(menu, "menu-activate", G_CALLBACK(OnMenuActivate), list);
 }
 
+class LabelledFrame final : public wxStaticBox {
+ public:
+  using wxStaticBox::wxStaticBox;
+
+ protected:
+  /// The toolkit would give the label to the control behind.
+  bool GTKWidgetNeedsMnemonic() const override { return false; }
+};
+
 }  // namespace
 
 wxFont LetterFont(const wxString& face, int pixels)
@@ -121,10 +127,26 @@ void SetSpoken(wxWindow& control, const wxString& name, const wxString& descript
   if (!description.empty()) atk_object_set_description(spoken, description.utf8_str());
 }
 
+wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name)
+{
+  return new LabelledFrame(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), 0, name);
+}
+
 void AllowCutLabel(wxWindow& control)
 {
   GtkWidget* const label = gtk_bin_get_child(GTK_BIN(control.GetHandle()));
   if (GTK_IS_LABEL(label)) gtk_label_set_ellipsize(GTK_LABEL(label), PANGO_ELLIPSIZE_END);
+}
+
+void PutBehindSiblings(wxWindow& frame)
+{
+  // Where the pointer is, the system takes the first in the order of their making.
+  GtkWidget* const widget = frame.GetHandle();
+  auto* const around = GTK_CONTAINER(gtk_widget_get_parent(widget));
+  g_object_ref(widget);
+  gtk_container_remove(around, widget);
+  gtk_container_add(around, widget);
+  g_object_unref(widget);
 }
 
 void CentreVertically(wxStaticText& label)
@@ -139,11 +161,17 @@ void SetMnemonicTarget(wxStaticText& label, wxWindow& target)
   gtk_label_set_mnemonic_widget(GTK_LABEL(label.GetHandle()), target.GetHandle());
 }
 
-int ShowMessageBox(wxWindow* owner, const wxString& text, const wxString& caption, long style)
+void SetItems(wxChoice& list, const wxArrayString& items)
 {
-  // The system's own message boxes show no icons.
-  wxGenericMessageDialog box(owner, text, caption, style | wxCENTRE);
-  return box.ShowModal();
+  // The toolkit adds one item after the other to a list in use, and each costs more than the last.
+  auto* const combo = GTK_COMBO_BOX(list.GetHandle());
+  list.SetSelection(wxNOT_FOUND);
+  GtkListStore* const rows = gtk_list_store_new(2, G_TYPE_STRING, G_TYPE_STRING);  // text, id
+  for (const auto& item : items)
+    gtk_list_store_insert_with_values(rows, nullptr, -1, 0, item.utf8_str().data(), -1);
+  gtk_combo_box_set_model(combo, GTK_TREE_MODEL(rows));
+  g_object_unref(rows);
+  list.InvalidateBestSize();
 }
 
 void ReportEveryChoice(wxChoice& list)

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <wx/access.h>
-#include <wx/msgdlg.h>
 #include <wx/msw/wrapwin.h>
 
 #include "platform_wx/NativeLook.h"
@@ -66,9 +65,19 @@ void SetSpoken(wxWindow& control, const wxString& name, const wxString& descript
   spoken->Set(name, description);
 }
 
+wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name)
+{
+  return new wxStaticBox(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), 0, name);
+}
+
 void AllowCutLabel(wxWindow&)
 {
   // Labels are always cut at the control's edge.
+}
+
+void PutBehindSiblings(wxWindow&)
+{
+  // What was made first is behind the others already.
 }
 
 void CentreVertically(wxStaticText& label)
@@ -82,24 +91,9 @@ void SetMnemonicTarget(wxStaticText&, wxWindow&)
   // The system goes to the control behind the label.
 }
 
-int ShowMessageBox(wxWindow* owner, const wxString& text, const wxString& caption, long style)
+void SetItems(wxChoice& list, const wxArrayString& items)
 {
-  // The toolkit's own boxes show no icon beside a question.
-  UINT wanted = (style & wxYES_NO) != 0 ? MB_YESNO : MB_OK;
-  if ((style & wxNO_DEFAULT) != 0) wanted |= MB_DEFBUTTON2;
-  switch (style & wxICON_MASK) {
-    case wxICON_EXCLAMATION: wanted |= MB_ICONEXCLAMATION; break;
-    case wxICON_QUESTION: wanted |= MB_ICONQUESTION; break;
-    case wxICON_ERROR: wanted |= MB_ICONERROR; break;
-    default: wanted |= MB_ICONINFORMATION; break;
-  }
-  if (owner == nullptr) wanted |= MB_TASKMODAL;
-  switch (::MessageBoxW(owner != nullptr ? owner->GetHWND() : nullptr, text.wc_str(),
-                        caption.wc_str(), wanted)) {
-    case IDYES: return wxID_YES;
-    case IDNO: return wxID_NO;
-    default: return wxID_OK;
-  }
+  list.Set(items);
 }
 
 void ReportEveryChoice(wxChoice& list)

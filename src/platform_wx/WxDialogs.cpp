@@ -3,31 +3,22 @@
 
 #include <wx/filedlg.h>
 #include <wx/filename.h>
-#include <wx/msgdlg.h>
 
 #include "platform/FileDialogText.h"
 #include "platform/HostFileSystem.h"
 #include "platform/Paths.h"
+#include "platform/ProgramDirectory.h"
+#include "platform/SystemFiles.h"
+#include "platform/WinePrefixes.h"
 #include "platform_wx/FrmInstallDelete.h"
 #include "platform_wx/FrmModYear.h"
-#include "platform_wx/NativeLook.h"
+#include "platform_wx/MessageBox.h"
 #include "platform_wx/WxText.h"
 
 namespace velquist::platform {
 namespace {
 
 constexpr char kCaption[] = "Velquist";
-
-long IconStyle(Icon icon)
-{
-  switch (icon) {
-    case Icon::kExclamation: return wxICON_EXCLAMATION;
-    case Icon::kQuestion: return wxICON_QUESTION;
-    case Icon::kCritical: return wxICON_ERROR;
-    case Icon::kInformation: break;
-  }
-  return wxICON_INFORMATION;
-}
 
 /// The filter as the system's dialog takes it.
 wxString SystemFilter(const std::string& filter)
@@ -60,49 +51,61 @@ wxString ExistingDirectory(std::string_view directory)
   return {};
 }
 
+/// Where there are none since programs of Windows run by themselves, none are looked for.
+std::vector<WinePrefix> PrefixesOfUser()
+{
+#ifdef __WXMSW__
+  return {};
+#else
+  return WinePrefixes(EnvironmentVariable, HostFileSystem());
+#endif
+}
+
 }  // namespace
 
 Answer WxDialogs::ShowMessage(std::string_view text, Icon icon, Buttons buttons)
 {
-  const bool asks = buttons == Buttons::kYesNo;
-  const int pressed =
-      ShowMessageBox(owner_, FromText(text), kCaption, (asks ? wxYES_NO : wxOK) | IconStyle(icon));
-  if (!asks) return Answer::kOk;
-  return pressed == wxID_YES ? Answer::kYes : Answer::kNo;
+  return ShowMessageBox(owner_, FromText(text), kCaption, icon, buttons);
 }
 
 std::optional<std::string> WxDialogs::AskOpenFile(const OpenRequest& request)
 {
-  const auto start =
+  const auto prefixes = request.of_game ? PrefixesOfUser() : std::vector<WinePrefix>{};
+  auto start =
       request.start.empty() ? DialogStart{request.directory, {}} : SplitStart(request.start);
-  wxFileDialog box(owner_, "Open", ExistingDirectory(start.directory), FromText(start.name),
-                   SystemOpenFilter(request.filter), wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+  if (!prefixes.empty()) start.directory = prefixes.front().drive;
+  const long hidden = request.of_game ? wxFD_SHOW_HIDDEN : 0;
+  wxFileDialog box(owner_, FromText(request.title), ExistingDirectory(start.directory),
+                   FromText(start.name), SystemOpenFilter(request.filter),
+                   wxFD_OPEN | wxFD_FILE_MUST_EXIST | hidden);
   box.SetFilterIndex(request.filter_index - 1);
+  for (const auto& prefix : prefixes)
+    box.AddShortcut(FromText(PathText(HostPath(prefix.directory))), wxFD_SHORTCUT_BOTTOM);
   if (box.ShowModal() != wxID_OK) return std::nullopt;
   return ToText(box.GetPath());
 }
 
 std::optional<std::string> WxDialogs::AskSaveFile(const SaveRequest& request)
 {
-  auto start = SplitStart(request.start);
+  const auto start = SplitStart(request.start);
   wxString directory = ExistingDirectory(start.directory);
   wxString name = FromText(start.name);
   for (;;) {
-    wxFileDialog box(owner_, "Save As", directory, name, SystemFilter(request.filter),
-                     wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    wxFileDialog box(owner_, FromText(request.title), directory, name, SystemFilter(request.filter),
+                     wxFD_SAVE);
     if (box.ShowModal() != wxID_OK) return std::nullopt;
     const auto chosen = ToText(box.GetPath());
-    // The dialog has asked about the name as typed, which may not be the one that is written.
-    const auto written = WithExtension(chosen, request.extension);
-    const wxFileName file(FromText(written));
-    if (SamePathText(written, chosen) || !file.FileExists()) return chosen;
-    const auto question =
-        "\"" + file.GetFullName() + "\" already exists.\nDo you want to replace it?";
-    if (ShowMessageBox(owner_, question, kCaption, wxYES_NO | wxNO_DEFAULT | wxICON_EXCLAMATION) ==
-        wxID_YES)
+    // The system's own question would be about the name as typed, which is not the file that is
+    // written.
+    const auto written = HostPath(WithExtension(chosen, request.extension));
+    std::error_code error;
+    if (StatusOf(written, error).type() == std::filesystem::file_type::not_found || error)
       return chosen;
-    directory = file.GetPath();
-    name = file.GetFullName();
+    const auto question =
+        "\"" + PathText(written.filename()) + "\" already exists.\nDo you want to replace it?";
+    if (ShowMessage(question, Icon::kExclamation, Buttons::kNoYes) == Answer::kYes) return chosen;
+    directory = box.GetDirectory();
+    name = box.GetFilename();
   }
 }
 

@@ -16,7 +16,7 @@ using platform::Buttons;
 constexpr std::array<std::string_view, 4> kIcons = {"information", "exclamation", "question",
                                                     "critical"};
 constexpr std::array<std::string_view, 3> kAnswers = {"ok", "yes", "no"};
-constexpr std::array<std::string_view, 2> kButtons = {"OK", "Yes/No"};
+constexpr std::array<std::string_view, 3> kButtons = {"OK", "Yes/No", "Yes/No"};
 constexpr std::array<std::string_view, 4> kModYears = {"1965", "1966", "1967", "1969"};
 
 template <std::size_t N, class Enum>

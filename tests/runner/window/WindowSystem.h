@@ -7,4 +7,7 @@ namespace velquist::runner {
 /// when a box came up that nobody expected.
 void LetWindowSystemWork();
 
+/// Lets boxes of the system come up from now on, or again takes each for one that nobody expected.
+void LetBoxesThrough(bool through);
+
 }  // namespace velquist::runner
