@@ -65,7 +65,7 @@ void FrmInstallDelete::ShowForm()
 {
   wxArrayString items;
   for (const auto& item : form_.Items()) items.Add(FromText(item));
-  if (items != list_->GetStrings()) list_->Set(items);
+  if (items != list_->GetStrings()) SetItems(*list_, items);
   if (list_->GetSelection() != form_.Selection()) list_->SetSelection(form_.Selection());
   if (IsModal() && form_.MustClose()) EndModal(wxID_CANCEL);
 }

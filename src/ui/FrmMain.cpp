@@ -117,6 +117,8 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
     }
     ++id;
   }
+  for (auto& widget : widgets_)
+    if (widget.Design().kind == ControlKind::kFrame) platform::PutBehindSiblings(widget.Window());
 }
 
 /// Null for what has no window of its own.

@@ -5,7 +5,6 @@
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/radiobut.h>
-#include <wx/statbox.h>
 #include <wx/stattext.h>
 
 #include "app/FormControlSettings.h"
@@ -142,7 +141,7 @@ void ControlWidget::ShowItems()
   if (control_->items != last_.items) {
     wxArrayString items;
     for (const auto& item : control_->items) items.Add(platform::FromText(item));
-    list.Set(items);
+    platform::SetItems(list, items);
     last_.items = control_->items;
     last_.selection = wxNOT_FOUND;
   }
@@ -197,7 +196,7 @@ wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindo
       platform::AllowCutLabel(*option);
       return option;
     }
-    case ControlKind::kFrame: return new wxStaticBox(parent, id, wxString(), at, size, 0, name);
+    case ControlKind::kFrame: return platform::MakeFrame(parent, id, name);
     default: {
       const long style = wxST_NO_AUTORESIZE | LabelStyle(design);
       auto* const label = new wxStaticText(parent, id, wxString(), at, size, style, name);

@@ -24,6 +24,21 @@ std::string NameOf(AtkObject* spoken)
   return name == nullptr ? "" : name;
 }
 
+/// The names of those that label it.
+std::vector<std::string> LabelsOf(AtkObject* spoken)
+{
+  std::vector<std::string> names;
+  AtkRelationSet* const relations = atk_object_ref_relation_set(spoken);
+  AtkRelation* const labelled =
+      atk_relation_set_get_relation_by_type(relations, ATK_RELATION_LABELLED_BY);
+  if (labelled != nullptr) {
+    const GPtrArray* const labels = atk_relation_get_target(labelled);
+    for (guint i = 0; i < labels->len; ++i) names.push_back(NameOf(ATK_OBJECT(labels->pdata[i])));
+  }
+  g_object_unref(relations);
+  return names;
+}
+
 /// The name itself, or that of the label that the control belongs to.
 std::string NameOrLabel(AtkObject* spoken)
 {
@@ -87,6 +102,18 @@ TEST_F(Accessibility, EveryControlThatTheUserWorksWithHasAToolTipAndSaysMoreThan
     EXPECT_FALSE(Widget(design)->GetToolTipText().empty());
     const char* const more = atk_object_get_description(Spoken(*Widget(design)));
     EXPECT_TRUE(more != nullptr && *more != '\0');
+  }
+}
+
+TEST_F(Accessibility, BoxesAndOptionsAreCalledAsTheyAreLabelled)
+{
+  Start();
+  for (const auto& design : app::FormControlSettings()) {
+    if (design.kind != ControlKind::kCheck && design.kind != ControlKind::kOption) continue;
+    std::string caption(design.caption);
+    std::erase(caption, '&');
+    EXPECT_EQ(NameOf(Spoken(*Widget(design))), caption);
+    EXPECT_EQ(LabelsOf(Spoken(*Widget(design))), (std::vector<std::string>{})) << caption;
   }
 }
 

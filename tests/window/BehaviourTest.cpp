@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <wx/choice.h>
 #include <wx/uiaction.h>
 
+#include <ctime>
+
 #include "RealWindow.h"
+#include "platform_wx/NativeLook.h"
 #include "setup/SlotTable.h"
 
 namespace velquist::testing {
@@ -124,6 +128,28 @@ TEST_F(Behaviour, AResizedWindowKeepsItsProportions)
   Frame().SetClientSize(app::kDesignClientWidth * 3 / 4, app::kDesignClientHeight * 3 / 4);
   const auto expected = wxRect(492, 252, 450, 198);
   EXPECT_TRUE(WaitUntil([&] { return Widget("PictureChart2")->GetRect() == expected; }));
+}
+
+TEST_F(Behaviour, ALongListIsFilledAtOnce)
+{
+  Start();
+  auto& list = dynamic_cast<wxChoice&>(*Widget("Combo7"));
+  wxArrayString items;
+  for (int i = 0; i < 3000; ++i) items.Add(wxString::Format("/games/installation %d/GPL", i));
+  const auto seconds = [](const auto& fill) {
+    const auto begin = std::clock();
+    fill();
+    return static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
+  };
+  const double one_by_one = seconds([&] { list.Set(items); });
+  const double at_once = seconds([&] { platform::SetItems(list, items); });
+  EXPECT_LT(at_once, one_by_one / 5);
+  EXPECT_EQ(list.GetStrings(), items);
+  EXPECT_EQ(list.GetSelection(), wxNOT_FOUND);
+  list.SetSelection(2999);
+  EXPECT_EQ(list.GetStringSelection(), items[2999]);
+  platform::SetItems(list, {});
+  EXPECT_EQ(list.GetCount(), 0U);
 }
 
 }  // namespace
