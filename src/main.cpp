@@ -28,13 +28,15 @@ namespace {
 constexpr int kStartUpFailed = 1;
 constexpr int kNoDisplay = 2;
 
+constexpr int kBeside = 40;  ///< pixels from one window's corner to that of its copy
+
 /// The whole program: the real things outside it, the main window's state, and the window.
 class Program final : public wxApp {
  public:
   explicit Program(platform::CommandLine command_line)
       : command_line_(std::move(command_line)),
         dialogs_(resources_),
-        process_(CopyOptions()),
+        process_([this] { return CopyOptions(); }),
         pictures_(files_, resources_)
   {
     SetAppName("velquist");
@@ -58,7 +60,7 @@ class Program final : public wxApp {
     wxUpdateUIEvent::SetMode(wxUPDATE_UI_PROCESS_SPECIFIED);
     auto* const frame = new ui::FrmMain(*window_, screen_, pictures_);
     dialogs_.SetOwner(frame);
-    frame->FitToDesktop();
+    frame->FitToDesktop(Corner());
     frame->Show();
     frame->RunMarquee();
     return true;
@@ -73,11 +75,24 @@ class Program final : public wxApp {
                                       platform::EnvironmentVariable);
   }
 
-  /// What a second copy must be told to use the same files.
+  /// What a second copy must be told to use the same files and to leave this window in sight.
   [[nodiscard]] std::vector<std::string> CopyOptions() const
   {
-    if (!command_line_.program_directory) return {};
-    return {"--program-directory=" + *command_line_.program_directory};
+    std::vector<std::string> options;
+    if (command_line_.program_directory)
+      options.push_back("--program-directory=" + *command_line_.program_directory);
+    if (const auto* const frame = GetTopWindow()) {
+      const wxPoint beside = frame->GetPosition() + wxPoint(kBeside, kBeside);
+      options.push_back("--window-at=" + std::to_string(beside.x) + "," + std::to_string(beside.y));
+    }
+    return options;
+  }
+
+  /// Where the window shall stand, if that was said.
+  [[nodiscard]] std::optional<wxPoint> Corner() const
+  {
+    const auto& at = command_line_.window_at;
+    return at ? std::optional(wxPoint(at->left, at->top)) : std::nullopt;
   }
 
   platform::CommandLine command_line_;

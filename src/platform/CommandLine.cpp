@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/CommandLine.h"
 
+#include <charconv>
+#include <system_error>
+
 #include "platform/Paths.h"
 
 #ifdef _WIN32
@@ -15,6 +18,7 @@ namespace velquist::platform {
 namespace {
 
 constexpr std::string_view kDirectoryOption = "--program-directory=";
+constexpr std::string_view kPlaceOption = "--window-at=";
 constexpr std::string_view kBlanks = " \t";
 
 std::string_view WithoutBlanks(std::string_view text)
@@ -43,9 +47,27 @@ std::string TakeWord(std::string_view& text)
   return word;
 }
 
-bool IsDirectoryOption(std::string_view word)
+std::optional<ScreenPlace> ReadPlace(std::string_view text)
 {
-  return word.starts_with(kDirectoryOption);
+  ScreenPlace place;
+  const char* const end = text.data() + text.size();
+  const auto left = std::from_chars(text.data(), end, place.left);
+  if (left.ec != std::errc() || left.ptr == end || *left.ptr != ',') return std::nullopt;
+  const auto top = std::from_chars(left.ptr + 1, end, place.top);
+  if (top.ec != std::errc() || top.ptr != end) return std::nullopt;
+  return place;
+}
+
+/// Takes what `word` says into `line`; false when it is no option.
+bool TakeOption(std::string_view word, CommandLine& line)
+{
+  if (word.starts_with(kDirectoryOption))
+    line.program_directory = word.substr(kDirectoryOption.size());
+  else if (word.starts_with(kPlaceOption))
+    line.window_at = ReadPlace(word.substr(kPlaceOption.size()));
+  else
+    return false;
+  return true;
 }
 
 }  // namespace
@@ -54,13 +76,11 @@ CommandLine FromWords(const std::vector<std::string>& words)
 {
   CommandLine line;
   std::string text;
-  for (const auto& word : words) {
-    if (&word == words.data() && IsDirectoryOption(word)) {
-      line.program_directory = word.substr(kDirectoryOption.size());
-      continue;
-    }
+  auto word = words.begin();
+  while (word != words.end() && TakeOption(*word, line)) ++word;
+  for (; word != words.end(); ++word) {
     if (!text.empty()) text += ' ';
-    text += word;
+    text += *word;
   }
   line.text = WithoutQuotes(text);
   return line;
@@ -70,11 +90,7 @@ CommandLine FromWholeText(std::string_view text)
 {
   CommandLine line;
   std::string_view rest = text;
-  const std::string first = TakeWord(rest);
-  if (IsDirectoryOption(first)) {
-    line.program_directory = first.substr(kDirectoryOption.size());
-    text = rest;
-  }
+  while (TakeOption(TakeWord(rest), line)) text = rest;
   line.text = WithoutQuotes(WithoutBlanks(text));
   return line;
 }

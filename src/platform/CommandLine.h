@@ -8,11 +8,19 @@
 
 namespace velquist::platform {
 
+/// A place on the screen, pixels from its top left corner.
+struct ScreenPlace {
+  int left = 0;
+  int top = 0;
+  friend bool operator==(const ScreenPlace&, const ScreenPlace&) = default;
+};
+
 /// What the program was started with: the path of one setup file or nothing and, in front of it,
-/// the option --program-directory=DIRECTORY.
+/// the options --program-directory=DIRECTORY and --window-at=LEFT,TOP in any order.
 struct CommandLine {
   std::string text;  ///< the path as it was given, blanks included
   std::optional<std::string> program_directory;
+  std::optional<ScreenPlace> window_at;
 };
 
 /// For systems that pass single words: the words of the path are joined with blanks.

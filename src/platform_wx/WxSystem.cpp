@@ -2,34 +2,25 @@
 #include "platform_wx/WxSystem.h"
 
 #include <wx/display.h>
-#include <wx/filename.h>
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
 #include <chrono>
 
 #include "platform/Errors.h"
-#include "platform/HostFileSystem.h"
 #include "platform_wx/WxText.h"
 
 namespace velquist::platform {
 
-void WxProcess::Start(std::string_view path)
+void WxProcess::Start(std::string_view /*path*/)
 {
-  wxString program = FromText(PathText(HostPath(path)));
-  std::vector<std::string> options;
-  if (!wxFileName::FileExists(program)) {
-    program = wxStandardPaths::Get().GetExecutablePath();
-    options = options_;
-  }
-  const auto program_text = program.wc_str();
-  std::vector<wxWCharBuffer> texts;
-  std::vector<const wchar_t*> words{program_text};
-  texts.reserve(options.size());
-  for (const auto& option : options) words.push_back(texts.emplace_back(FromText(option).wc_str()));
+  const wxString program = wxStandardPaths::Get().GetExecutablePath();
+  std::vector<wxWCharBuffer> texts{program.wc_str()};
+  for (const auto& option : options_()) texts.push_back(FromText(option).wc_str());
+  std::vector<const wchar_t*> words(texts.begin(), texts.end());
   words.push_back(nullptr);
   if (wxExecute(words.data(), wxEXEC_ASYNC) == 0)
-    throw FileError(std::string(path), "the program could not be started");
+    throw FileError(ToText(program), "the program could not be started");
 }
 
 std::uint64_t WxClock::TickCount() const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <random>
 #include <string>
 #include <string_view>
@@ -12,18 +13,19 @@
 
 namespace velquist::platform {
 
-/// Starts programs. A path that names no file, as where the program is installed apart from its
-/// data, starts this very program again.
+/// Starts this very program again, whatever else lies under the path that is asked for.
 class WxProcess final : public Process {
  public:
-  /// `options` go to each copy of this program.
-  explicit WxProcess(std::vector<std::string> options) : options_(std::move(options)) {}
+  using Options = std::function<std::vector<std::string>()>;
+
+  /// `options` tells what a copy is started with.
+  explicit WxProcess(Options options) : options_(std::move(options)) {}
 
   /// Throws FileError when the program cannot be started.
   void Start(std::string_view path) override;
 
  private:
-  std::vector<std::string> options_;
+  Options options_;
 };
 
 class WxClock final : public Clock {

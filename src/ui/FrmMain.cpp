@@ -90,15 +90,27 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
   BindEvents();
 }
 
-void FrmMain::FitToDesktop()
+void FrmMain::FitToDesktop(std::optional<wxPoint> corner)
 {
-  const int at = wxDisplay::GetFromWindow(this);
+  const int at = corner ? wxDisplay::GetFromPoint(*corner) : wxDisplay::GetFromWindow(this);
   const wxRect desktop =
       wxDisplay(at == wxNOT_FOUND ? 0U : static_cast<unsigned>(at)).GetClientArea();
   const wxSize size = GetSize();
-  const wxSize fitting(std::min(size.x, desktop.width), std::min(size.y, desktop.height));
-  if (fitting != size) SetSize(fitting);
-  Move(desktop.x + (desktop.width - fitting.x) / 2, desktop.y + (desktop.height - fitting.y) / 2);
+  const auto fitting = [&](const wxRect& room) {
+    return wxSize(std::min(size.x, room.width), std::min(size.y, room.height));
+  };
+  if (corner) {
+    const wxRect room = desktop * wxRect(*corner, desktop.GetBottomRight());
+    const wxSize least = ClientToWindowSize(GetMinClientSize());
+    if (room.width >= least.x && room.height >= least.y)
+      SetSize(wxRect(room.GetPosition(), fitting(room)));
+    else  // too far down: from the start again
+      SetSize(wxRect(desktop.GetPosition(), fitting(desktop)));
+    return;
+  }
+  const wxSize whole = fitting(desktop);
+  if (whole != size) SetSize(whole);
+  Move(desktop.x + (desktop.width - whole.x) / 2, desktop.y + (desktop.height - whole.y) / 2);
 }
 
 void FrmMain::RunMarquee()

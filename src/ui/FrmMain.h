@@ -5,6 +5,8 @@
 #include <wx/panel.h>
 #include <wx/timer.h>
 
+#include <optional>
+
 #include <cstddef>
 #include <functional>
 #include <vector>
@@ -26,8 +28,9 @@ class FrmMain final : public wxFrame {
   FrmMain(app::MainWindow& window, const platform::Screen& screen,
           platform::WxPictureLoader& pictures);
 
-  /// Makes the window no larger than the desktop leaves room for, and puts it in the middle.
-  void FitToDesktop();
+  /// Makes the window no larger than the desktop leaves room for, and puts it in the middle; with
+  /// a `corner` there, and no larger than what is right of and below it.
+  void FitToDesktop(std::optional<wxPoint> corner = {});
 
   /// Lets the time run for the marquee; without it only timer events given to the window do.
   void RunMarquee();

@@ -33,6 +33,23 @@ TEST(CommandLineWords, CanBeginWithTheProgramDirectory)
   EXPECT_EQ(line.text, "/GPL/a.lo1");
 }
 
+TEST(CommandLineWords, CanBeginWithTheWindowsPlace)
+{
+  const auto line = FromWords({"--window-at=-30,40", "--program-directory=/opt", "/GPL/a.lo1"});
+  EXPECT_EQ(line.window_at, (ScreenPlace{-30, 40}));
+  EXPECT_EQ(line.program_directory, "/opt");
+  EXPECT_EQ(line.text, "/GPL/a.lo1");
+}
+
+TEST(CommandLineWords, LeaveTheWindowsPlaceOpenWhereItIsNone)
+{
+  for (const char* const wrong : {"", "30", "30,", "30,4x", "a,4", "99999999999,4"}) {
+    const auto line = FromWords({std::string("--window-at=") + wrong, "/GPL/a.lo1"});
+    EXPECT_EQ(line.window_at, std::nullopt) << wrong;
+    EXPECT_EQ(line.text, "/GPL/a.lo1");
+  }
+}
+
 TEST(CommandLineWords, HoldTheProgramDirectoryAtTheBeginningAlone)
 {
   const auto line = FromWords({"/GPL/a.lo1", "--program-directory=/opt"});
@@ -56,6 +73,10 @@ TEST(CommandLineText, CanBeginWithTheProgramDirectory)
   const auto quoted = FromWholeText("\"--program-directory=C:\\My Files\" \"C:\\GPL\\a b.lo1\"");
   EXPECT_EQ(quoted.program_directory, "C:\\My Files");
   EXPECT_EQ(quoted.text, "C:\\GPL\\a b.lo1");
+  const auto both = FromWholeText("--program-directory=C:\\V --window-at=3,4 C:\\a b.lo1");
+  EXPECT_EQ(both.program_directory, "C:\\V");
+  EXPECT_EQ(both.window_at, (ScreenPlace{3, 4}));
+  EXPECT_EQ(both.text, "C:\\a b.lo1");
   const auto inside = FromWholeText("--program-directory=\"C:\\My Files\"");
   EXPECT_EQ(inside.program_directory, "C:\\My Files");
   EXPECT_EQ(inside.text, "");
