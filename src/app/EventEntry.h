@@ -43,10 +43,13 @@ void MainWindow::Event(Command&& command)
   } catch (const ProgramEnd&) {
     ended_ = true;
   } catch (const BoundsError&) {
-    Tell(
-        "This cannot be done: the setup or one of the program's data files is damaged or "
-        "incomplete.  Nothing was changed.",
-        platform::Icon::kExclamation);
+    const auto file = std::string(std::exchange(incomplete_data_file_, {}));
+    Tell(file.empty() ? std::string("This cannot be done: the setup or one of the program's data "
+                                    "files is damaged or incomplete.  Nothing was changed.")
+                      : "This cannot be done: the data file " +
+                            outside_.files.HostText(outside_.program_directory + "\\" + file) +
+                            " is incomplete.  Nothing was changed.",
+         platform::Icon::kExclamation);
   } catch (const FileError& error) {
     Tell(error.Path() + "\n" + error.Reason() + ".", platform::Icon::kExclamation);
   } catch (const std::exception& error) {

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "charts/SpeedBands.h"
 #include "data/EngineCurve.h"
+#include "platform/FileSystem.h"
 
 namespace velquist::app {
 
@@ -21,6 +23,13 @@ struct Globals {
 
   std::vector<std::string> installations_read;  ///< from the settings file at start
   std::string installation;                     ///< directory of the current game installation
+
+  /// The file that is open, as it was when it was read or written last.
+  struct OpenFile {
+    std::string path;  ///< empty for a default setup
+    std::optional<platform::FileStamp> stamp;
+    std::optional<platform::FileStamp> told;  ///< a change that the user knows of
+  } open_file;
 
   std::string command_line;
   bool from_command_line = false;  ///< until start-up is done

@@ -50,6 +50,8 @@ class MainWindow {
   bool CloseRequested();
   /// A setup file was dropped on the window.
   void FileDropped(std::string_view path);
+  /// The window got the focus: asks what to do when the open file was changed by another program.
+  void Activated();
   /// Called by a timer: moves the marquee when it is due.
   void Tick();
   /// Milliseconds until Tick has something to show.
@@ -132,6 +134,10 @@ class MainWindow {
   bool FindModYear(std::string_view file_name);
   void TakeOpened(const std::string& path, const std::string& name);
   std::optional<std::string> AskForSetup(std::string_view title);
+  void EnterInstallation(const std::string& path);
+  void RememberFile(const std::string& path);
+  [[nodiscard]] bool IsChangedOnDisk() const;
+  bool MayOverwriteChanged(const std::string& path);
   template <class Import>
   void ImportSetup(std::string_view title, Import&& import);
 
@@ -144,6 +150,8 @@ class MainWindow {
   void MnuReverse_Click();
   void MnuFormat_Click(bool long_format);
   bool SaveFirst();
+  bool Save();
+  bool Write(const std::string& path, std::optional<setup::Layout> layout);
   [[nodiscard]] std::optional<setup::Layout> LayoutOfSaveAs() const;
   [[nodiscard]] std::string SetupDirectory() const;
   void ShowFileName();
@@ -182,6 +190,7 @@ class MainWindow {
   Globals globals_;
   MainForm form_;
   bool ended_ = false;
+  std::string_view incomplete_data_file_;  ///< of those read last; empty when it is whole
 };
 
 }  // namespace velquist::app

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <utility>
 
 #include "app/EventEntry.h"
@@ -61,11 +62,14 @@ void MainWindow::OpenPath(const std::string& path)
       Tell("This is not a valid GPL setup file.  Please select another file.", Icon::kInformation);
       return;
     }
+    EnterInstallation(path);
     const auto name = std::string(platform::FileNameOf(path));
-    if (FindModYear(name))
+    if (FindModYear(name)) {
       TakeOpened(path, name);
-    else
+      RememberFile(path);
+    } else {
       go_back();
+    }
     return;
   } catch (const BoundsError&) {
   } catch (const FileError&) {
@@ -100,16 +104,82 @@ void MainWindow::TakeOpened(const std::string& path, const std::string& name)
   ShowFileName();
   const auto chassis = setup::ChassisIndexOf(car_.ModYearIndex(), setup::ChassisCodeOf(name));
   Choose(form_.Combo3, chassis.value_or(car_.ChassisIndex()));
-  if (const auto formula = setup::FormulaIndexOf(name)) Choose(form_.Combo6, *formula);
-
-  const auto track_directory = platform::DirectoryOf(path);
-  const auto player_directory = platform::DirectoryOf(platform::DirectoryOf(track_directory));
-  const auto player = std::string(platform::FileNameOf(player_directory));
-  const auto track = std::string(platform::FileNameOf(track_directory));
+  // GT cars have formula F1 alone, whatever the name ends in.
+  const auto formula = setup::FormulaIndexOf(name);
+  if (formula && car_.ModYearIndex() != data::ModYear::kGT) Choose(form_.Combo6, *formula);
   // The player first: choosing one lists that player's tracks.
-  if (!player.empty()) ChooseOrAdd(form_.Combo4, player);
-  if (!track.empty()) ChooseOrAdd(form_.Combo5, track);
+  if (const auto place = install::PlaceOfPath(path)) {
+    ChooseOrAdd(form_.Combo4, place->player);
+    ChooseOrAdd(form_.Combo5, place->track);
+  }
   car_.ClearChanged();
+}
+
+/// Makes the installation that a setup file lies in the current one, without its default setup, as
+/// a start with that file does.
+void MainWindow::EnterInstallation(const std::string& path)
+{
+  const auto place = install::PlaceOfPath(path);
+  if (!place) return;
+  const auto on_machine = [&](std::string_view directory) {
+    return outside_.files.HostText(directory);
+  };
+  const auto wanted = on_machine(place->installation);
+  if (wanted == on_machine(globals_.installation)) return;
+  auto& list = form_.Combo7;
+  auto found = std::ranges::find(list.items, wanted, on_machine);
+  if (found == list.items.end()) found = list.items.insert(found, place->installation);
+  globals_.installation = *found;
+  globals_.player_index = globals_.track_index = 0;
+  {
+    const Flag filling(globals_.ready, false);
+    Choose(list, static_cast<int>(found - list.items.begin()));
+  }
+  FillPlayersAndTracks();
+  ListModYears();
+}
+
+void MainWindow::RememberFile(const std::string& path)
+{
+  globals_.open_file = {path, outside_.files.Stamp(path), std::nullopt};
+}
+
+bool MainWindow::IsChangedOnDisk() const
+{
+  const auto& file = globals_.open_file;
+  if (file.path.empty()) return false;
+  const auto now = outside_.files.Stamp(file.path);
+  return now && now != file.stamp;
+}
+
+/// Before a file is written over: asks when it is the open one and another program changed it.
+bool MainWindow::MayOverwriteChanged(const std::string& path)
+{
+  const auto host = outside_.files.HostText(path);
+  auto& file = globals_.open_file;
+  if (host != outside_.files.HostText(file.path) || !IsChangedOnDisk()) return true;
+  file.told = outside_.files.Stamp(file.path);
+  return outside_.dialogs.ShowMessage(
+             "Another program has changed this file since it was read here:\n" + host +
+                 "\nDo you want to overwrite what it has written?",
+             Icon::kQuestion, Buttons::kNoYes) == Answer::kYes;
+}
+
+void MainWindow::Activated()
+{
+  Event([&] {
+    if (!globals_.ready || !IsChangedOnDisk()) return;
+    auto& file = globals_.open_file;
+    const auto now = outside_.files.Stamp(file.path);
+    if (now == std::exchange(file.told, now)) return;
+    const auto path = file.path;
+    if (outside_.dialogs.ShowMessage(
+            "Another program has changed the open setup file:\n" + outside_.files.HostText(path) +
+                "\nDo you want to read it again" +
+                (car_.Changed() ? " and lose the changes that are not saved?" : "?"),
+            Icon::kQuestion, Buttons::kNoYes) == Answer::kYes)
+      OpenPath(path);
+  });
 }
 
 /// Asks for a setup file, reads it into the buffer and runs `import` on it.

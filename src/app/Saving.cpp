@@ -5,6 +5,7 @@
 #include "app/MainWindow.h"
 #include "export/TextExport.h"
 #include "install/Installations.h"
+#include "platform/Errors.h"
 #include "platform/Paths.h"
 #include "setup/Identification.h"
 
@@ -37,12 +38,7 @@ bool MainWindow::SaveFirst()
       outside_.dialogs.ShowMessage("Do you want to save the current settings first?",
                                    Icon::kQuestion, Buttons::kYesNo) != Answer::kYes)
     return true;
-  bool failed = true;
-  Event([&] {
-    MnuSave_Click();
-    failed = false;
-  });
-  return !failed;
+  return Save();
 }
 
 void MainWindow::MnuNew_Click()
@@ -52,19 +48,27 @@ void MainWindow::MnuNew_Click()
 
 void MainWindow::MnuSave_Click()
 {
+  Save();
+}
+
+/// False when the setup could not be written; true also when it was not wanted in the end.
+bool MainWindow::Save()
+{
   if (car_.FileName().ends_with(kDefaultSetupEnding)) {
     Tell(
         "You cannot overwrite the default setup file.  Save As to a different setup file name "
         "first.",
         Icon::kInformation);
-    return;
+    return true;
   }
   const auto path = SetupDirectory() + "\\" + car_.FileName();
-  if (outside_.files.Exists(path) &&
-      outside_.dialogs.ShowMessage("This file already exits.  Do you want to overwrite it?",
-                                   Icon::kQuestion, Buttons::kYesNo) != Answer::kYes)
-    return;
-  car_.WriteFile(outside_.files, path, {});
+  if (outside_.files.Exists(path)) {
+    if (outside_.dialogs.ShowMessage("This file already exits.  Do you want to overwrite it?",
+                                     Icon::kQuestion, Buttons::kYesNo) != Answer::kYes)
+      return true;
+    if (!MayOverwriteChanged(path)) return true;
+  }
+  return Write(path, std::nullopt);
 }
 
 void MainWindow::MnuSaveAs_Click()
@@ -79,11 +83,33 @@ void MainWindow::MnuSaveAs_Click()
                                     .title = "Save Setup As"});
   if (!chosen) return;
   const auto path = platform::WithExtension(*chosen, extension);
-  AllOrNothing([&] {
-    car_.WriteFile(outside_.files, path, LayoutOfSaveAs());
-    car_.SetFileName(std::string(platform::FileNameOf(path)));
-    ShowFileName();
-  });
+  if (!MayOverwriteChanged(path) || !Write(path, LayoutOfSaveAs())) return;
+  car_.SetFileName(std::string(platform::FileNameOf(path)));
+  ShowFileName();
+}
+
+/// Writes the setup and remembers the file; false, after the reason was told, when that failed.
+bool MainWindow::Write(const std::string& path, std::optional<setup::Layout> layout)
+{
+  const auto not_saved = [&](std::string_view file, std::string_view reason) {
+    if (!outside_.files.Exists(platform::DirectoryOf(file))) reason = "The folder is gone";
+    Tell("The setup was not saved.\n" + outside_.files.HostText(file) + "\n" + std::string(reason) +
+             ".",
+         Icon::kExclamation);
+    return false;
+  };
+  try {
+    if (!car_.HasEveryRatio()) {
+      const auto name = std::string(data::GearDataFileName(car_.ModYearIndex()));
+      return not_saved(outside_.program_directory + "\\" + name,
+                       "This data file has no ratio for a gear of the setup");
+    }
+    car_.WriteFile(outside_.files, path, layout);
+  } catch (const FileError& error) {
+    return not_saved(error.Path(), error.Reason());
+  }
+  RememberFile(path);
+  return true;
 }
 
 /// 1967 and 1965 setups are saved in the chosen layout; those of other years stay as they are.
@@ -130,7 +156,7 @@ void MainWindow::MnuExport_Click()
       .gear_count = car_.GearCount(),
   };
   outside_.files.WriteText(SetupDirectory() + "\\" + text_export::ExportFileName(car_.FileName()),
-                           text_export::ExportText(subject, car_.SetupData(), car_.Gears()));
+                           text_export::ExportText(subject, car_.ValuesToWrite(), car_.Gears()));
 }
 
 }  // namespace velquist::app

@@ -224,6 +224,7 @@ bool MainWindow::ReadCommandLineSetup()
     if (!FindModYear(name)) return false;
     car_.SetFileName(name);
     ShowFileName();
+    RememberFile(path);
     return true;
   } catch (const FileError&) {
   } catch (const BoundsError&) {
@@ -270,6 +271,7 @@ void MainWindow::LoadDefaultSetup()
         "reinstall Velquist.",
         Icon::kCritical);
   car_.ReadFile(outside_.files, path);
+  globals_.open_file = {};
   car_.SetFileName(name);
   ShowFileName();
 }
@@ -277,6 +279,9 @@ void MainWindow::LoadDefaultSetup()
 void MainWindow::ReadDataFiles()
 {
   const auto missing = car_.ReadDataFiles(outside_.files, outside_.program_directory);
+  const auto rows = car_.SetupData().SetupDataValues.size();
+  incomplete_data_file_ =
+      rows < data::kSetupRows ? data::SetupDataFileName(car_.ModYearIndex()) : std::string_view{};
   if (!missing) return;
   EndWith(
       *missing == edit::DataFile::kSetupData

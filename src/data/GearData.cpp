@@ -54,7 +54,7 @@ bool ReadGearData(const platform::FileSystem& files, std::string_view program_di
   try {
     text = ReadText(files, path);
   } catch (const FileError&) {
-    return true;
+    return false;
   }
   int row = 0;
   for (const auto line : SplitLines(text)) {

@@ -35,7 +35,7 @@ class GearData {
 
 /// Reads the mod year's file from the program directory. Rows that the file does not have keep
 /// what an earlier read left, lines behind the 90th are not read. False when the file does not
-/// exist. A file that cannot be read leaves `gears` as it was.
+/// exist or cannot be read; `gears` is as it was then.
 [[nodiscard]] bool ReadGearData(const platform::FileSystem& files,
                                 std::string_view program_directory, ModYear ModYearIndex,
                                 GearData& gears);

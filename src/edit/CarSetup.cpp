@@ -66,6 +66,22 @@ bool CarSetup::ReadFile(const platform::FileSystem& files, std::string_view path
   return setup::HasMagic(*SetupBuffer_);
 }
 
+bool CarSetup::HasEveryRatio() const
+{
+  for (int slot = setup::kFirstGear; slot <= setup::kFinalDrive; ++slot)
+    if (!(tables_->gears.Ratio(GearRowOf(setup_data_, slot)) > 0)) return false;
+  return true;
+}
+
+data::SetupData CarSetup::ValuesToWrite() const
+{
+  auto values = setup_data_;
+  const auto list_values = setup::ValuesOfLists(values, lists_);
+  for (int list = 0; list < kDrivetrainLists; ++list)
+    values.Current(RowOf(SlotOfList(list))) = static_cast<float>(list_values[At(list)]);
+  return values;
+}
+
 void CarSetup::LoadValues()
 {
   AllOrNothing([&] {

@@ -76,6 +76,10 @@ class CarSetup {
   /// the buffer holds a setup then. What is edited stays. Throws FileError.
   bool ReadFile(const platform::FileSystem& files, std::string_view path);
   [[nodiscard]] const setup::Bytes& SetupBuffer() const noexcept { return *SetupBuffer_; }
+  /// Every gear and the final drive that would be written has a ratio above 0.
+  [[nodiscard]] bool HasEveryRatio() const;
+  /// The values with those of the lists in their place, as they would be written.
+  [[nodiscard]] data::SetupData ValuesToWrite() const;
   /// Takes values and symmetry from the setup buffer, whose bytes are from now on those of the
   /// setup being edited. Throws BoundsError.
   void LoadValues();

@@ -29,6 +29,23 @@ std::optional<std::string> PlayerOfPath(std::string_view setup_path)
   return std::string(setup_path.substr(start, setups - start));
 }
 
+std::optional<SetupPlace> PlaceOfPath(std::string_view setup_path)
+{
+  const auto track = platform::DirectoryOf(setup_path);
+  const auto setups = platform::DirectoryOf(track);
+  const auto player = platform::DirectoryOf(setups);
+  const auto players = platform::DirectoryOf(player);
+  const auto installation = platform::DirectoryOf(players);
+  const auto name = [](std::string_view directory) {
+    return std::string(platform::FileNameOf(directory));
+  };
+  if (installation.empty() || name(player).empty() || name(track).empty() ||
+      !platform::SamePathText(platform::FileNameOf(setups), "setups") ||
+      !platform::SamePathText(platform::FileNameOf(players), "players"))
+    return std::nullopt;
+  return SetupPlace{std::string(installation), name(player), name(track)};
+}
+
 std::string SetupDirectory(std::string_view installation, std::string_view player,
                            std::string_view track)
 {

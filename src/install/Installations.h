@@ -21,6 +21,16 @@ inline constexpr std::size_t kMostNames = 1001;
 /// it; nothing where one is missing.
 [[nodiscard]] std::optional<std::string> PlayerOfPath(std::string_view setup_path);
 
+/// Where a setup file lies whose path is installation\players\player\setups\track\file.
+struct SetupPlace {
+  std::string installation;
+  std::string player;
+  std::string track;
+};
+
+/// The place of a path of that form, nothing for any other.
+[[nodiscard]] std::optional<SetupPlace> PlaceOfPath(std::string_view setup_path);
+
 /// installation\players\player\setups\track, where a setup is opened from and saved to.
 [[nodiscard]] std::string SetupDirectory(std::string_view installation, std::string_view player,
                                          std::string_view track);

@@ -46,7 +46,12 @@ bool IsOfSystem(const std::error_code& error)
   return error.category() == std::system_category();
 }
 #else
-constexpr std::array<Reason, 5> kReasons = {{
+constexpr std::string_view kNoRight = "You have no right to it, or it is read-only";
+
+constexpr std::array<Reason, 8> kReasons = {{
+    {EACCES, kNoRight},
+    {EPERM, kNoRight},
+    {ENOSPC, kNoRoom},
     {EBUSY, kOpen},
     {ETXTBSY, kOpen},
     {EROFS, kReadOnly},

@@ -183,6 +183,10 @@ void FrmMain::BindEvents()
     OnButton(event);
   });
   Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTick(); });
+  Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
+    event.Skip();
+    if (event.GetActive()) Handle([this] { window_.Activated(); });
+  });
   Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
     SetTimer();
     event.Skip();

@@ -48,6 +48,8 @@ class Driver {
   virtual void Close() = 0;
   /// Lets the program do what has fallen due.
   virtual void Tick() = 0;
+  /// The window gets the focus.
+  virtual void Focus() = 0;
 
   /// Our own forms, answered as the script says. The model has no forms and passes the answer on;
   /// the window shows the real form and presses the real buttons.

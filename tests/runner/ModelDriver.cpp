@@ -62,6 +62,7 @@ class ModelDriver final : public Driver {
   }
   void Close() override { closed_ = window_->CloseRequested(); }
   void Tick() override { window_->Tick(); }
+  void Focus() override { window_->Activated(); }
 
   [[nodiscard]] const app::MainWindow& Window() const override
   {

@@ -12,7 +12,7 @@ const std::map<std::string_view, Step (*)(WordReader&)> kStatements = {
     {"remove", ReadRemove}, {"screen", ReadScreen}, {"clock", ReadClock}, {"random", ReadRandom},
     {"start", ReadStart},   {"click", ReadClick},   {"check", ReadCheck}, {"uncheck", ReadUncheck},
     {"select", ReadSelect}, {"close", ReadClose},   {"tick", ReadTick},   {"on", ReadOn},
-    {"expect", ReadExpect}, {"dump", ReadDump},     {"print", ReadPrint},
+    {"expect", ReadExpect}, {"dump", ReadDump},     {"print", ReadPrint}, {"focus", ReadFocus},
 };
 
 constexpr std::array<std::string_view, 8> kKinds = {"button", "label", "list", "check",

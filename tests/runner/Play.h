@@ -52,6 +52,7 @@ using Step = std::function<void(Play&)>;
 [[nodiscard]] Step ReadUncheck(WordReader& words);
 [[nodiscard]] Step ReadSelect(WordReader& words);
 [[nodiscard]] Step ReadClose(WordReader& words);
+[[nodiscard]] Step ReadFocus(WordReader& words);
 [[nodiscard]] Step ReadTick(WordReader& words);
 
 [[nodiscard]] Step ReadOn(WordReader& words);

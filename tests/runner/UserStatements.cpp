@@ -109,6 +109,14 @@ Step ReadClose(WordReader& /*words*/)
   };
 }
 
+Step ReadFocus(WordReader& /*words*/)
+{
+  return [](Play& play) {
+    play.NeedRunning();
+    play.driver.Focus();
+  };
+}
+
 Step ReadTick(WordReader& words)
 {
   const int milliseconds = words.Whole("time", 0, std::numeric_limits<int>::max());

@@ -24,6 +24,7 @@
 
 #include "TemporaryFolder.h"
 #include "platform/Errors.h"
+#include "platform/FileReason.h"
 #include "platform/HostFileSystem.h"
 
 namespace velquist::platform {
@@ -37,7 +38,7 @@ constexpr std::string_view kShown = "the shown path";
 
 std::string Expected(std::errc reason)
 {
-  return std::string(kShown) + " | " + std::make_error_code(reason).message();
+  return std::string(kShown) + " | " + ReasonOf(std::make_error_code(reason));
 }
 
 /// Saves `bytes` and returns the error's "PATH | REASON", or that there was none.
@@ -371,7 +372,7 @@ TEST_F(AtomicWrite, OfAFileThatCannotBeReadFailsRatherThanLosingItsTail)
     }
     return "no error";
   });
-  EXPECT_EQ(told, std::make_error_code(std::errc::permission_denied).message());
+  EXPECT_EQ(told, ReasonOf(std::make_error_code(std::errc::permission_denied)));
   ASSERT_EQ(::chmod(target.c_str(), 0644), 0);
   ExpectUntouched();
 }

@@ -29,6 +29,11 @@ std::string Told(const std::string& path, const std::string& reason)
   return "on message \"" + path + "\\n" + reason + ".\" exclamation -> ok\n";
 }
 
+std::string NotSaved(const std::string& path, const std::string& reason)
+{
+  return Told("The setup was not saved.\\n" + path, reason);
+}
+
 /// An edited 1967 setup, short, in a directory with nothing else.
 class FailedSave : public ::testing::Test {
  protected:
@@ -91,9 +96,11 @@ click MnuLongFormat
 TEST_F(FailedSave, ReadOnlyFileIsNeitherSavedNorSavedAs)
 {
   fs::permissions(editor_.Path(kFile), fs::perms(0444));
-  ExpectNothingDone(std::string(kOverwrite) + Told(kTrack + "mine.bb1", "Permission denied") +
+  ExpectNothingDone(std::string(kOverwrite) +
+                    NotSaved(kFile, "You have no right to it, or it is read-only") +
                     "click MnuSave\n");
-  ExpectNothingDone("on save -> " + kFile + "\n" + Told(kFile, "Permission denied") +
+  ExpectNothingDone("on save -> " + kFile + "\n" +
+                    NotSaved(kFile, "You have no right to it, or it is read-only") +
                     "click MnuSaveAs\n");
   ExpectOldFileWhole();
   // Its permission back, the same Save succeeds.
@@ -104,10 +111,9 @@ TEST_F(FailedSave, ReadOnlyFileIsNeitherSavedNorSavedAs)
 TEST_F(FailedSave, DirectoryThatHasGoneTakesNoSetup)
 {
   fs::remove_all(editor_.Path(kDirectory));
-  ExpectNothingDone(Told(kTrack + "mine.bb1", "No such file or directory") + "click MnuSave\n");
+  ExpectNothingDone(NotSaved(kFile, "The folder is gone") + "click MnuSave\n");
   ExpectNothingDone("on save -> " + kDirectory + "/new\n" +
-                    Told(kDirectory + "/new.bb1", "No such file or directory") +
-                    "click MnuSaveAs\n");
+                    NotSaved(kDirectory + "/new.bb1", "The folder is gone") + "click MnuSaveAs\n");
   ExpectNothingDone(Told(kTrack + "mine.txt", "No such file or directory") + "click MnuExport\n");
   fs::create_directories(editor_.Path(kDirectory));
   editor_.Play("click MnuSave\nexpect unchanged\n");
@@ -117,7 +123,7 @@ TEST_F(FailedSave, DirectoryOfTheFilesNameIsNotReplaced)
 {
   fs::remove(editor_.Path(kFile));
   fs::create_directories(editor_.Path(kFile));
-  ExpectNothingDone(std::string(kOverwrite) + Told(kTrack + "mine.bb1", "Is a directory") +
+  ExpectNothingDone(std::string(kOverwrite) + NotSaved(kFile, "Is a directory") +
                     "click MnuSave\n");
   EXPECT_TRUE(fs::is_directory(editor_.Path(kFile)));
 }
@@ -130,8 +136,8 @@ TEST_F(FailedSave, SavingFirstStopsTheCommandThatAsked)
     SCOPED_TRACE(command);
     ExpectNothingDone(
         "on message \"Do you want to save the current settings first?\" question -> yes\n" +
-        std::string(kOverwrite) + Told(kTrack + "mine.bb1", "Permission denied") + "click " +
-        command + "\n");
+        std::string(kOverwrite) + NotSaved(kFile, "You have no right to it, or it is read-only") +
+        "click " + command + "\n");
   }
   ExpectOldFileWhole();
 }
@@ -188,11 +194,15 @@ TEST_F(FailedSave, ReadOnlyDirectoryTakesNoSetup)
   fs::permissions(editor_.Path(kDirectory), fs::perms(0555));
   {
     const AsNobody nobody;
-    ExpectNothingDone(std::string(kOverwrite) + Told(kTrack + "mine.bb1", "Permission denied") +
+    ExpectNothingDone(std::string(kOverwrite) +
+                      NotSaved(kFile, "You have no right to it, or it is read-only") +
                       "click MnuSave\n");
-    ExpectNothingDone("on save -> " + kDirectory + "/new\n" +
-                      Told(kDirectory + "/new.bb1", "Permission denied") + "click MnuSaveAs\n");
-    ExpectNothingDone(Told(kTrack + "mine.txt", "Permission denied") + "click MnuExport\n");
+    ExpectNothingDone(
+        "on save -> " + kDirectory + "/new\n" +
+        NotSaved(kDirectory + "/new.bb1", "You have no right to it, or it is read-only") +
+        "click MnuSaveAs\n");
+    ExpectNothingDone(Told(kTrack + "mine.txt", "You have no right to it, or it is read-only") +
+                      "click MnuExport\n");
   }
   ExpectOldFileWhole();
 }
@@ -201,7 +211,7 @@ TEST_F(FailedSave, NameThatTheSystemCannotHoldIsToldWhole)
 {
   const std::string name(260, 'x');
   ExpectNothingDone("on save -> " + kDirectory + "/" + name + "\n" +
-                    Told(kDirectory + "/" + name + ".bb1", "File name too long") +
+                    NotSaved(kDirectory + "/" + name + ".bb1", "File name too long") +
                     "click MnuSaveAs\n");
 }
 
@@ -211,10 +221,10 @@ TEST_F(FailedSave, FullDiskKeepsTheOldFile)
     SCOPED_TRACE(room);
     const FullDisk disk(room);
     ASSERT_TRUE(disk.Full());
-    ExpectNothingDone(std::string(kOverwrite) + Told(kTrack + "mine.bb1", "File too large") +
+    ExpectNothingDone(std::string(kOverwrite) + NotSaved(kFile, "File too large") +
                       "click MnuSave\n");
     ExpectNothingDone("on save -> " + kDirectory + "/new\n" +
-                      Told(kDirectory + "/new.bb1", "File too large") + "click MnuSaveAs\n");
+                      NotSaved(kDirectory + "/new.bb1", "File too large") + "click MnuSaveAs\n");
     ExpectNothingDone(Told(kTrack + "mine.txt", "File too large") + "click MnuExport\n");
   }
   ExpectOldFileWhole();
@@ -222,7 +232,7 @@ TEST_F(FailedSave, FullDiskKeepsTheOldFile)
   {
     const FullDisk disk(264);
     ExpectNothingDone("on save -> " + kDirectory + "/new\n" +
-                      Told(kDirectory + "/new.bb1", "File too large") + "click MnuSaveAs\n");
+                      NotSaved(kDirectory + "/new.bb1", "File too large") + "click MnuSaveAs\n");
     editor_.Play(std::string(kOverwrite) + "click MnuSave\nexpect unchanged\n");
   }
   editor_.Play("expect file " + kFile + " size 264\n");

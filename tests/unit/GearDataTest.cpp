@@ -160,12 +160,12 @@ TEST(ReadGearData, IsFalseAndChangesNothingWithoutAFile)
   EXPECT_EQ(gears.DisplayText(7), "7");
 }
 
-TEST(ReadGearData, KeepsTheTableWhenTheFileCannotBeRead)
+TEST(ReadGearData, TakesAFileThatCannotBeReadForAMissingOneAndKeepsTheTable)
 {
   MemoryFiles files;
   files.MakeUnreadable(kPath);
   auto gears = SampleGears();
-  EXPECT_TRUE(ReadGearData(files, "C:\\Velquist", k1967, gears));
+  EXPECT_FALSE(ReadGearData(files, "C:\\Velquist", k1967, gears));
   for (int row = 0; row < 90; ++row) EXPECT_EQ(gears.DisplayText(row), std::to_string(row));
 }
 

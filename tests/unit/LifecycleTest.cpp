@@ -292,7 +292,11 @@ file "$P/GT Setup Data.ini" text "cut short,1,2,3,4,5\r\n"
     EXPECT_EQ(editor.Everything(WithBuffer::kYes), before);
   };
   refused("select Combo2 \"1967\"");
-  refused("select Combo2 \"GT\"");
+  editor.Play(
+      "on message \"This cannot be done: the data file $P/GT Setup Data.ini is incomplete.  "
+      "Nothing "
+      "was changed.\" exclamation -> ok\nselect Combo2 \"GT\"");
+  EXPECT_EQ(editor.Everything(WithBuffer::kYes), before);
   refused("select Combo7 #1");
   refused("select Combo7 #0");
   editor.Play("on FrmInstallDelete -> #1 delete cancel\n" + std::string(kNotDone) +

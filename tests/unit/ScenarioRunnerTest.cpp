@@ -72,6 +72,7 @@ class ButtonDriver final : public Driver {
   }
   void Close() override { closed_ = true; }
   void Tick() override {}
+  void Focus() override {}
   [[nodiscard]] const app::MainWindow& Window() const override
   {
     throw std::logic_error("no window");

@@ -265,6 +265,13 @@ class WindowDriver final : public Driver {
     LetWindowSystemWork();
   }
 
+  void Focus() override
+  {
+    wxActivateEvent event(wxEVT_ACTIVATE, true, frame_->GetId());
+    frame_->ProcessWindowEvent(event);
+    LetWindowSystemWork();
+  }
+
   void Tick() override
   {
     if (!Running()) return;
