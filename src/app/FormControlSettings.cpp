@@ -41,10 +41,10 @@ struct ControlRows {
                 .font_size = kTitleSize});
     TopList(form, 0, "&Install Directory", 20, 290,
             {VELQUIST_CONTROL(Combo7), .tip = "Game installation",
-             .event = On<&MainWindow::Combo7_Click>});
+             .event = On<&MainWindow::Combo7_Click>, .opens_first = true});
     TopList(form, 1, "Mod &Year", 320, 90,
             {VELQUIST_CONTROL(Combo2), .tip = "Mod year of the setup",
-             .event = On<&MainWindow::Combo2_Click>});
+             .event = On<&MainWindow::Combo2_Click>, .opens_first = true});
     TopList(form, 2, "&Chassis", 420, 270,
             {VELQUIST_CONTROL(Combo3), .tip = "Car of the setup",
              .event = On<&MainWindow::Combo3_Click>});

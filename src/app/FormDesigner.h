@@ -175,6 +175,7 @@ class FormDesigner {
     const bool chart = row.shape == Shape::kChart;
     Need(row, label || (row.alignment == Alignment::kCentre && !row.ellipsis),
          "only a label has an alignment and an ellipsis");
+    Need(row, row.kind == ControlKind::kList || !row.opens_first, "only a list opens first");
     Need(row, chart == (row.chart != nullptr) && chart == (row.reading != nullptr),
          "a chart, and nothing else, has a recorder and a reading");
     switch (row.shape) {

@@ -69,6 +69,7 @@ struct ControlDesign {
 
   bool begins_group = false;  ///< of menu items, behind a line; of option buttons
   bool exclusive = false;     ///< menu item with a mark that only one of its menu has
+  bool opens_first = false;   ///< list that a key opens, which otherwise would choose
   Alignment alignment = Alignment::kCentre;  ///< of a label
   bool ellipsis = false;  ///< a long text loses its middle and is whole in the label's tool tip
 

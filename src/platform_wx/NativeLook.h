@@ -43,8 +43,4 @@ void SetMnemonicTarget(wxStaticText& label, wxWindow& target);
 /// Shows these items and none chosen, of any number at once; all items of `list` come this way.
 void SetItems(wxChoice& list, const wxArrayString& items);
 
-/// The wheel does not choose, and choosing the item that is chosen already is an event like any
-/// other.
-void ReportEveryChoice(wxChoice& list);
-
 }  // namespace velquist::platform

@@ -34,8 +34,6 @@ constexpr char kTightStyle[] = R"css(
 .velquist-tight label { padding: 0; min-width: 0; min-height: 0; }
 )css";
 
-constexpr char kSelectionAtOpening[] = "velquist-selection-at-opening";
-
 /// The last entry of a style sheet provider is in force for all windows of the screen; what it
 /// says holds for marked panels alone.
 void LoadStyleOnce()
@@ -48,43 +46,6 @@ void LoadStyleOnce()
   gtk_style_context_add_provider_for_screen(gdk_screen_get_default(), GTK_STYLE_PROVIDER(provider),
                                             GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   g_object_unref(provider);
-}
-
-void TellChosenAgain(wxChoice& list, int chosen)
-{
-  wxCommandEvent event(wxEVT_CHOICE, list.GetId());
-  event.SetEventObject(&list);
-  event.SetInt(chosen);
-  event.SetString(list.GetString(static_cast<unsigned>(chosen)));
-  list.GetEventHandler()->AddPendingEvent(event);
-}
-
-/// The list tells only of a choice that differs; this is called for every one.
-void OnMenuActivate(GtkWidget*, const char* path, gpointer list)
-{
-  auto& choice = *static_cast<wxChoice*>(list);
-  const auto before =
-      GPOINTER_TO_INT(g_object_get_data(G_OBJECT(choice.GetHandle()), kSelectionAtOpening));
-  long chosen = -1;
-  if (!wxString::FromUTF8(path).ToLong(&chosen)) return;
-  if (chosen == before && chosen == choice.GetSelection())
-    TellChosenAgain(choice, static_cast<int>(chosen));
-}
-
-void OnPopupShown(GObject* combo, GParamSpec*, gpointer list)
-{
-  gboolean shown = FALSE;
-  g_object_get(combo, "popup-shown", &shown, nullptr);
-  if (shown == FALSE) return;
-  g_object_set_data(combo, kSelectionAtOpening,
-                    GINT_TO_POINTER(gtk_combo_box_get_active(GTK_COMBO_BOX(combo))));
-  AtkObject* spoken = gtk_combo_box_get_popup_accessible(GTK_COMBO_BOX(combo));
-  if (spoken == nullptr || !GTK_IS_ACCESSIBLE(spoken)) return;
-  GtkWidget* menu = gtk_accessible_get_widget(GTK_ACCESSIBLE(spoken));
-  if (menu == nullptr || g_signal_lookup("menu-activate", G_OBJECT_TYPE(menu)) == 0) return;
-  if (g_signal_handler_find(menu, G_SIGNAL_MATCH_FUNC, 0, 0, nullptr,
-                            reinterpret_cast<gpointer>(OnMenuActivate), nullptr) == 0)
-    g_signal_connect_after(menu, "menu-activate", G_CALLBACK(OnMenuActivate), list);
 }
 
 class LabelledFrame final : public wxStaticBox {
@@ -172,12 +133,6 @@ void SetItems(wxChoice& list, const wxArrayString& items)
   gtk_combo_box_set_model(combo, GTK_TREE_MODEL(rows));
   g_object_unref(rows);
   list.InvalidateBestSize();
-}
-
-void ReportEveryChoice(wxChoice& list)
-{
-  list.Bind(wxEVT_MOUSEWHEEL, [](wxMouseEvent&) {});
-  g_signal_connect(list.GetHandle(), "notify::popup-shown", G_CALLBACK(OnPopupShown), &list);
 }
 
 }  // namespace velquist::platform

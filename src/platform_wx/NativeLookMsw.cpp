@@ -96,9 +96,4 @@ void SetItems(wxChoice& list, const wxArrayString& items)
   list.Set(items);
 }
 
-void ReportEveryChoice(wxChoice& list)
-{
-  list.Bind(wxEVT_MOUSEWHEEL, [](wxMouseEvent&) {});
-}
-
 }  // namespace velquist::platform

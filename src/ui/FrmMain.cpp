@@ -88,6 +88,7 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
   SetClientSize(laid_out_for_);
   ShowChanges();
   BindEvents();
+  FocusFirstStepButton();
 }
 
 void FrmMain::FitToDesktop(std::optional<wxPoint> corner)
@@ -168,6 +169,13 @@ void FrmMain::LinkMnemonics()
     if (target != widgets_.end())
       platform::SetMnemonicTarget(static_cast<wxStaticText&>(label->Window()), target->Window());
   }
+}
+
+void FrmMain::FocusFirstStepButton()
+{
+  const auto first = std::ranges::find(widgets_, Shape::kStepButton,
+                                       [](const auto& widget) { return widget.Design().shape; });
+  if (first != widgets_.end()) first->Window().SetFocus();
 }
 
 void FrmMain::BindEvents()

@@ -43,6 +43,8 @@ class FrmMain final : public wxFrame {
   wxWindow* MakeWindow(const app::ControlDesign& design, wxWindowID id,
                        platform::WxPictureLoader& pictures);
   void LinkMnemonics();
+  /// A key pressed before another is chosen must not drop the setup.
+  void FocusFirstStepButton();
   void BindEvents();
 
   /// Gives `event` to the program, unless one is under way, and shows what came of it.

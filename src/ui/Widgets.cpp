@@ -8,6 +8,7 @@
 #include <wx/stattext.h>
 
 #include "app/FormControlSettings.h"
+#include "platform_wx/ListChoice.h"
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/WxText.h"
 
@@ -180,7 +181,8 @@ wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindo
     case ControlKind::kList: {
       auto* const list =
           new wxChoice(parent, id, at, size, 0, nullptr, 0, wxDefaultValidator, name);
-      platform::ReportEveryChoice(*list);
+      platform::SetUpChoice(
+          *list, design.opens_first ? platform::ListKeys::kOpen : platform::ListKeys::kChoose);
       return list;
     }
     case ControlKind::kCheck: {

@@ -139,6 +139,7 @@ TEST(FormDesigner, NamesARowWithAFieldThatItsKindHasNot)
             "Label4: no button of a slot");
   EXPECT_EQ(label([](auto& row) { row.shape = Shape::kCarPicture; }),
             "Label4: only a picture box has a picture");
+  EXPECT_EQ(label([](auto& row) { row.opens_first = true; }), "Label4: only a list opens first");
   EXPECT_EQ(label([](auto& row) { row.chart = &MainForm::chart; }),
             "Label4: a chart, and nothing else, has a recorder and a reading");
   for (const auto alignment : {Alignment::kCentre, Alignment::kLeft})

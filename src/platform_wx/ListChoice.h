@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/choice.h>
+
+namespace velquist::platform {
+
+/// What a key does to a closed list.
+enum class ListKeys {
+  kChoose,  ///< arrows and typed letters choose
+  kOpen,    ///< they open the list, where Return chooses and Escape does not
+};
+
+/// How the user chooses from `list`. The wheel does not choose, and choosing the item that is
+/// chosen already is an event like any other; but with kOpen only the mouse does so, and taking
+/// that item with a key is no event.
+void SetUpChoice(wxChoice& list, ListKeys keys);
+
+}  // namespace velquist::platform
