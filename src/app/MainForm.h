@@ -71,7 +71,8 @@ struct ControlDesign {
   bool exclusive = false;     ///< menu item with a mark that only one of its menu has
   bool opens_first = false;   ///< list that a key opens, which otherwise would choose
   Alignment alignment = Alignment::kCentre;  ///< of a label
-  bool ellipsis = false;  ///< a long text loses its middle and is whole in the label's tool tip
+  bool ellipsis =
+      false;  ///< a long text loses its middle and is whole in the window's tool tip for it
 
   Shape shape = Shape::kOfKind;
   PictureRecorder MainForm::*chart = nullptr;  ///< of a chart
@@ -144,6 +145,7 @@ struct FormControls {
 /// widgets in line with it.
 struct MainForm : FormControls {
   std::string caption;  ///< of the window
+  std::string status;   ///< what was done last
 
   // What is drawn in the picture boxes.
   PictureRecorder chart;    ///< in PictureChart

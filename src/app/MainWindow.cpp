@@ -7,6 +7,7 @@
 #include "app/EventEntry.h"
 #include "app/FormControlSettings.h"
 #include "platform/Errors.h"
+#include "platform/Paths.h"
 
 namespace velquist::app {
 
@@ -96,10 +97,24 @@ void MainWindow::Tell(std::string_view text, Icon icon)
   outside_.dialogs.ShowMessage(text, icon, Buttons::kOk);
 }
 
+/// Shows what was done to a file, which its own name and its directory's tell.
+void MainWindow::Say(std::string_view done, std::string_view path)
+{
+  form_.status.assign(done).append(" ");
+  if (const auto directory = platform::FileNameOf(platform::DirectoryOf(path)); !directory.empty())
+    form_.status.append(directory).append("/");
+  form_.status.append(platform::FileNameOf(path));
+}
+
 void MainWindow::EndWith(std::string_view text, Icon icon)
 {
   Tell(text, icon);
   throw ProgramEnd{};
+}
+
+std::string MainWindow::HostText(std::string_view path) const
+{
+  return outside_.files.HostText(path);
 }
 
 bool MainWindow::CloseRequested()

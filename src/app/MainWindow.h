@@ -64,6 +64,11 @@ class MainWindow {
   [[nodiscard]] std::string PictureChart_MouseMove(double x, double y) const;
   [[nodiscard]] std::string PictureChart2_MouseMove(double x, double y) const;
 
+  /// The path that Save writes to; the file name alone for a default setup, which it refuses.
+  [[nodiscard]] std::string SavePath() const;
+  /// A path of the program's as this machine spells it.
+  [[nodiscard]] std::string HostText(std::string_view path) const;
+
   [[nodiscard]] const MainForm& Form() const noexcept { return form_; }
   [[nodiscard]] const edit::CarSetup& Car() const noexcept { return car_; }
   [[nodiscard]] const Globals& State() const noexcept { return globals_; }
@@ -90,6 +95,7 @@ class MainWindow {
   void ChooseOrAdd(Control& list, const std::string& name);
   void SetChecked(Control& box, bool checked);
   void Tell(std::string_view text, platform::Icon icon);
+  void Say(std::string_view done, std::string_view path);
   [[noreturn]] void EndWith(std::string_view text, platform::Icon icon);
 
   // StartUp.cpp: start-up and shut-down
@@ -139,7 +145,7 @@ class MainWindow {
   [[nodiscard]] bool IsChangedOnDisk() const;
   bool MayOverwriteChanged(const std::string& path);
   template <class Import>
-  void ImportSetup(std::string_view title, Import&& import);
+  void ImportSetup(std::string_view title, std::string_view done, Import&& import);
 
   // Saving.cpp: to disk
   void MnuNew_Click();

@@ -113,6 +113,7 @@ void MainWindow::TakeOpened(const std::string& path, const std::string& name)
     ChooseOrAdd(form_.Combo5, place->track);
   }
   car_.ClearChanged();
+  Say("Opened", path);
 }
 
 /// Makes the installation that a setup file lies in the current one, without its default setup, as
@@ -184,7 +185,7 @@ void MainWindow::Activated()
 
 /// Asks for a setup file, reads it into the buffer and runs `import` on it.
 template <class Import>
-void MainWindow::ImportSetup(std::string_view title, Import&& import)
+void MainWindow::ImportSetup(std::string_view title, std::string_view done, Import&& import)
 {
   if (!SaveFirst()) return;
   const auto path = AskForSetup(title);
@@ -195,6 +196,7 @@ void MainWindow::ImportSetup(std::string_view title, Import&& import)
   }
   try {
     AllOrNothing(std::forward<Import>(import));
+    Say(done, *path);
   } catch (const BoundsError&) {
     Tell("This setup file does not fit the current mod year.  Please select another file.",
          Icon::kInformation);
@@ -203,7 +205,7 @@ void MainWindow::ImportSetup(std::string_view title, Import&& import)
 
 void MainWindow::MnuImportChassis_Click()
 {
-  ImportSetup("Import Chassis From", [&] {
+  ImportSetup("Import Chassis From", "Imported the chassis of", [&] {
     car_.ImportChassis();
     RefreshDisplay();
   });
@@ -211,7 +213,7 @@ void MainWindow::MnuImportChassis_Click()
 
 void MainWindow::MnuImportDrivetrain_Click()
 {
-  ImportSetup("Import Drivetrain From", [&] {
+  ImportSetup("Import Drivetrain From", "Imported the drivetrain of", [&] {
     car_.ImportDrivetrain();
     ShowDrivetrainLists();
     RefreshDisplay();

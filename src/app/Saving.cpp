@@ -25,6 +25,12 @@ std::string MainWindow::SetupDirectory() const
   return install::SetupDirectory(form_.Combo7.text, form_.Combo4.text, form_.Combo5.text);
 }
 
+std::string MainWindow::SavePath() const
+{
+  if (car_.FileName().ends_with(kDefaultSetupEnding)) return car_.FileName();
+  return SetupDirectory() + "\\" + car_.FileName();
+}
+
 void MainWindow::ShowFileName()
 {
   form_.Label4.text = car_.FileName();
@@ -61,7 +67,7 @@ bool MainWindow::Save()
         Icon::kInformation);
     return true;
   }
-  const auto path = SetupDirectory() + "\\" + car_.FileName();
+  const auto path = SavePath();
   if (outside_.files.Exists(path)) {
     if (outside_.dialogs.ShowMessage("This file already exits.  Do you want to overwrite it?",
                                      Icon::kQuestion, Buttons::kYesNo) != Answer::kYes)
@@ -109,6 +115,7 @@ bool MainWindow::Write(const std::string& path, std::optional<setup::Layout> lay
     return not_saved(error.Path(), error.Reason());
   }
   RememberFile(path);
+  Say("Saved", path);
   return true;
 }
 
@@ -129,6 +136,7 @@ void MainWindow::MnuRevert_Click()
     ShowSetup();
     DrawCharts();
     car_.ClearChanged();
+    Say("Reverted to", car_.FileName());
   });
 }
 
@@ -155,8 +163,10 @@ void MainWindow::MnuExport_Click()
       .formula = car_.FormulaIndex() + 1,
       .gear_count = car_.GearCount(),
   };
-  outside_.files.WriteText(SetupDirectory() + "\\" + text_export::ExportFileName(car_.FileName()),
+  const auto path = SetupDirectory() + "\\" + text_export::ExportFileName(car_.FileName());
+  outside_.files.WriteText(path,
                            text_export::ExportText(subject, car_.ValuesToWrite(), car_.Gears()));
+  Say("Exported", path);
 }
 
 }  // namespace velquist::app

@@ -189,6 +189,7 @@ void MainWindow::LoadStartingSetup()
       AllOrNothing([&] {
         ReadDataFiles();
         TakeStartingSetup();
+        Say("Opened", globals_.command_line);
       });
       return;
     } catch (const BoundsError&) {
@@ -274,6 +275,7 @@ void MainWindow::LoadDefaultSetup()
   globals_.open_file = {};
   car_.SetFileName(name);
   ShowFileName();
+  Say("Loaded", name);
 }
 
 void MainWindow::ReadDataFiles()

@@ -27,6 +27,9 @@ void SetSpoken(wxWindow& control, const wxString& name, const wxString& descript
 /// A frame whose label names the frame alone and not the control behind it.
 [[nodiscard]] wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name);
 
+/// Tells a screen reader that `line`, a line of what was done last, says `text` now.
+void Announce(wxWindow& line, const wxString& text);
+
 /// Lets the label of a box or option be cut while the control is placed anew: the system may do so
 /// before it knows of smaller letters.
 void AllowCutLabel(wxWindow& control);

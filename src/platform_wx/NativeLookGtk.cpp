@@ -93,6 +93,17 @@ wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name)
   return new LabelledFrame(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), 0, name);
 }
 
+void Announce(wxWindow& line, const wxString& text)
+{
+  AtkObject* spoken = gtk_widget_get_accessible(line.GetHandle());
+  if (spoken == nullptr) return;
+  atk_object_set_role(spoken, ATK_ROLE_STATUSBAR);
+  atk_object_set_name(spoken, text.utf8_str());
+  constexpr char kAnnouncement[] = "announcement";  // older systems have none
+  if (g_signal_lookup(kAnnouncement, G_OBJECT_TYPE(spoken)) != 0)
+    g_signal_emit_by_name(spoken, kAnnouncement, static_cast<const char*>(text.utf8_str()));
+}
+
 void AllowCutLabel(wxWindow& control)
 {
   GtkWidget* const label = gtk_bin_get_child(GTK_BIN(control.GetHandle()));

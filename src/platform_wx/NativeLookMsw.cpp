@@ -70,6 +70,12 @@ wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name)
   return new wxStaticBox(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), 0, name);
 }
 
+void Announce(wxWindow& line, const wxString&)
+{
+  // The system's line tells its text itself when it is asked.
+  ::NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, line.GetHWND(), OBJID_CLIENT, 1);
+}
+
 void AllowCutLabel(wxWindow&)
 {
   // Labels are always cut at the control's edge.

@@ -4,6 +4,7 @@
 #include <wx/display.h>
 #include <wx/dnd.h>
 #include <wx/stattext.h>
+#include <wx/statusbr.h>
 #include <wx/utils.h>
 #include <wx/wupdlock.h>
 
@@ -78,6 +79,7 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
   SetMenuBar(menus_.Bar());
   platform::AllowSmallControls(*panel_);
   MakeWidgets(pictures);
+  MakeStatusLine();
   LinkMnemonics();
 
   const auto scale = app::ScaleFor(screen.Width(), screen.Height());
@@ -126,12 +128,23 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
   for (const auto& design : app::FormControlSettings()) {
     if (wxWindow* const made = MakeWindow(design, id, pictures)) {
       Describe(*made, design);
-      widgets_.emplace_back(design.In(window_.Form()), *made);
+      const auto& control = design.In(window_.Form());
+      if (&control == &window_.Form().Label4) file_label_ = made;
+      widgets_.emplace_back(control, *made);
     }
     ++id;
   }
+  unsaved_ = new UnsavedMark(panel_);
   for (auto& widget : widgets_)
     if (widget.Design().kind == ControlKind::kFrame) platform::PutBehindSiblings(widget.Window());
+}
+
+/// Below the client area, which it leaves as it is.
+void FrmMain::MakeStatusLine()
+{
+  wxStatusBar* const line = CreateStatusBar(1, wxSTB_DEFAULT_STYLE, wxID_ANY, "Status");
+  line->SetFont(ControlFont(window_.Form().Label4.font_size));
+  line->SetMinHeight(line->GetCharHeight() + 2);
 }
 
 /// Null for what has no window of its own.
@@ -244,11 +257,32 @@ void FrmMain::ShowChanges()
     if (auto* const button = dynamic_cast<StepButton*>(&widget.Window()))
       button->SayValue(widget.Design());
   }
+  ShowFile();
   menus_.BringInLine();
   for (auto* const chart : charts_) chart->BringInLine();
   car_->ShowPicture(form.car_picture);
   marquee_->BringInLine();
   SetTimer();  // which a box on the screen has held up
+}
+
+void FrmMain::ShowFile()
+{
+  const auto& form = window_.Form();
+  const auto& list = form.Combo5.place;
+  const auto& label = form.Label4.place;
+  const int gap = list.left + list.width;
+  unsaved_->SetSize(gap, label.top, label.left - gap, label.height);
+  const bool unsaved = window_.Car().Changed();
+  const bool saved = unsaved_->IsShown() && !unsaved;
+  unsaved_->Show(unsaved);
+  if (auto path = window_.SavePath(); path != save_path_) {
+    save_path_ = std::move(path);
+    file_label_->SetToolTip(platform::FromText(window_.HostText(save_path_)));
+  }
+  if (form.status == status_ && !saved) return;
+  status_ = form.status;
+  SetStatusText(platform::FromText(status_));
+  platform::Announce(*GetStatusBar(), platform::FromText(status_));
 }
 
 /// Happens so often that it looks at the one thing alone that it can change.

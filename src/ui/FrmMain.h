@@ -15,6 +15,7 @@
 #include "platform_wx/WxPictureLoader.h"
 #include "ui/Menus.h"
 #include "ui/PictureBoxes.h"
+#include "ui/UnsavedMark.h"
 #include "ui/Widgets.h"
 
 namespace velquist::ui {
@@ -52,6 +53,9 @@ class FrmMain final : public wxFrame {
   /// False when another event is under way or the window is going.
   bool Give(const std::function<void()>& event);
   void ShowChanges();
+  void MakeStatusLine();
+  /// Where the setup stands: unsaved or saved, where to, and what was done last.
+  void ShowFile();
   /// Has everything placed anew when the client area has another size.
   void LayOut();
   void SetTimer();
@@ -68,11 +72,15 @@ class FrmMain final : public wxFrame {
 
   app::MainWindow& window_;
   wxPanel* panel_ = nullptr;
+  wxWindow* file_label_ = nullptr;
   Menus menus_;
   std::vector<ControlWidget> widgets_;
   std::vector<ChartBox*> charts_;
   CarPictureBox* car_ = nullptr;
   MarqueeBox* marquee_ = nullptr;
+  UnsavedMark* unsaved_ = nullptr;
+  std::string status_;     ///< as last shown
+  std::string save_path_;  ///< that the file label's tool tip tells
   wxTimer timer_;
   bool marquee_runs_ = false;
   wxSize laid_out_for_;    ///< client area that the places in the form are for

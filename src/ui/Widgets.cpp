@@ -132,7 +132,6 @@ void ControlWidget::TakeUserChange()
 void ControlWidget::ShowText()
 {
   if (Design().kind != ControlKind::kPicture) window_->SetLabel(LabelText(*control_));
-  if (Design().ellipsis) window_->SetToolTip(platform::FromText(control_->text));
   last_.text = control_->text;
 }
 

@@ -109,7 +109,7 @@ std::string Everything(const app::MainWindow& window, WithBuffer with_buffer)
   if (with_buffer == WithBuffer::kYes)
     out << "buffer " << runner::HexBytes(window.Car().SetupBuffer()) << '\n';
   const auto& form = window.Form();
-  out << "caption " << Quoted(form.caption) << '\n';
+  out << "caption " << Quoted(form.caption) << '\n' << "status " << Quoted(form.status) << '\n';
   for (const auto& design : app::FormControlSettings())
     Show(out, *form.Find(design.name, design.index));
   Show(out, form.chart);

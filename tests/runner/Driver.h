@@ -39,6 +39,8 @@ class Driver {
   /// Nothing when the program has no such control. `index` is -1 for a single control.
   [[nodiscard]] virtual std::optional<SeenControl> Seen(std::string_view name, int index) = 0;
   [[nodiscard]] virtual std::string Caption() = 0;
+  /// What was done last.
+  [[nodiscard]] virtual std::string Status() = 0;
 
   /// The caller has made sure that the control is there, shown and enabled.
   /// False when nothing happens on it.

@@ -262,6 +262,11 @@ Step ReadExpect(WordReader& words)
       play.NeedRunning();
       CompareText(play, "caption", text, play.driver.Caption());
     };
+  if (words.Take("status"))
+    return [text = words.Next("the status").text](Play& play) {
+      play.NeedRunning();
+      CompareText(play, "status", text, play.driver.Status());
+    };
   if (words.Take("changed")) return ExpectChanged(true);
   if (words.Take("unchanged")) return ExpectChanged(false);
   if (words.Take("slot")) return ExpectSlot(words);

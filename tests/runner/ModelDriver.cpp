@@ -47,6 +47,7 @@ class ModelDriver final : public Driver {
     return seen;
   }
   [[nodiscard]] std::string Caption() override { return Window().Form().caption; }
+  [[nodiscard]] std::string Status() override { return Window().Form().status; }
 
   [[nodiscard]] bool Click(std::string_view name, int index) override
   {

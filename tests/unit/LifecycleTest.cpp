@@ -8,6 +8,7 @@
 
 #include "ScriptedEditor.h"
 #include "WatchedProgram.h"
+#include "platform/FileReason.h"
 
 namespace velquist::testing {
 namespace {
@@ -237,7 +238,7 @@ TEST_F(Lifecycle, SettingsThatCannotBeWrittenAreToldAndTheWindowCloses)
     EXPECT_EQ(program_.dialogs.messages[0].icon, platform::Icon::kExclamation);
     EXPECT_EQ(program_.dialogs.messages[0].text,
               program_.SettingsPath() + "\n" +
-                  std::make_error_code(std::errc::permission_denied).message() + ".");
+                  platform::ReasonOf(std::make_error_code(std::errc::permission_denied)) + ".");
     EXPECT_EQ(program_.world.Read(program_.SettingsPath()), before);
     fs::permissions(platform::HostPath(program_.SettingsPath()), fs::perms(0644));
   }

@@ -56,6 +56,7 @@ class ButtonDriver final : public Driver {
     return seen;
   }
   [[nodiscard]] std::string Caption() override { return command_line_; }
+  [[nodiscard]] std::string Status() override { return {}; }
   [[nodiscard]] bool Click(std::string_view name, int /*index*/) override
   {
     const auto& action = actions_.at(std::string(name));

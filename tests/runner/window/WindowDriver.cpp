@@ -5,6 +5,7 @@
 #include <wx/radiobut.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
+#include <wx/statusbr.h>
 #include <wx/textctrl.h>
 
 #include <type_traits>
@@ -227,6 +228,11 @@ class WindowDriver final : public Driver {
   [[nodiscard]] std::string Caption() override
   {
     return Running() ? ToText(frame_->GetTitle()) : std::string{};
+  }
+
+  [[nodiscard]] std::string Status() override
+  {
+    return Running() ? ToText(frame_->GetStatusBar()->GetStatusText()) : std::string{};
   }
 
   [[nodiscard]] bool Click(std::string_view name, int index) override
