@@ -32,10 +32,11 @@ Error ErrorOf(int result)
 }
 
 /// The file system does not know the thing, or the user may not do it: a save goes on without.
+/// EOPNOTSUPP is ENOTSUP here.
 bool IsNoMatter(int error)
 {
-  return error == ENOTSUP || error == EOPNOTSUPP || error == ENOSYS || error == EPERM ||
-         error == EINVAL || error == EACCES;
+  return error == ENOTSUP || error == ENOSYS || error == EPERM || error == EINVAL ||
+         error == EACCES;
 }
 
 Error ErrorThatMatters(int result)

@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -44,8 +43,9 @@ class MemoryProgram {
     for (const auto& entry : std::filesystem::directory_iterator(directory)) {
       if (!entry.is_regular_file()) continue;
       std::ifstream stream(entry.path(), std::ios::binary);
-      files.Put("/program/" + entry.path().filename().string(),
-                std::string(std::istreambuf_iterator<char>(stream), {}));
+      std::ostringstream content;
+      content << stream.rdbuf();
+      files.Put("/program/" + entry.path().filename().string(), content.str());
     }
   }
 

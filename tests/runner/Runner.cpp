@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
 
@@ -119,13 +119,14 @@ void Runner::PlayFile(const fs::path& path)
   auto name_text = path.generic_u8string();
   const std::string name(name_text.begin(), name_text.end());
   std::ifstream file(path, std::ios::binary);
-  const std::string script{std::istreambuf_iterator<char>(file), {}};
   if (!file || fs::is_directory(path)) {
     log_ << name << ": could not be read\n";
     Count(Outcome::kUnreadable);
     return;
   }
-  Count(PlayScript(script, name));
+  std::ostringstream script;
+  script << file.rdbuf();
+  Count(PlayScript(script.str(), name));
 }
 
 void Runner::PlayPath(const fs::path& path)

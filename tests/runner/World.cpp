@@ -2,8 +2,8 @@
 #include "runner/World.h"
 
 #include <fstream>
-#include <iterator>
 #include <random>
+#include <sstream>
 #include <stdexcept>
 
 #include "platform/HostFileSystem.h"
@@ -119,10 +119,13 @@ bool World::Exists(std::string_view path) const
 
 std::vector<std::byte> World::Read(std::string_view path) const
 {
-  std::ifstream file(Find(path), std::ios::binary);
-  const std::string text{std::istreambuf_iterator<char>(file), {}};
-  if (!file) throw std::runtime_error("no file that can be read: " + std::string(path));
-  const auto bytes = std::as_bytes(std::span(text));
+  const auto found = Find(path);
+  std::ifstream file(found, std::ios::binary);
+  if (!file || fs::is_directory(found))
+    throw std::runtime_error("no file that can be read: " + std::string(path));
+  std::ostringstream content;
+  content << file.rdbuf();
+  const auto bytes = std::as_bytes(std::span(content.view()));
   return {bytes.begin(), bytes.end()};
 }
 

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
-#include <iterator>
 #include <span>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -31,8 +31,9 @@ Bytes ReadFile(const std::filesystem::path& path)
 {
   std::ifstream in(path, std::ios::binary);
   EXPECT_TRUE(in) << path;
-  const std::string text(std::istreambuf_iterator<char>(in), {});
-  const auto bytes = std::as_bytes(std::span(text));
+  std::ostringstream content;
+  content << in.rdbuf();
+  const auto bytes = std::as_bytes(std::span(content.view()));
   return {bytes.begin(), bytes.end()};
 }
 

@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <cstdint>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <random>
 #include <span>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -81,7 +81,9 @@ class ProgramDirectories : public ::testing::Test {
   {
     std::ifstream stream(file, std::ios::binary);
     EXPECT_TRUE(stream) << file;
-    return {std::istreambuf_iterator<char>(stream), {}};
+    std::ostringstream content;
+    content << stream.rdbuf();
+    return content.str();
   }
   static void PutDataInto(const fs::path& directory)
   {

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -25,7 +25,9 @@ std::string ReadAsset(const char* name)
   const auto path = velquist::testing::SourceDirectory() / "assets/resources" / name;
   std::ifstream in(path, std::ios::binary);
   EXPECT_TRUE(in) << path;
-  return {std::istreambuf_iterator<char>(in), {}};
+  std::ostringstream content;
+  content << in.rdbuf();
+  return content.str();
 }
 
 std::string Manual()

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 #include <limits>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -245,7 +246,9 @@ std::string Bytes(const fs::path& path)
 {
   std::ifstream file(path, std::ios::binary);
   EXPECT_TRUE(file) << path;
-  return {std::istreambuf_iterator<char>(file), {}};
+  std::ostringstream content;
+  content << file.rdbuf();
+  return content.str();
 }
 
 TEST(TextExport, ExamplesExportAsKept)
