@@ -13,9 +13,9 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <iterator>
 #include <map>
 #include <set>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <system_error>
@@ -39,7 +39,9 @@ inline std::string ReadBytes(const fs::path& path)
 {
   std::ifstream file(path, std::ios::binary);
   EXPECT_TRUE(file) << path;
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  std::ostringstream content;
+  content << file.rdbuf();
+  return content.str();
 }
 
 inline std::vector<std::string> Split(const std::string& text, const std::string& separator)
