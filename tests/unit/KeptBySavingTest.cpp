@@ -52,13 +52,12 @@ TEST_F(SavedFile, KeepsItsNameAsTheDiskSpellsIt)
 
 TEST_F(SavedFile, StaysHiddenAndOfTheSystem)
 {
-  for (const DWORD attributes : {FILE_ATTRIBUTE_HIDDEN, FILE_ATTRIBUTE_SYSTEM,
-                                 FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM}) {
+  constexpr DWORD kHidden = FILE_ATTRIBUTE_HIDDEN;
+  constexpr DWORD kSystem = FILE_ATTRIBUTE_SYSTEM;
+  for (const DWORD attributes : {kHidden, kSystem, kHidden | kSystem}) {
     ASSERT_TRUE(::SetFileAttributesW(target.c_str(), attributes));
     Save();
-    EXPECT_EQ(
-        ::GetFileAttributesW(target.c_str()) & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM),
-        attributes);
+    EXPECT_EQ(::GetFileAttributesW(target.c_str()) & (kHidden | kSystem), attributes);
     ASSERT_TRUE(::SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL));
     EXPECT_EQ(ContentOf(target), "new");
   }
