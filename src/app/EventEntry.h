@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "app/Flag.h"
 #include "app/MainWindow.h"
 #include "platform/Errors.h"
 
@@ -17,19 +18,6 @@ struct MainWindow::Before {
   edit::CarSnapshot car;
   Globals globals;
   MainForm form;
-};
-
-/// A flag that has another value until the end of a block.
-class Flag {
- public:
-  Flag(bool& flag, bool value) : flag_(flag), before_(std::exchange(flag, value)) {}
-  ~Flag() { flag_ = before_; }
-  Flag(const Flag&) = delete;
-  Flag& operator=(const Flag&) = delete;
-
- private:
-  bool& flag_;
-  bool before_;
 };
 
 /// Runs a command from the user. What it throws ends here; the command itself has gone back by

@@ -12,6 +12,7 @@
 #include <cmath>
 #include <utility>
 
+#include "app/Flag.h"
 #include "app/FormControlSettings.h"
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/ProgramIcons.h"
@@ -45,18 +46,6 @@ class FileDrop final : public wxFileDropTarget {
 
  private:
   std::function<void(const wxString&)> dropped_;
-};
-
-/// True while it lives.
-class Flag {
- public:
-  explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
-  Flag(const Flag&) = delete;
-  Flag& operator=(const Flag&) = delete;
-  ~Flag() { flag_ = false; }
-
- private:
-  bool& flag_;
 };
 
 int Rounded(float value)
@@ -214,7 +203,10 @@ void FrmMain::BindEvents()
   });
   // Outside the drop itself, which the other program waits for.
   SetDropTarget(new FileDrop([this](const wxString& path) {
-    CallAfter([this, path] { Handle([&] { window_.FileDropped(platform::ToText(path)); }); });
+    CallAfter([this, path] {
+      const wxBusyCursor busy;
+      Handle([&] { window_.FileDropped(platform::ToText(path)); });
+    });
   }));
 }
 
@@ -222,7 +214,7 @@ bool FrmMain::Give(const std::function<void()>& event)
 {
   if (handling_ || IsBeingDeleted() || window_.Ended()) return false;
   {
-    const Flag under_way(handling_);
+    const app::Flag under_way(handling_, true);
     event();
   }
   if (!window_.Ended()) return true;
@@ -324,6 +316,7 @@ void FrmMain::OnButton(wxCommandEvent& event)
 
 void FrmMain::OnChosen(wxCommandEvent& event)
 {
+  const wxBusyCursor busy;  // a year or an installation reads its default setup
   TakeUserChange(event);
   const auto* const design = DesignOf(event.GetId());
   if (design != nullptr)

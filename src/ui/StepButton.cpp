@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "app/Flag.h"
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/WxText.h"
 
@@ -48,9 +49,10 @@ bool StepButton::Step()
   const auto before = bits();
   wxCommandEvent step(wxEVT_BUTTON, GetId());
   step.SetEventObject(this);
-  stepping_ = true;
-  ProcessWindowEvent(step);
-  stepping_ = false;
+  {
+    const app::Flag of_our_own(stepping_, true);
+    ProcessWindowEvent(step);
+  }
   return bits() != before;
 }
 

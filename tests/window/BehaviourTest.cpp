@@ -1,11 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include <wx/choice.h>
+#include <wx/dnd.h>
+#include <wx/modalhook.h>
 #include <wx/uiaction.h>
+#include <wx/utils.h>
+
+#include <functional>
+#include <stdexcept>
+#include <utility>
 
 #include <ctime>
 
 #include "RealWindow.h"
 #include "platform_wx/NativeLook.h"
+#include "platform_wx/WxText.h"
 #include "setup/SlotTable.h"
 
 namespace velquist::testing {
@@ -31,6 +39,66 @@ class Behaviour : public RealWindow {
 
   wxUIActionSimulator mouse_;
 };
+
+/// Looks when a box comes up.
+class AtBox final : public wxModalDialogHook {
+ public:
+  explicit AtBox(std::function<void()> look) : look_(std::move(look)) { Register(); }
+  ~AtBox() override { Unregister(); }
+
+ private:
+  int Enter(wxDialog* /*box*/) override
+  {
+    look_();
+    return wxID_NONE;
+  }
+
+  std::function<void()> look_;
+};
+
+TEST_F(Behaviour, ThePointerIsBusyWhileADroppedFileIsReadAndNoOtherEventIsTaken)
+{
+  Start();
+  editor.Play(
+      "setup $G/Players/Jim/Setups/monza/fast.br2 short 48=80 49=45 50=60 51=3\n"
+      "expect unchanged\n");
+  const float before = Value(0);
+  int boxes = 0;
+  const AtBox at_box([&] {
+    ++boxes;
+    EXPECT_TRUE(wxIsBusy());
+    wxCommandEvent click(wxEVT_BUTTON, Widget("CmdInc(0)")->GetId());
+    Frame().ProcessWindowEvent(click);
+    EXPECT_EQ(Value(0), before);
+  });
+  auto* const drop = dynamic_cast<wxFileDropTarget*>(Frame().GetDropTarget());
+  ASSERT_NE(drop, nullptr);
+  wxArrayString dropped;
+  dropped.Add(platform::FromText(editor.Path("$G/Players/Jim/Setups/monza/fast.br2").string()));
+  EXPECT_TRUE(drop->OnDropFiles(0, 0, dropped));
+  editor.Play("on FrmModYear2 -> 1967\ntick 0\nexpect Label4 \"fast.br2\"\nexpect unchanged\n");
+  EXPECT_EQ(boxes, 1);
+  EXPECT_FALSE(wxIsBusy());
+}
+
+TEST_F(Behaviour, AStepThatThrowsLeavesItsButtonToAnswerThePressOnce)
+{
+  Start();
+  auto& button = *Widget("CmdInc(0)");
+  bool throws = true;
+  button.Bind(wxEVT_BUTTON, [&](wxCommandEvent& event) {
+    if (std::exchange(throws, false)) throw std::runtime_error("no step");
+    event.Skip();
+  });
+  const float before = Value(0);
+  wxMouseEvent press(wxEVT_LEFT_DOWN);
+  press.SetEventObject(&button);
+  EXPECT_THROW(button.GetEventHandler()->ProcessEvent(press), std::runtime_error);
+  wxCommandEvent click(wxEVT_BUTTON, button.GetId());  // the system's own of that press
+  click.SetEventObject(&button);
+  button.ProcessWindowEvent(click);
+  EXPECT_EQ(Value(0), before);
+}
 
 TEST_F(Behaviour, AClickOfTheMouseIsOneStep)
 {

@@ -9,6 +9,7 @@
 #include "RealWindow.h"
 #include "platform/EmbeddedResources.h"
 #include "platform_wx/FrmHelp.h"
+#include "platform_wx/WxDialogs.h"
 #include "platform_wx/WxText.h"
 
 namespace velquist::testing {
@@ -47,6 +48,30 @@ TEST_F(HelpWindow, ShowsTheWholeManualFromItsFirstLine)
   EXPECT_EQ(Text().GetInsertionPoint(), 0);
   EXPECT_TRUE(Text().IsShown());
   EXPECT_FALSE(Text().IsEditable());
+}
+
+TEST(Help, AskedForAgainIsTheSameWindow)
+{
+  const auto windows = [] {
+    return std::ranges::count_if(wxTopLevelWindows, [](const wxWindow* window) {
+      return window->GetName() == "FrmHelp" && !window->IsBeingDeleted();
+    });
+  };
+  const platform::EmbeddedResources resources;
+  platform::WxDialogs dialogs(resources);
+  for (int time = 0; time < 2; ++time) {
+    dialogs.ShowHelp();
+    LetTimePass(100);
+    EXPECT_EQ(windows(), 1);
+  }
+  wxWindow::FindWindowByName("FrmHelp")->Close();
+  LetTimePass(100);
+  EXPECT_EQ(windows(), 0);
+  dialogs.ShowHelp();
+  LetTimePass(100);
+  EXPECT_EQ(windows(), 1);
+  wxWindow::FindWindowByName("FrmHelp")->Close();
+  LetTimePass(100);
 }
 
 TEST_F(HelpWindow, KeepsItsProportionsWhenItIsResized)
