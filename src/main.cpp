@@ -5,6 +5,7 @@
 #include <wx/stdpaths.h>
 
 #include <cstdio>
+#include <exception>
 #include <optional>
 #include <string>
 #include <utility>
@@ -63,6 +64,21 @@ class Program final : public wxApp {
     frame->FitToDesktop(Corner());
     frame->Show();
     frame->RunMarquee();
+    return true;
+  }
+
+  /// What an event of the window throws; those of the program itself are caught before.
+  bool OnExceptionInMainLoop() override
+  {
+    std::string reason = "something unexpected happened";
+    try {
+      throw;
+    } catch (const std::exception& error) {
+      reason = error.what();
+    } catch (...) {
+    }
+    dialogs_.ShowMessage("This cannot be done: " + reason + ".", platform::Icon::kExclamation,
+                         platform::Buttons::kOk);
     return true;
   }
 
