@@ -53,6 +53,7 @@ struct SaveCalls {
 
 /// Where the links that start at `path` end; the last one's target need not exist. Where links are
 /// not told from files it is `path`, with its file named as the disk spells it.
-[[nodiscard]] std::filesystem::path BehindLinks(std::filesystem::path path, std::error_code& error);
+[[nodiscard]] std::filesystem::path BehindLinks(const std::filesystem::path& path,
+                                                std::error_code& error);
 
 }  // namespace velquist::platform

@@ -215,20 +215,21 @@ std::error_code MayReplace(const fs::path& file)
   return ErrorOf(::faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS));
 }
 
-fs::path BehindLinks(fs::path path, std::error_code& error)
+fs::path BehindLinks(const fs::path& path, std::error_code& error)
 {
   constexpr int kMostLinks = 40;
   std::error_code unknown;
-  for (int links = 0; fs::is_symlink(path, unknown); ++links) {
+  auto end = path;
+  for (int links = 0; fs::is_symlink(end, unknown); ++links) {
     if (links == kMostLinks) {
       error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
-      return path;
+      return end;
     }
-    const auto next = fs::read_symlink(path, error);
-    if (error) return path;
-    path = path.parent_path() / next;
+    const auto next = fs::read_symlink(end, error);
+    if (error) return end;
+    end = end.parent_path() / next;
   }
-  return path;
+  return end;
 }
 
 }  // namespace velquist::platform

@@ -63,6 +63,7 @@ Error KeepAttributes(const fs::path& old, int file)
   FILE_BASIC_INFO kept{};  // times of 0 stay as they are
   kept.FileAttributes = attributes & kKeptAttributes;
   if (kept.FileAttributes == 0) kept.FileAttributes = FILE_ATTRIBUTE_NORMAL;
+  // The runtime library gives handles as numbers. NOLINTNEXTLINE(performance-no-int-to-ptr)
   const auto handle = reinterpret_cast<HANDLE>(::_get_osfhandle(file));
   if (::SetFileInformationByHandle(handle, FileBasicInfo, &kept, sizeof kept)) return {};
   return LastError();
@@ -160,7 +161,7 @@ std::error_code MayReplace(const fs::path& file)
   return {};
 }
 
-fs::path BehindLinks(fs::path path, std::error_code& /*error*/)
+fs::path BehindLinks(const fs::path& path, std::error_code& /*error*/)
 {
   return SpelledAsOnDisk(Lengthened(path));
 }
