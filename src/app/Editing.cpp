@@ -30,7 +30,7 @@ void MainWindow::ShowSetup()
 
 void MainWindow::Step_Click(int slot, edit::Direction direction)
 {
-  const auto shown = car_.Step(slot, direction);
+  const auto shown = car_.Step(slot, direction, repeated_);
   if (!setup::IsGear(slot)) {
     for (const int each : shown) ShowSlotValue(each);
   } else if (!shown.empty()) {
@@ -42,6 +42,7 @@ void MainWindow::Step_Click(int slot, edit::Direction direction)
 void MainWindow::Combo1_Click(int list)
 {
   car_.ChooseInList(list, form_.Combo1[At(list)].selection);
+  ShowMark(edit::SlotOfList(list));
   if (list == edit::kFinalDriveList) {
     for (int slot = setup::kFirstGear; slot <= kLastGear; ++slot) ShowOverallRatio(slot);
     DrawSpeedBands();
@@ -97,6 +98,7 @@ void MainWindow::ShowDrivetrainLists()
     combo.items = edit::ItemsOfList(list, car_.SetupData(), car_.Gears());
     combo.selection = car_.ListSelection(list);
     combo.text = combo.items.at(At(combo.selection));
+    ShowMark(edit::SlotOfList(list));
   }
 }
 
@@ -115,12 +117,14 @@ void MainWindow::ShowSlotValue(int slot)
 {
   form_.Label1[At(slot)].text =
       edit::DisplayText(slot, car_.Value(slot), globals_.Units, car_.Options().FineIndex());
+  ShowMark(slot);
 }
 
 void MainWindow::ShowGear(int slot)
 {
   const int row = edit::GearRowOf(car_.SetupData(), slot);
   form_.Label1[At(slot)].text = car_.Gears().DisplayText(row);
+  ShowMark(slot);
   ShowOverallRatio(slot);
 }
 

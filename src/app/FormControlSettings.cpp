@@ -220,7 +220,7 @@ struct ControlRows {
     form.Frame({VELQUIST_CONTROL(Frame1), .index = 7, .kind = kFrame, .place = {1098, 92, 158, 144},
                 .font_size = kTitleSize, .caption = "Edit Options"});
     Option(form, 114,
-           {VELQUIST_CONTROL(AsymmetricCheck), .kind = kCheck, .caption = "Asy&mmetric Adjust",
+           {VELQUIST_CONTROL(AsymmetricCheck), .kind = kCheck, .caption = "&Asymmetric Adjust",
             .tip = "Left and right sides can differ",
             .event = On<&MainWindow::AsymmetricCheck_Click>});
     Option(form, 144,
@@ -243,7 +243,7 @@ struct ControlRows {
             .event = On<&MainWindow::OptUnits_Click>, .begins_group = true});
     Option(
         form, 296,
-        {VELQUIST_CONTROL(OptUnits), .index = 1, .kind = kOption, .caption = "M&etric",
+        {VELQUIST_CONTROL(OptUnits), .index = 1, .kind = kOption, .caption = "&Metric",
          .tip = "Show kPa, N/cm, cm, litres and km/h", .event = On<&MainWindow::OptUnits_Click>});
   }
 

@@ -62,7 +62,8 @@ struct ControlDesign {
   std::string_view caption{};     ///< initial text; `&` marks the mnemonic
   std::string_view spoken{};      ///< accessible name where the caption does not say it
   std::string_view tip{};
-  std::string_view shortcut{};  ///< "Ctrl+O"
+  std::string_view shortcut{};        ///< "Ctrl+O"
+  std::string_view other_shortcut{};  ///< a second one that does the same
 
   /// What happens when the user presses, chooses or checks it; null where nothing does.
   void (*event)(MainWindow& window, int index) = nullptr;
@@ -70,6 +71,7 @@ struct ControlDesign {
   bool begins_group = false;  ///< of menu items, behind a line; of option buttons
   bool exclusive = false;     ///< menu item with a mark that only one of its menu has
   bool opens_first = false;   ///< list that a key opens, which otherwise would choose
+  bool chosen_again = false;  ///< choosing the marked one of them is no idle choice
   Alignment alignment = Alignment::kCentre;  ///< of a label
   bool ellipsis =
       false;  ///< a long text loses its middle and is whole in the window's tool tip for it
@@ -94,8 +96,9 @@ struct Control {
   bool shown = true;
   bool enabled = true;
   bool checked = false;
-  Place place{};      ///< scaled for the screen
-  int font_size = 0;  ///< pixels, scaled for the screen
+  bool marked = false;  ///< of a value or list: differs from the reference
+  Place place{};        ///< scaled for the screen
+  int font_size = 0;    ///< pixels, scaled for the screen
 };
 
 /// Number of entries in the arrays indexed by parameter slot.
@@ -136,6 +139,8 @@ struct FormControls {
   Control LblMarquee;
 
   Control MnuFile, MnuNew, MnuOpen, MnuSave, MnuSaveAs, MnuRevert, MnuExport, MnuExit;
+  Control MnuEdit, MnuUndo, MnuRedo, MnuReference, MnuReferenceLoaded, MnuReferenceDefault,
+      MnuReferenceFile;
   Control MnuTools, MnuImportChassis, MnuImportDrivetrain, MnuReverse, MnuSaveAsFormat,
       MnuShortFormat, MnuLongFormat, MnuAddInstall, MnuDeleteInstall;
   Control MnuHelp, MnuHelp2, MnuAbout;

@@ -31,10 +31,11 @@ Control* MainWindow::FindOf(std::string_view name, int index,
   return is_one ? control : nullptr;
 }
 
-bool MainWindow::Click(std::string_view name, int index)
+bool MainWindow::Click(std::string_view name, int index, bool repeated)
 {
   const Control* control = FindOf(name, index, {ControlKind::kButton, ControlKind::kMenu});
   if (control == nullptr || control->design->event == nullptr || ended_) return false;
+  const Flag held(repeated_, repeated);
   Event([&] { Fire(*control); });
   return true;
 }

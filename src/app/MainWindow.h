@@ -38,8 +38,9 @@ class MainWindow {
   /// Start-up; `command_line` is empty or the path of one setup file, quoted or not.
   void Form_Load(std::string_view command_line);
 
-  /// A press of a button or menu item. False when there is no such control or it does nothing.
-  bool Click(std::string_view name, int index = -1);
+  /// A press of a button or menu item; `repeated` where a button that is held presses itself.
+  /// False when there is no such control or it does nothing.
+  bool Click(std::string_view name, int index = -1, bool repeated = false);
   /// The user sets a check box or chooses an option button. False when there is none of that name.
   bool Check(std::string_view name, int index, bool checked);
   /// The user chooses an item of a drop-down list; choosing the chosen one is an event too.
@@ -68,6 +69,8 @@ class MainWindow {
   [[nodiscard]] std::string SavePath() const;
   /// A path of the program's as this machine spells it.
   [[nodiscard]] std::string HostText(std::string_view path) const;
+  /// What a marked control has become: "was 90, now 110 (+20)"; empty for one that is not marked.
+  [[nodiscard]] std::string DifferenceText(const ControlDesign& design) const;
 
   [[nodiscard]] const MainForm& Form() const noexcept { return form_; }
   [[nodiscard]] const edit::CarSetup& Car() const noexcept { return car_; }
@@ -180,6 +183,21 @@ class MainWindow {
   void ShowLockingPercent();
   void ShowGearRows();
 
+  // Comparing.cpp: history and reference
+  void StartEditing();
+  void MnuUndo_Click();
+  void MnuRedo_Click();
+  void ShowAnotherState();
+  void ShowHistory();
+  void MnuReferenceLoaded_Click();
+  void MnuReferenceDefault_Click();
+  void MnuReferenceFile_Click();
+  void CompareWithFile(edit::ReferenceSource source, const std::string& path);
+  std::optional<edit::Reference> ReadReference(edit::ReferenceSource source,
+                                               const std::string& path);
+  void ShowReference();
+  void ShowMark(int slot);
+
   // Pictures.cpp: charts, car picture, marquee
   void DrawCharts();
   void DrawEngineChart();
@@ -197,6 +215,7 @@ class MainWindow {
   MainForm form_;
   bool ended_ = false;
   std::string_view incomplete_data_file_;  ///< of those read last; empty when it is whole
+  bool repeated_ = false;  ///< the press under way is one of a held button
 };
 
 }  // namespace velquist::app

@@ -31,6 +31,28 @@ struct MenuRows {
     form.MenuItem({VELQUIST_CONTROL(MnuExit), .frame = "MnuFile", .caption = "E&xit",
                    .tip = "End the program", .shortcut = "Ctrl+Q",
                    .event = On<&MainWindow::MayClose>, .begins_group = true});
+    form.Menu({VELQUIST_CONTROL(MnuEdit), .caption = "&Edit"});
+    form.MenuItem({VELQUIST_CONTROL(MnuUndo), .frame = "MnuEdit", .caption = "&Undo",
+                   .tip = "Take back the last change of values", .shortcut = "Ctrl+Z",
+                   .event = On<&MainWindow::MnuUndo_Click>});
+    form.MenuItem({VELQUIST_CONTROL(MnuRedo), .frame = "MnuEdit", .caption = "&Redo",
+                   .tip = "Make the change again that was taken back", .shortcut = "Ctrl+Y",
+                   .other_shortcut = "Ctrl+Shift+Z", .event = On<&MainWindow::MnuRedo_Click>});
+    form.Menu({VELQUIST_CONTROL(MnuReference), .frame = "MnuEdit", .caption = "Re&ference",
+               .begins_group = true});
+    form.MenuItem({VELQUIST_CONTROL(MnuReferenceLoaded), .frame = "MnuReference",
+                   .caption = "Setup as &Loaded", .tip = "Mark what differs from what was loaded",
+                   .event = On<&MainWindow::MnuReferenceLoaded_Click>, .exclusive = true,
+                   .chosen_again = true});
+    form.MenuItem({VELQUIST_CONTROL(MnuReferenceDefault), .frame = "MnuReference",
+                   .caption = "&Default Setup",
+                   .tip = "Mark what differs from the mod year's default setup",
+                   .event = On<&MainWindow::MnuReferenceDefault_Click>, .exclusive = true,
+                   .chosen_again = true});
+    form.MenuItem({VELQUIST_CONTROL(MnuReferenceFile), .frame = "MnuReference",
+                   .caption = "Setup &File...", .tip = "Mark what differs from another setup file",
+                   .event = On<&MainWindow::MnuReferenceFile_Click>, .exclusive = true,
+                   .chosen_again = true});
     form.Menu({VELQUIST_CONTROL(MnuTools), .caption = "&Tools"});
     form.MenuItem({VELQUIST_CONTROL(MnuImportChassis), .frame = "MnuTools",
                    .caption = "Import &Chassis...",

@@ -112,7 +112,7 @@ void MainWindow::TakeOpened(const std::string& path, const std::string& name)
     ChooseOrAdd(form_.Combo4, place->player);
     ChooseOrAdd(form_.Combo5, place->track);
   }
-  car_.ClearChanged();
+  StartEditing();
   Say("Opened", path);
 }
 

@@ -135,7 +135,7 @@ void MainWindow::MnuRevert_Click()
     car_.LoadValues();
     ShowSetup();
     DrawCharts();
-    car_.ClearChanged();
+    StartEditing();
     Say("Reverted to", car_.FileName());
   });
 }

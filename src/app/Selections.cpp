@@ -192,7 +192,7 @@ void MainWindow::Combo2_Click()
   car_.LoadValues();
   ShowSetup();
   Choose(form_.Combo3, car_.ChassisIndex());
-  car_.ClearChanged();
+  StartEditing();
 }
 
 void MainWindow::Combo3_Click()
@@ -232,7 +232,7 @@ void MainWindow::Combo7_Click()
   }
   ShowCarPicture();
   DrawCharts();
-  car_.ClearChanged();
+  StartEditing();
 }
 
 void MainWindow::MnuAddInstall_Click()

@@ -9,6 +9,7 @@
 #include "install/Installations.h"
 #include "install/ProgramSettings.h"
 #include "platform/Paths.h"
+#include "setup/Identification.h"
 
 namespace velquist::app {
 namespace {
@@ -53,7 +54,7 @@ void MainWindow::Form_Load(std::string_view command_line)
     LoadStartingSetup();
     globals_.from_command_line = false;
     globals_.ready = true;
-    car_.ClearChanged();
+    StartEditing();
     ShowGearRows();
     DrawCharts();
     ShowCarPicture();
@@ -259,12 +260,8 @@ bool MainWindow::MayClose()
 
 void MainWindow::LoadDefaultSetup()
 {
-  static constexpr std::array<std::string_view, data::kModYearCount> kDefaults = {
-      "67 Velquist Default.vqset", "65 Velquist Default.vqset", "66 Velquist Default.vqset",
-      "69 Velquist Default.vqset", "GT Velquist Default.vqset"};
-  const auto year = static_cast<std::size_t>(car_.ModYearIndex());
-  if (year >= kDefaults.size()) EndWith(kCorruptedSettings, Icon::kCritical);
-  const std::string name(kDefaults[year]);
+  const std::string name(setup::DefaultSetupName(car_.ModYearIndex()));
+  if (name.empty()) EndWith(kCorruptedSettings, Icon::kCritical);
   const auto path = outside_.program_directory + "\\" + name;
   if (!outside_.files.Exists(path))
     EndWith(

@@ -25,6 +25,8 @@ class GearData {
   /// Overwrites one row.
   void SetRow(int row, std::array<std::string, 3> fields);
 
+  friend bool operator==(const GearData& a, const GearData& b) = default;
+
  private:
   std::array<std::array<std::string, 3>, kGearRows> text_;
   std::array<float, kGearRows> ratio_{};

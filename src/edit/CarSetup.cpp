@@ -2,12 +2,15 @@
 #include "edit/CarSetup.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <utility>
 
 #include "data/ChassisCatalogue.h"
 #include "edit/Drivetrain.h"
 #include "platform/Errors.h"
 #include "setup/Imports.h"
+#include "setup/SlotNames.h"
 #include "setup/SlotTable.h"
 
 namespace velquist::edit {
@@ -15,10 +18,20 @@ namespace {
 
 using setup::RowOf;
 
-std::size_t At(int list)
+std::size_t At(int index)
 {
-  return static_cast<std::size_t>(list);
+  return static_cast<std::size_t>(index);
 }
+
+bool SameBits(float a, float b)
+{
+  return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b);
+}
+
+constexpr std::string_view kImportOfChassis = "import of chassis";
+constexpr std::string_view kImportOfDrivetrain = "import of drivetrain";
+constexpr std::string_view kReversal = "reversal of sides";
+constexpr std::string_view kFromReference = "values of the reference";
 
 }  // namespace
 
@@ -32,6 +45,18 @@ void CarSetup::AllOrNothing(Change&& change)
     Restore(std::move(before));
     throw;
   }
+}
+
+/// A change of values that can be undone. Without `sets_changed` it asks for no saving.
+template <class Change>
+void CarSetup::AsStep(std::string_view name, bool sets_changed, Change&& change)
+{
+  AllOrNothing([&] {
+    auto before = Values();
+    std::forward<Change>(change)();
+    history_->Add(name, sets_changed, std::move(before), Values());
+    if (sets_changed) changed_ = true;
+  });
 }
 
 int CarSetup::EngineSlot() const
@@ -96,7 +121,7 @@ void CarSetup::LoadLists()
 {
   AllOrNothing([&] {
     for (const int list : {kPowerAngleList, kCoastAngleList, kClutchesList, kFinalDriveList})
-      ChooseInList(list, SelectionInList(list, setup_data_));
+      SelectInList(list, SelectionInList(list, setup_data_));
   });
 }
 
@@ -113,6 +138,7 @@ void CarSetup::WriteFile(platform::FileSystem& files, std::string_view path,
       setup_data_.Current(RowOf(SlotOfList(list))) = static_cast<float>(list_values[At(list)]);
     auto written = std::make_shared<const setup::Bytes>(std::move(bytes));
     setup::WriteSetupFile(files, path, *written);
+    history_->Saved(edited_bytes_, written);
     SetupBuffer_ = std::move(written);
     TakeBuffer();
     changed_ = false;
@@ -136,21 +162,33 @@ void CarSetup::SetProportionalSprings(bool on) noexcept
   if (on) options_.asymmetric = false;
 }
 
-ShownSlots CarSetup::Step(int slot, Direction direction)
+ShownSlots CarSetup::Step(int slot, Direction direction, bool repeated)
 {
   changed_ = true;
   const float rear_weight = data::RearWeightFraction(ModYearIndex_, EngineSlot());
-  const bool gear = setup::IsGear(slot);
-  const float before = gear ? Value(slot) : 0;
+  const auto [first, count] = ReachOfStep(slot);
+  std::array<SlotChange, 4> changes{};
+  for (int at = 0; at < count; ++at)
+    changes.at(At(at)) = {.slot = first + at, .before = Value(first + at)};
   const auto shown = edit::Step(setup_data_, slot, direction, options_, rear_weight);
-  if (gear) {
+  if (setup::IsGear(slot)) {
     try {
       (void)GearRowOf(setup_data_, slot);
     } catch (const BoundsError&) {
-      setup_data_.Current(RowOf(slot)) = before;
+      setup_data_.Current(RowOf(slot)) = changes.front().before;
       throw;
     }
   }
+  std::size_t moved = 0;
+  for (int at = 0; at < count; ++at) {
+    auto change = changes.at(At(at));
+    change.after = Value(change.slot);
+    if (!SameBits(change.before, change.after)) changes.at(moved++) = change;
+  }
+  if (moved > 0)
+    history_->AddPress(slot, direction, repeated, std::span(changes).first(moved));
+  else
+    history_->EndPress();
   return shown;
 }
 
@@ -160,6 +198,11 @@ int CarSetup::ListSelection(int list) const
 }
 
 void CarSetup::ChooseInList(int list, int position)
+{
+  AsStep(setup::SlotName(SlotOfList(list)), true, [&] { SelectInList(list, position); });
+}
+
+void CarSetup::SelectInList(int list, int position)
 {
   if (position < 0 || position >= LengthOfList(list, setup_data_))
     throw BoundsError("selection " + std::to_string(position));
@@ -172,7 +215,6 @@ void CarSetup::ChooseInList(int list, int position)
     setup_data_.Current(RowOf(setup::kFinalDrive)) = static_cast<float>(row);
   }
   lists_.at(At(list)) = position;
-  changed_ = true;
 }
 
 int CarSetup::FinalDriveRow() const
@@ -182,26 +224,44 @@ int CarSetup::FinalDriveRow() const
 
 void CarSetup::ImportChassis()
 {
-  AllOrNothing([&] {
+  AsStep(kImportOfChassis, true, [&] {
     setup::ImportChassis(*SetupBuffer_, ModYearIndex_, setup_data_);
     TakeBuffer();
-    changed_ = true;
   });
 }
 
 void CarSetup::ImportDrivetrain()
 {
-  AllOrNothing([&] {
+  AsStep(kImportOfDrivetrain, true, [&] {
     setup::ImportDrivetrain(*SetupBuffer_, tables_->gears, setup_data_);
     LoadLists();
     TakeBuffer();
-    changed_ = true;
   });
 }
 
 void CarSetup::ReverseSides()
 {
-  AllOrNothing([&] { setup::ReverseSides(setup_data_); });
+  AsStep(kReversal, false, [&] { setup::ReverseSides(setup_data_); });
+}
+
+void CarSetup::TakeFromReference(std::span<const int> slots)
+{
+  AsStep(kFromReference, true, [&] {
+    for (const int slot : slots) TakeValueFromReference(slot);
+  });
+}
+
+void CarSetup::TakeValueFromReference(int slot)
+{
+  if (!IsCompared(*this, slot)) return;
+  const bool wing = slot == setup::kFrontWing || slot == setup::kRearWing;
+  if (wing && !reference_->has_wings) return;
+  const auto value = ValueFromReference(*reference_, *this, slot);
+  if (!value) return;
+  if (const auto list = ListOfSlot(slot))
+    SelectInList(*list, *PositionInList(*list, *value, setup_data_));
+  else
+    setup_data_.Current(RowOf(slot)) = *value;
 }
 
 CarSnapshot CarSetup::Snapshot() const
@@ -217,6 +277,10 @@ CarSnapshot CarSetup::Snapshot() const
       .formula_index = formula_index_,
       .changed = changed_,
       .file_name = file_name_,
+      .history = history_,
+      .mark = history_->Now(),
+      .loaded = loaded_,
+      .reference = reference_,
   };
   setup_data_.CopyCurrent(snapshot.values);
   return snapshot;
@@ -236,6 +300,10 @@ void CarSetup::Restore(CarSnapshot snapshot)
   formula_index_ = snapshot.formula_index;
   changed_ = snapshot.changed;
   file_name_ = std::move(snapshot.file_name);
+  history_ = std::move(snapshot.history);
+  history_->GoBack(snapshot.mark);
+  loaded_ = std::move(snapshot.loaded);
+  reference_ = std::move(snapshot.reference);
 }
 
 }  // namespace velquist::edit

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,8 @@
 #include "data/ModYear.h"
 #include "data/SetupData.h"
 #include "edit/EditOptions.h"
+#include "edit/History.h"
+#include "edit/Reference.h"
 #include "edit/StepEditing.h"
 #include "platform/FileSystem.h"
 #include "setup/BinarySubs.h"
@@ -41,6 +44,10 @@ struct CarSnapshot {
   std::int16_t formula_index = 0;
   bool changed = false;
   std::string file_name;
+  std::shared_ptr<History> history;
+  History::Mark mark;  ///< in `history`
+  std::shared_ptr<const Reference> loaded;
+  std::shared_ptr<const Reference> reference;
 };
 static_assert(sizeof(CarSnapshot) < 1024);
 
@@ -48,10 +55,15 @@ static_assert(sizeof(CarSnapshot) < 1024);
 enum class DataFile { kSetupData, kGearData };
 
 /// The setup being edited and the car it is for, without a window: the bytes that were read, the
-/// current values, the chosen list positions, the edit options, the tables of the mod year. Every
+/// current values, the chosen list positions, the edit options, the tables of the mod year, the
+/// steps that can be undone, the setup that it is compared with. Every
 /// change of a value is made here. A member that throws leaves all as it was.
 class CarSetup {
  public:
+  CarSetup() = default;
+  CarSetup(const CarSetup&) = delete;
+  CarSetup& operator=(const CarSetup&) = delete;
+
   // --- which car
   [[nodiscard]] data::ModYear ModYearIndex() const noexcept { return ModYearIndex_; }
   [[nodiscard]] int ChassisIndex() const noexcept { return chassis_index_; }
@@ -70,6 +82,10 @@ class CarSetup {
                                                       std::string_view program_directory);
   [[nodiscard]] const data::SetupData& SetupData() const noexcept { return setup_data_; }
   [[nodiscard]] const data::GearData& Gears() const noexcept { return tables_->gears; }
+  [[nodiscard]] std::shared_ptr<const data::GearData> GearTable() const noexcept
+  {
+    return {tables_, &tables_->gears};
+  }
 
   // --- the file
   /// Reads a file into the setup buffer, which an empty file leaves as it was, and tells whether
@@ -94,7 +110,9 @@ class CarSetup {
   [[nodiscard]] const std::string& FileName() const noexcept { return file_name_; }
   void SetFileName(std::string name) { file_name_ = std::move(name); }
   [[nodiscard]] bool Changed() const noexcept { return changed_; }  ///< edits that are not saved
-  void ClearChanged() noexcept { changed_ = false; }
+  /// What was loaded is complete: nothing is changed, the history begins, and this setup is the
+  /// reference.
+  void StartEditing();
 
   // --- editing
   [[nodiscard]] float Value(int slot) const;  ///< current value, English units
@@ -103,8 +121,9 @@ class CarSetup {
   void SetProportionalSprings(bool on) noexcept;  ///< ends asymmetric editing
   void SetFine(bool on) noexcept { options_.fine = on; }
   void SetConstantRollBars(bool on) noexcept { options_.constant_roll_bars = on; }
-  /// Slots whose labels have to be rewritten. A press that moves nothing counts as a change, too.
-  ShownSlots Step(int slot, Direction direction);
+  /// Slots whose labels have to be rewritten. A press that moves nothing counts as a change, too,
+  /// but is no step of the history. `repeated`: a button that is held presses itself.
+  ShownSlots Step(int slot, Direction direction, bool repeated);
   /// Position of list 0 to 3 of the differential.
   [[nodiscard]] int ListSelection(int list) const;
   void ChooseInList(int list, int position);
@@ -115,6 +134,23 @@ class CarSetup {
   void ImportDrivetrain();
   /// Swaps left and right; not a change that asks to be saved.
   void ReverseSides();
+  /// Takes the reference's values of these slots; what the car does not have stays: ratio numbers,
+  /// wings, gears that are not among the slot's rows, numbers that are not in the slot's list.
+  void TakeFromReference(std::span<const int> slots);
+
+  // --- the history
+  /// False when there is nothing to undo or redo.
+  bool Undo();
+  bool Redo();
+  [[nodiscard]] std::string_view UndoText() const;  ///< "left front wheel rate"; empty for nothing
+  [[nodiscard]] std::string_view RedoText() const;
+  [[nodiscard]] const History& Steps() const noexcept { return *history_; }
+
+  // --- the reference
+  [[nodiscard]] const Reference& ComparedWith() const noexcept { return *reference_; }
+  void CompareWith(Reference reference);
+  void CompareWithLoaded() noexcept { reference_ = loaded_; }
+  [[nodiscard]] bool Differs(int slot) const { return edit::Differs(*reference_, *this, slot); }
 
   [[nodiscard]] CarSnapshot Snapshot() const;
   void Restore(CarSnapshot snapshot);
@@ -123,6 +159,12 @@ class CarSetup {
   template <class Change>
   void AllOrNothing(Change&& change);
   void TakeBuffer() { edited_bytes_ = SetupBuffer_; }
+  void SelectInList(int list, int position);
+  void TakeValueFromReference(int slot);
+  template <class Change>
+  void AsStep(std::string_view name, bool sets_changed, Change&& change);
+  [[nodiscard]] ValueSet Values() const;
+  void Show(const HistoryStep& step, bool after);
 
   std::shared_ptr<const ReferenceTables> tables_ = std::make_shared<ReferenceTables>();
   data::SetupData setup_data_;  ///< the limits of `tables_`; current values in column 0
@@ -135,6 +177,9 @@ class CarSetup {
   std::int16_t formula_index_ = 0;
   bool changed_ = false;
   std::string file_name_;
+  std::shared_ptr<History> history_ = std::make_shared<History>();
+  std::shared_ptr<const Reference> loaded_ = std::make_shared<Reference>();
+  std::shared_ptr<const Reference> reference_ = loaded_;
 };
 
 }  // namespace velquist::edit

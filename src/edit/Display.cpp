@@ -69,6 +69,16 @@ const std::array<std::string_view, 2 * kUnitCaptionRows> UnitCaptions = {
 
 namespace {
 
+/// A single times 10, 100 or 1000 is exact in double precision, so ties are seen as they are.
+constexpr std::array kPowers = {1.0, 10.0, 100.0, 1000.0};
+
+/// The raw value of a slot in the unit shown.
+float Shown(int slot, float raw, int units)
+{
+  const auto factor = DisplayFactor.at(static_cast<std::size_t>(slot + kDisplaySlots * units));
+  return static_cast<float>(static_cast<double>(raw) * static_cast<double>(factor));
+}
+
 /// `value`, which is not negative, rounded half up. The C library's own function is not exact just
 /// below a half on every system.
 double RoundedHalfUp(double value)
@@ -80,8 +90,6 @@ double RoundedHalfUp(double value)
 /// |value| x 10^decimals rounded half away from zero, as digits with one at least before the point.
 std::string ScaledDigits(double value, std::size_t decimals)
 {
-  // A single times 10, 100 or 1000 is exact in double precision, so ties are seen as they are.
-  constexpr std::array kPowers = {1.0, 10.0, 100.0, 1000.0};
   constexpr std::size_t kLongestDouble = 330;
   std::array<char, kLongestDouble> text{};
   const auto end = std::to_chars(text.data(), text.data() + text.size(),
@@ -131,14 +139,23 @@ std::string FormatRatio(double value)
   return Format(value, {.decimals = 2, .leading_zero = false, .grouping = false});
 }
 
+int ShownDecimals(int slot, int fine)
+{
+  return DisplayDecimals.at(static_cast<std::size_t>(slot + kDisplaySlots * fine));
+}
+
+double RoundedAsShown(int slot, float raw, int units, int fine)
+{
+  const double scale = kPowers.at(static_cast<std::size_t>(ShownDecimals(slot, fine)));
+  const double shown = Shown(slot, raw, units);
+  return std::copysign(RoundedHalfUp(std::fabs(shown) * scale), shown) / scale;
+}
+
 std::string DisplayText(int slot, float raw, int units, int fine)
 {
   if (slot < 0 || slot >= kDisplaySlots) throw BoundsError("display slot " + std::to_string(slot));
   if (slot >= setup::kFrontWing && raw < 0.0F) return "None";
-  const auto factor = DisplayFactor.at(static_cast<std::size_t>(slot + kDisplaySlots * units));
-  const auto shown = static_cast<float>(static_cast<double>(raw) * static_cast<double>(factor));
-  const auto decimals = DisplayDecimals.at(static_cast<std::size_t>(slot + kDisplaySlots * fine));
-  return FormatNumber(shown, decimals);
+  return FormatNumber(Shown(slot, raw, units), ShownDecimals(slot, fine));
 }
 
 }  // namespace velquist::edit

@@ -31,6 +31,11 @@ extern const std::array<std::string_view, 2 * kUnitCaptionRows> UnitCaptions;
 /// The picture "##.00": two decimals, no digit forced before the point, no grouping.
 [[nodiscard]] std::string FormatRatio(double value);
 
+/// Decimals of a value label, and the value that stands on it as a number. `slot` is below
+/// kDisplaySlots, here too.
+[[nodiscard]] int ShownDecimals(int slot, int fine);
+[[nodiscard]] double RoundedAsShown(int slot, float raw, int units, int fine);
+
 /// Text of a value label. `raw` is in English units, `units` and `fine` are 0 or 1. A wing below 0
 /// is "None". Throws BoundsError for a slot without a value label.
 [[nodiscard]] std::string DisplayText(int slot, float raw, int units, int fine);

@@ -46,6 +46,13 @@ int SlotOfList(int list)
   return DesignOf(list).slot;
 }
 
+std::optional<int> ListOfSlot(int slot)
+{
+  for (int list = 0; list < kDrivetrainLists; ++list)
+    if (SlotOfList(list) == slot) return list;
+  return std::nullopt;
+}
+
 int FirstOfList(int list, const data::SetupData& values)
 {
   return ToInt16(values.Value(RowOf(SlotOfList(list)), data::kMinimum));
@@ -59,16 +66,26 @@ int LengthOfList(int list, const data::SetupData& values)
   return maximum < minimum ? 0 : (maximum - minimum) / step + 1;
 }
 
+int ValueInList(int list, int position, const data::SetupData& values)
+{
+  return FirstOfList(list, values) + position * DesignOf(list).step;
+}
+
+std::optional<int> PositionInList(int list, float value, const data::SetupData& values)
+{
+  for (int position = 0; position < LengthOfList(list, values); ++position)
+    if (static_cast<float>(ValueInList(list, position, values)) == value) return position;
+  return std::nullopt;
+}
+
 std::vector<std::string> ItemsOfList(int list, const data::SetupData& values,
                                      const data::GearData& gears)
 {
-  const int step = DesignOf(list).step;
-  const int first = FirstOfList(list, values);
   const int length = LengthOfList(list, values);
   std::vector<std::string> items;
   items.reserve(static_cast<std::size_t>(length));
   for (int position = 0; position < length; ++position) {
-    const int number = first + position * step;
+    const int number = ValueInList(list, position, values);
     items.push_back(list == kFinalDriveList ? gears.DisplayText(number) : NumberItem(number));
   }
   return items;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,10 +22,19 @@ inline constexpr int kDrivetrainLists = 4;
 /// Parameter slot behind a list of Combo1.
 [[nodiscard]] int SlotOfList(int list);
 
+/// The list of such a slot.
+[[nodiscard]] std::optional<int> ListOfSlot(int slot);
+
 /// The first number of list 0 to 3, and how many there are. Whole numbers are rounded with ties to
 /// even; here and below missing rows and numbers beyond 16 bits throw BoundsError.
 [[nodiscard]] int FirstOfList(int list, const data::SetupData& values);
 [[nodiscard]] int LengthOfList(int list, const data::SetupData& values);
+
+/// The number of the item at a position.
+[[nodiscard]] int ValueInList(int list, int position, const data::SetupData& values);
+/// The position of a number; nothing when the list does not have it.
+[[nodiscard]] std::optional<int> PositionInList(int list, float value,
+                                                const data::SetupData& values);
 
 /// The items of a list. Throws BoundsError for a final drive without a gear row, too.
 [[nodiscard]] std::vector<std::string> ItemsOfList(int list, const data::SetupData& values,

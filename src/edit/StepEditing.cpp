@@ -122,6 +122,19 @@ void ConstantRollBarStep(const Press& press, ShownSlots& shown)
 
 }  // namespace
 
+SlotRange ReachOfStep(int slot) noexcept
+{
+  switch (GroupOf(slot)) {
+    case Group::kCorner: return {slot & ~1, 2};
+    case Group::kWheelRate: return {setup::kWheelRate, 4};
+    case Group::kRollBar: return {setup::kRollBar, 2};
+    case Group::kSingle:
+    case Group::kGear: return {slot, 1};
+    case Group::kNone: break;
+  }
+  return {};
+}
+
 ShownSlots Step(data::SetupData& values, int slot, Direction direction, const EditOptions& options,
                 float rear_weight_fraction)
 {

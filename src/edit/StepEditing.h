@@ -27,6 +27,13 @@ class ShownSlots {
   std::size_t count_ = 0;
 };
 
+/// The slots that a press of `slot` can change, whatever the options: so many from the first on.
+struct SlotRange {
+  int first = 0;
+  int count = 0;
+};
+[[nodiscard]] SlotRange ReachOfStep(int slot) noexcept;
+
 /// One press of the step button of `slot`: moves its value by one step (the fine step when that
 /// option is on, gears excepted), refuses what would pass its limit, and applies the options.
 /// Limits are inclusive; sums are rounded to single precision before they are compared or stored.

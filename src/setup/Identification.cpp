@@ -88,6 +88,15 @@ Identity Identify(std::string_view file_name, std::span<const std::byte> SetupBu
   return {};
 }
 
+std::string_view DefaultSetupName(ModYear ModYearIndex) noexcept
+{
+  constexpr std::array<std::string_view, data::kModYearCount> kNames = {
+      "67 Velquist Default.vqset", "65 Velquist Default.vqset", "66 Velquist Default.vqset",
+      "69 Velquist Default.vqset", "GT Velquist Default.vqset"};
+  const auto year = static_cast<std::size_t>(ModYearIndex);
+  return year < kNames.size() ? kNames[year] : std::string_view();
+}
+
 ModYear ModYearOfButton(int button)
 {
   constexpr std::array kYears = {ModYear::k1965, ModYear::k1966, ModYear::k1967, ModYear::k1969};

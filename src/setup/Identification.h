@@ -50,6 +50,9 @@ struct Identity {
 };
 [[nodiscard]] Identity Identify(std::string_view file_name, std::span<const std::byte> SetupBuffer);
 
+/// File name of the mod year's default setup, in the program's directory; empty outside kModYears.
+[[nodiscard]] std::string_view DefaultSetupName(data::ModYear ModYearIndex) noexcept;
+
 /// The mod year of button 0 to 3 of a mod year question.
 [[nodiscard]] data::ModYear ModYearOfButton(int button);
 

@@ -311,7 +311,8 @@ void FrmMain::TakeUserChange(const wxCommandEvent& event)
 void FrmMain::OnButton(wxCommandEvent& event)
 {
   const auto* const design = DesignOf(event.GetId());
-  if (design != nullptr) Handle([&] { window_.Click(design->name, design->index); });
+  if (design != nullptr)
+    Handle([&] { window_.Click(design->name, design->index, event.GetExtraLong() != 0); });
 }
 
 void FrmMain::OnChosen(wxCommandEvent& event)

@@ -20,6 +20,13 @@ wxString EntryText(const app::Control& control)
   return shown;
 }
 
+/// Systems do not report that a radio item is chosen which is marked already.
+wxItemKind KindOf(const app::ControlDesign& design)
+{
+  if (!design.exclusive) return wxITEM_NORMAL;
+  return design.chosen_again ? wxITEM_CHECK : wxITEM_RADIO;
+}
+
 }  // namespace
 
 Menus::Menus(const app::MainForm& form, int first_id) : bar_(new wxMenuBar)
@@ -44,9 +51,11 @@ void Menus::Add(const app::Control& control, int id)
   if (const Entry* const parent = Find(design.frame)) {
     entry.parent = parent->menu;
     if (design.begins_group) entry.parent->AppendSeparator();
-    entry.item =
-        new wxMenuItem(entry.parent, id, EntryText(control), platform::FromText(design.tip),
-                       design.exclusive ? wxITEM_RADIO : wxITEM_NORMAL, entry.menu);
+    entry.item = new wxMenuItem(entry.parent, id, EntryText(control),
+                                platform::FromText(design.tip), KindOf(design), entry.menu);
+    if (!design.other_shortcut.empty())
+      if (wxAcceleratorEntry other; other.FromString(platform::FromText(design.other_shortcut)))
+        entry.item->AddExtraAccel(other);
     entry.parent->Append(entry.item);
   } else {
     bar_->Append(entry.menu, EntryText(control));
@@ -77,8 +86,11 @@ void Menus::BringInLine()
     else
       entry.item->wxMenuItemBase::Enable(control.enabled);
     if (!control.shown && entry.shown) ShowEntry(entry, false);
-    if (entry.item->IsCheckable() && control.checked && !entry.item->IsChecked())
-      entry.item->Check();
+    // A radio item loses its mark to another one alone.
+    const bool may_lose_mark = entry.item->IsCheck();
+    if (entry.item->IsCheckable() && control.checked != entry.item->IsChecked() &&
+        (control.checked || may_lose_mark))
+      entry.item->Check(control.checked);
   }
 }
 

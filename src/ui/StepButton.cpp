@@ -42,13 +42,14 @@ void StepButton::SayValue(const app::ControlDesign& design)
   platform::SetSpoken(*this, platform::FromText(design.spoken), platform::FromText(said_));
 }
 
-bool StepButton::Step()
+bool StepButton::Step(bool repeated)
 {
   // Bits, so that no value counts as moved that is not a number and stays so.
   const auto bits = [this] { return std::bit_cast<std::uint32_t>(value_()); };
   const auto before = bits();
   wxCommandEvent step(wxEVT_BUTTON, GetId());
   step.SetEventObject(this);
+  step.SetExtraLong(repeated ? 1 : 0);
   {
     const app::Flag of_our_own(stepping_, true);
     ProcessWindowEvent(step);
@@ -63,7 +64,7 @@ void StepButton::OnPress(wxMouseEvent& event)
   if (event.LeftDClick() && down_) return;
   down_ = true;
   pressed_ = true;
-  if (Step()) held_.StartOnce(kDelay);
+  if (Step(false)) held_.StartOnce(kDelay);
 }
 
 void StepButton::OnRelease(wxMouseEvent& event)
@@ -85,7 +86,7 @@ void StepButton::OnHeld(wxTimerEvent&)
   const auto mouse = wxGetMouseState();
   if (!mouse.LeftIsDown() || !IsShownOnScreen() || !IsEnabled()) return;
   const bool over = GetScreenRect().Contains(mouse.GetPosition());
-  if (!over || Step()) held_.StartOnce(kInterval);
+  if (!over || Step(true)) held_.StartOnce(kInterval);
 }
 
 void StepButton::OnClicked(wxCommandEvent& event)

@@ -12,8 +12,8 @@
 namespace velquist::ui {
 
 /// A button that steps a value: at once when the mouse presses it, then again and again while it
-/// is held. Each step is one wxEVT_BUTTON. Held down it stops when it is released, when the focus
-/// goes, and when a step leaves the value as it was.
+/// is held. Each step is one wxEVT_BUTTON, with 1 as its extra long where it is a repeat. Held down
+/// it stops when it is released, when the focus goes, and when a step leaves the value as it was.
 class StepButton final : public wxButton {
  public:
   /// The current value itself, which moves in finer steps than its label may show.
@@ -28,7 +28,7 @@ class StepButton final : public wxButton {
 
  private:
   /// One step; false when it moved nothing.
-  bool Step();
+  bool Step(bool repeated);
   void OnPress(wxMouseEvent& event);
   void OnRelease(wxMouseEvent& event);
   void LetGo();

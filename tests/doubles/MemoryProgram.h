@@ -67,7 +67,9 @@ class MemoryProgram {
   }
 
   [[nodiscard]] app::MainWindow& Window() { return *window_; }
-  /// The first dialog that came, empty when none did.
+  /// The next dialog, and its answer.
+  void Announce(runner::Dialog dialog) { platform_.announcements.Announce(0, std::move(dialog)); }
+  /// The first dialog that came unannounced, empty when none did.
   [[nodiscard]] std::string UnexpectedDialog() const
   {
     const auto& failed = platform_.announcements.Failed();

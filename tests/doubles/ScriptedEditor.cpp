@@ -60,6 +60,13 @@ void Show(std::ostream& out, const edit::CarSetup& car)
       << "lists";
   for (int list = 0; list < edit::kDrivetrainLists; ++list) out << ' ' << car.ListSelection(list);
   out << "\nfile " << Quoted(car.FileName()) << ' ' << car.Changed() << '\n';
+  const edit::HistoryStep* step = nullptr;
+  for (std::size_t at = 1; (step = car.Steps().UndoStep(at)) != nullptr; ++at)
+    out << "undo " << step->name << '\n';
+  for (std::size_t at = 1; (step = car.Steps().RedoStep(at)) != nullptr; ++at)
+    out << "redo " << step->name << '\n';
+  out << "reference " << static_cast<int>(car.ComparedWith().source) << ' '
+      << Quoted(car.ComparedWith().path) << '\n';
 }
 
 void Show(std::ostream& out, const app::Globals& globals)
@@ -80,9 +87,9 @@ void Show(std::ostream& out, const app::Globals& globals)
 void Show(std::ostream& out, const app::Control& control)
 {
   out << control.design->name << ' ' << control.design->index << ' ' << Quoted(control.text) << ' '
-      << control.selection << ' ' << control.shown << control.enabled << control.checked << ' '
-      << control.place.left << ' ' << control.place.top << ' ' << control.place.width << ' '
-      << control.place.height << ' ' << control.font_size;
+      << control.selection << ' ' << control.shown << control.enabled << control.checked
+      << control.marked << ' ' << control.place.left << ' ' << control.place.top << ' '
+      << control.place.width << ' ' << control.place.height << ' ' << control.font_size;
   for (const auto& item : control.items) out << ' ' << Quoted(item);
   out << '\n';
 }

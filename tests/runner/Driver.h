@@ -23,6 +23,7 @@ struct SeenControl {
   bool enabled = true;  ///< its own state, whatever the frame around it
   bool checked = false;
   app::Place place;
+  bool marked = false;  ///< set off because it differs from the reference
 };
 
 /// Plays a user on the program, either on the main window's state alone or on the real window.

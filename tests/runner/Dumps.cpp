@@ -175,9 +175,38 @@ void DumpState(Play& play)
            << "file " << Quoted(car.FileName()) << '\n';
 }
 
+void DumpReference(Play& play)
+{
+  const auto& car = CarOf(play);
+  const auto& reference = car.ComparedWith();
+  switch (reference.source) {
+    case edit::ReferenceSource::kLoaded: play.out << "reference loaded\n"; break;
+    case edit::ReferenceSource::kDefault: play.out << "reference default\n"; break;
+    case edit::ReferenceSource::kFile:
+      play.out << "reference file " << Quoted(reference.path) << '\n';
+      break;
+  }
+  for (const auto& [slot, was, is] : edit::Differences(reference, car))
+    play.out << "differs " << slot << ' ' << Hex8(was) << ' ' << Hex8(is) << '\n';
+}
+
+void DumpHistory(Play& play)
+{
+  const auto& history = CarOf(play).Steps();
+  const auto dump = [&play](const char* word, auto step_number) {
+    const edit::HistoryStep* step = nullptr;
+    for (std::size_t count = 1; (step = step_number(count)) != nullptr; ++count)
+      play.out << word << ' ' << count << ' ' << Quoted(step->name) << '\n';
+  };
+  dump("undo", [&](std::size_t count) { return history.UndoStep(count); });
+  dump("redo", [&](std::size_t count) { return history.RedoStep(count); });
+}
+
 const std::map<std::string_view, void (*)(Play&)> kDumps = {
-    {"slots", DumpSlots}, {"buffer", DumpBuffer}, {"data", DumpData},   {"gears", DumpGears},
-    {"curve", DumpCurve}, {"bands", DumpBands},   {"state", DumpState}, {"controls", DumpControls},
+    {"slots", DumpSlots},     {"buffer", DumpBuffer},     {"data", DumpData},
+    {"gears", DumpGears},     {"curve", DumpCurve},       {"bands", DumpBands},
+    {"state", DumpState},     {"controls", DumpControls}, {"reference", DumpReference},
+    {"history", DumpHistory},
 };
 
 }  // namespace

@@ -129,6 +129,9 @@ Step ExpectControl(WordReader& words)
     return State(control, &SeenControl::enabled, false, "enabled", "disabled");
   if (words.Take("checked")) return Checked(control, true);
   if (words.Take("unchecked")) return Checked(control, false);
+  if (words.Take("marked")) return State(control, &SeenControl::marked, true, "marked", "unmarked");
+  if (words.Take("unmarked"))
+    return State(control, &SeenControl::marked, false, "marked", "unmarked");
   if (words.Take("at")) return At(words, control);
   if (words.Take("items")) return Items(words, control);
   if (int index = -1; words.TakeIndex(index))

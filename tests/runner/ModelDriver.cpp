@@ -37,8 +37,9 @@ class ModelDriver final : public Driver {
     const auto& form = Window().Form();
     const auto* const control = form.Find(name, index);
     if (control == nullptr) return std::nullopt;
-    SeenControl seen{control->design->kind,  control->text,    control->items,   control->selection,
-                     form.IsShown(*control), control->enabled, control->checked, control->place};
+    SeenControl seen{control->design->kind, control->text,          control->items,
+                     control->selection,    form.IsShown(*control), control->enabled,
+                     control->checked,      control->place,         control->marked};
     if (seen.kind == app::ControlKind::kList)
       seen.text = seen.selection < 0 ? std::string()
                                      : seen.items.at(static_cast<std::size_t>(seen.selection));

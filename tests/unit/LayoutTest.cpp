@@ -185,9 +185,10 @@ TEST(FormControlSettings, GivesNoShortcutAndNoMnemonicOfTheWindowTwice)
   std::vector<std::string> shortcuts;
   std::string mnemonics;
   for (const auto& design : FormControlSettings()) {
-    if (!design.shortcut.empty()) {
-      EXPECT_EQ(std::count(shortcuts.begin(), shortcuts.end(), design.shortcut), 0);
-      shortcuts.emplace_back(design.shortcut);
+    for (const auto shortcut : {design.shortcut, design.other_shortcut}) {
+      if (shortcut.empty()) continue;
+      EXPECT_EQ(std::count(shortcuts.begin(), shortcuts.end(), shortcut), 0);
+      shortcuts.emplace_back(shortcut);
     }
     const bool in_menu = design.kind == ControlKind::kMenu && !design.frame.empty();
     const auto at = design.caption.find('&');

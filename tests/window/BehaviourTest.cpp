@@ -121,6 +121,18 @@ TEST_F(Behaviour, AHeldStepButtonGoesOnUntilItIsReleased)
   EXPECT_EQ(Value(4), released);
 }
 
+TEST_F(Behaviour, AHeldStepButtonIsUndoneAtOnce)
+{
+  Start();
+  const float before = Value(4);
+  Press("CmdInc(4)");
+  EXPECT_TRUE(WaitUntil([&] { return Value(4) >= before + 4 * 5; }));
+  Release();
+  EXPECT_TRUE(Frame().GetMenus().Choose("MnuUndo"));
+  EXPECT_EQ(Value(4), before);
+  EXPECT_EQ(editor.Window().Car().UndoText(), "");
+}
+
 TEST_F(Behaviour, AHeldStepButtonGoesOnInFineStepsAsFarAsTheLimit)
 {
   Start();

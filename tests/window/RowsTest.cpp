@@ -13,12 +13,16 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-/// The texts of the items of `menu` and the menus in it, a line as "-", a marked kind as "(text)".
+/// The texts of the items of `menu` and the menus in it, a line as "-", a radio item as
+/// "(text)" and another that can be marked as "[text]".
 void AddItems(const wxMenu& menu, Names& items)
 {
   for (const wxMenuItem* const item : menu.GetMenuItems()) {
     const auto text = item->GetItemLabelText().ToStdString();
-    items.push_back(item->IsSeparator() ? "-" : item->IsRadio() ? "(" + text + ")" : text);
+    items.push_back(item->IsSeparator() ? "-"
+                    : item->IsRadio()   ? "(" + text + ")"
+                    : item->IsCheck()   ? "[" + text + "]"
+                                        : text);
     if (item->IsSubMenu()) AddItems(*item->GetSubMenu(), items);
   }
 }
@@ -32,6 +36,7 @@ TEST_F(Rows, GroupTheMenusAndMarkWhatIsExclusive)
   const std::vector<Names> expected = {
       {"New", "Open...", "-", "Save", "Save As...", "-", "Revert to Default", "Export Text", "-",
        "Exit"},
+      {"Undo", "Redo", "-", "Reference", "[Setup as Loaded]", "[Default Setup]", "[Setup File...]"},
       {"Import Chassis...", "Import Drivetrain...", "Reverse Chassis Settings", "-",
        "Save As Format", "(Short Format)", "(Long Format)", "-", "Add Installation...",
        "Delete Installation..."},
@@ -44,10 +49,26 @@ TEST_F(Rows, GroupTheMenusAndMarkWhatIsExclusive)
   }
 }
 
+TEST_F(Rows, LetTheMarkedItemBeChosenAgain)
+{
+  Start();
+  editor.Play("click MnuReferenceDefault\n");
+  const auto menu = [&](const char* name) { return Frame().GetMenus().Look(name)->checked; };
+  EXPECT_TRUE(menu("MnuReferenceDefault"));
+  EXPECT_FALSE(menu("MnuReferenceLoaded"));
+  const int id = Frame().GetMenuBar()->FindMenuItem("Edit", "Default Setup");
+  ASSERT_NE(id, wxNOT_FOUND);
+  Frame().GetMenuBar()->Check(id, false);  // as a user who chooses it again
+  wxCommandEvent chosen(wxEVT_MENU, id);
+  Frame().ProcessWindowEvent(chosen);
+  EXPECT_TRUE(menu("MnuReferenceDefault"));
+}
+
 TEST_F(Rows, KeepWhatOpensAMenuFromBeingACommand)
 {
   Start();
-  for (const char* const menu : {"MnuFile", "MnuTools", "MnuSaveAsFormat", "MnuHelp"})
+  for (const char* const menu :
+       {"MnuFile", "MnuEdit", "MnuReference", "MnuTools", "MnuSaveAsFormat", "MnuHelp"})
     EXPECT_FALSE(Frame().GetMenus().Choose(menu)) << menu;
   EXPECT_TRUE(Frame().GetMenus().Choose("MnuLongFormat"));
 }
