@@ -150,10 +150,11 @@ void MainWindow::ShowReference()
 
 void MainWindow::ShowMark(int slot)
 {
-  if (const auto list = edit::ListOfSlot(slot))
-    form_.Combo1[static_cast<std::size_t>(*list)].marked = car_.Differs(slot);
-  else if (Control& label = form_.Label1[static_cast<std::size_t>(slot)]; label.design != nullptr)
+  Control& label = form_.Label1[static_cast<std::size_t>(slot)];
+  if (label.design != nullptr)
     label.marked = car_.Differs(slot);
+  else if (const auto list = edit::ListOfSlot(slot))
+    form_.Combo1[static_cast<std::size_t>(*list)].marked = car_.Differs(slot);
 }
 
 std::string MainWindow::DifferenceText(const ControlDesign& design) const

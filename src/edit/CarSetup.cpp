@@ -167,23 +167,22 @@ ShownSlots CarSetup::Step(int slot, Direction direction, bool repeated)
   changed_ = true;
   const float rear_weight = data::RearWeightFraction(ModYearIndex_, EngineSlot());
   const auto [first, count] = ReachOfStep(slot);
-  std::array<SlotChange, 4> changes{};
-  for (int at = 0; at < count; ++at)
-    changes.at(At(at)) = {.slot = first + at, .before = Value(first + at)};
+  std::array<float, 4> before{};
+  for (int at = 0; at < count; ++at) before[At(at)] = Value(first + at);
   const auto shown = edit::Step(setup_data_, slot, direction, options_, rear_weight);
   if (setup::IsGear(slot)) {
     try {
       (void)GearRowOf(setup_data_, slot);
     } catch (const BoundsError&) {
-      setup_data_.Current(RowOf(slot)) = changes.front().before;
+      setup_data_.Current(RowOf(slot)) = before.front();
       throw;
     }
   }
+  std::array<SlotChange, 4> changes;
   std::size_t moved = 0;
   for (int at = 0; at < count; ++at) {
-    auto change = changes.at(At(at));
-    change.after = Value(change.slot);
-    if (!SameBits(change.before, change.after)) changes.at(moved++) = change;
+    const float after = Value(first + at);
+    if (!SameBits(before[At(at)], after)) changes[moved++] = {first + at, before[At(at)], after};
   }
   if (moved > 0)
     history_->AddPress(slot, direction, repeated, std::span(changes).first(moved));

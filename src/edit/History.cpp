@@ -44,6 +44,13 @@ void History::AddPress(int slot, Direction direction, bool repeated,
 {
   const bool goes_on = repeated && held_ && held_->slot == slot && held_->direction == direction;
   HistoryStep& step = goes_on ? steps_.back() : Append();
+  if (!goes_on) {
+    for (std::size_t at = 0; at < changes.size(); ++at) step.slots.at(at) = changes[at];
+    step.changes = static_cast<std::uint8_t>(changes.size());
+    step.name = setup::SlotName(slot);
+    held_ = {slot, direction};
+    return;
+  }
   for (const auto& change : changes) {
     auto* const end = step.slots.data() + step.changes;
     auto* const known = std::find_if(step.slots.data(), end, [&](const SlotChange& earlier) {
@@ -56,8 +63,6 @@ void History::AddPress(int slot, Direction direction, bool repeated,
       ++step.changes;
     }
   }
-  step.name = setup::SlotName(slot);
-  held_ = {slot, direction};
 }
 
 void History::Add(std::string_view name, bool sets_changed, ValueSet before, ValueSet after)

@@ -75,7 +75,8 @@ bool Has(const Reference& reference, int slot)
 
 float ValueInFile(const CarSetup& car, int slot)
 {
-  if (const auto list = ListOfSlot(slot))
+  const bool in_list = slot >= setup::kFinalDrive;  // as the slots of the lists are the last ones
+  if (const auto list = in_list ? ListOfSlot(slot) : std::nullopt)
     return static_cast<float>(ValueInList(*list, car.ListSelection(*list), car.SetupData()));
   const float value = car.Value(slot);
   // Adding 0 makes -0 a plain 0, as it is among whole numbers.
