@@ -32,7 +32,7 @@ class CarSetupTest : public ::testing::Test {
     EXPECT_TRUE(car_.ReadFile(files_, InProgram("67 Velquist Default.vqset")));
     car_.LoadValues();
     car_.LoadLists();
-    car_.ClearChanged();
+    car_.StartEditing();
   }
   static std::string InProgram(const std::string& name)
   {
@@ -49,7 +49,7 @@ TEST_F(CarSetupTest, GoesBackToASnapshotOfEverything)
   const float pressure = car_.Value(0);
   files_.Put("C:\\refused.lo1", "no setup");
   EXPECT_FALSE(car_.ReadFile(files_, "C:\\refused.lo1"));
-  (void)car_.Step(0, Direction::kIncrease);
+  (void)car_.Step(0, Direction::kIncrease, false);
   car_.ChooseInList(kClutchesList, 0);
   car_.SetProportionalSprings(true);
   car_.SetChassis(3);
@@ -92,7 +92,7 @@ TEST_F(CarSetupTest, WritesTheValuesInTheBytesOfTheSetupBeingEdited)
 {
   files_.Put("C:\\refused.lo1", "no setup");
   EXPECT_FALSE(car_.ReadFile(files_, "C:\\refused.lo1"));
-  (void)car_.Step(0, Direction::kIncrease);
+  (void)car_.Step(0, Direction::kIncrease, false);
   car_.WriteFile(files_, "C:\\mine.lo1", std::nullopt);
   const auto written = files_.ReadWhole("C:\\mine.lo1");
   ASSERT_EQ(written.size(), 264U);
