@@ -5,6 +5,7 @@
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/radiobut.h>
+#include <wx/settings.h>
 #include <wx/stattext.h>
 
 #include "app/FormControlSettings.h"
@@ -62,6 +63,14 @@ void KeepTextWhole(wxWindow& control, const wxString& text, int letters, int wid
   while (wanted() > width && letters > kSmallestLetters) control.SetFont(ControlFont(--letters));
 }
 
+/// Of values that differ from the reference, beside their weight: at least 4.5 to 1 on the window's
+/// own colour.
+wxColour MarkColour()
+{
+  const bool dark = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE).GetLuminance() < 0.5;
+  return dark ? wxColour(150, 195, 255) : wxColour(0, 60, 150);
+}
+
 long LabelStyle(const app::ControlDesign& design)
 {
   const long alignment =
@@ -95,7 +104,13 @@ void ControlWidget::BringInLine(bool shown)
   const bool other_fit =
       HasMark(Design().kind) && !control_->text.empty() &&
       (other_letters || control_->text != last_.text || control_->place.width != last_.place.width);
-  if (other_letters || other_fit) window_->SetFont(ControlFont(control_->font_size));
+  const bool other_mark = control_->marked != last_.marked;
+  if (other_letters || other_fit || other_mark) {
+    const wxFont font = ControlFont(control_->font_size);
+    window_->SetFont(control_->marked ? font.Bold() : font);
+  }
+  if (other_mark) window_->SetForegroundColour(control_->marked ? MarkColour() : wxColour());
+  last_.marked = control_->marked;
   last_.font_size = control_->font_size;
   if (Design().kind == ControlKind::kList)
     ShowItems();
