@@ -23,11 +23,10 @@ constexpr std::string_view kOpen = "It is open in another program";
 constexpr std::string_view kReadOnly = "The disk is read-only";
 constexpr std::string_view kNoRoom = "There is no room left on the disk";
 constexpr std::string_view kGone = "The folder is gone";
+constexpr std::string_view kNoRight = "You have no right to it, or it is read-only";
 
 // clang-format off
 #ifdef _WIN32
-constexpr std::string_view kNoRight = "You have no right to write here";
-
 constexpr std::array<Reason, 10> kReasons = {{
     {ERROR_SHARING_VIOLATION, kOpen},
     {ERROR_LOCK_VIOLATION, kOpen},
@@ -46,8 +45,6 @@ bool IsOfSystem(const std::error_code& error)
   return error.category() == std::system_category();
 }
 #else
-constexpr std::string_view kNoRight = "You have no right to it, or it is read-only";
-
 constexpr std::array<Reason, 8> kReasons = {{
     {EACCES, kNoRight},
     {EPERM, kNoRight},
@@ -73,6 +70,8 @@ std::string ReasonOf(const std::error_code& error)
   if (IsOfSystem(error))
     for (const auto& reason : kReasons)
       if (reason.code == error.value()) return std::string(reason.words);
+  if (error == std::errc::permission_denied) return std::string(kNoRight);
+  if (error == std::errc::no_space_on_device) return std::string(kNoRoom);
   return error.message();
 }
 

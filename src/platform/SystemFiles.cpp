@@ -106,7 +106,11 @@ fs::path SpelledAsOnDisk(const fs::path& path)
   std::wstring spelled(::GetLongPathNameW(whole.c_str(), nullptr, 0), L'\0');
   const auto size =
       ::GetLongPathNameW(whole.c_str(), spelled.data(), static_cast<DWORD>(spelled.size()));
-  if (size == 0 || size >= spelled.size()) return path;
+  if (size == 0 || size >= spelled.size()) {
+    // Nothing is there: what lies above it may be.
+    const bool has_parent = path.has_relative_path() && path.has_parent_path();
+    return has_parent ? SpelledAsOnDisk(path.parent_path()) / path.filename() : path;
+  }
   spelled.resize(size);
   return spelled;
 }

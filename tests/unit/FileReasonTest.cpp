@@ -25,7 +25,7 @@ TEST(FileReason, IsInWordsThatSayWhatToDo)
 #ifdef _WIN32
       {ERROR_SHARING_VIOLATION, "It is open in another program"},
       {ERROR_WRITE_PROTECT, "The disk is read-only"},
-      {ERROR_ACCESS_DENIED, "You have no right to write here"},
+      {ERROR_ACCESS_DENIED, "You have no right to it, or it is read-only"},
       {ERROR_DISK_FULL, "There is no room left on the disk"},
       {ERROR_PATH_NOT_FOUND, "The folder is gone"},
 #else
