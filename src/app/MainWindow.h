@@ -215,7 +215,7 @@ class MainWindow {
   MainForm form_;
   bool ended_ = false;
   std::string_view incomplete_data_file_;  ///< of those read last; empty when it is whole
-  bool repeated_ = false;  ///< the press under way is one of a held button
+  bool repeated_ = false;                  ///< the press under way is one of a held button
 };
 
 }  // namespace velquist::app

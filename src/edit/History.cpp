@@ -2,7 +2,8 @@
 #include "edit/History.h"
 
 #include <algorithm>
-#include <cstring>
+#include <bit>
+#include <cstdint>
 #include <iterator>
 #include <utility>
 
@@ -12,8 +13,9 @@ namespace velquist::edit {
 
 bool Same(const ValueSet& a, const ValueSet& b)
 {
-  return std::memcmp(a.values.data(), b.values.data(), sizeof(a.values)) == 0 &&
-         a.lists == b.lists && (a.bytes == b.bytes || *a.bytes == *b.bytes);
+  const auto bits = [](float value) { return std::bit_cast<std::uint32_t>(value); };
+  return std::ranges::equal(a.values, b.values, {}, bits, bits) && a.lists == b.lists &&
+         (a.bytes == b.bytes || *a.bytes == *b.bytes);
 }
 
 History::History()
@@ -69,7 +71,7 @@ void History::Add(std::string_view name, bool sets_changed, ValueSet before, Val
 {
   held_.reset();
   if (Same(before, after)) return;
-  auto whole = std::make_unique<WholeChange>(std::move(before), std::move(after));
+  auto whole = std::make_unique<WholeChange>(WholeChange{std::move(before), std::move(after)});
   HistoryStep& step = Append();
   step.name = name;
   step.sets_changed = sets_changed;

@@ -93,8 +93,8 @@ class MemoryFiles final : public platform::FileSystem {
   [[nodiscard]] std::string HostText(std::string_view path) const override
   {
     const auto found = files_.lower_bound(path);
-    const bool there = found != files_.end() && (found->first.size() == path.size() ||
-                                                 IsBelow(found->first, path));
+    const bool there = found != files_.end() &&
+                       (found->first.size() == path.size() || IsBelow(found->first, path));
     return there ? found->first.substr(0, path.size()) : std::string(path);
   }
 

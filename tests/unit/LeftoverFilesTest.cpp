@@ -25,7 +25,6 @@ using namespace velquist::samples;
 using namespace std::chrono_literals;
 
 constexpr unsigned long kGone = 99'999;
-constexpr unsigned long kRunning = 77'777;
 
 class Leftovers : public testing::Test {
  protected:
