@@ -58,7 +58,8 @@ class Search {
     const auto directory = around + std::string(folder.path);
     auto names = files_.ListSubdirectories(directory, kMostInFolder);
     std::ranges::sort(names);
-    for (const auto& name : names) Look(directory + "/" + name, folder.inside);
+    for (const auto& name : names)
+      Look(std::string(directory).append("/").append(name), folder.inside);
   }
 
   [[nodiscard]] std::vector<WinePrefix> Found() && { return std::move(found_); }

@@ -16,7 +16,7 @@ void WxProcess::Start(std::string_view /*path*/)
 {
   const wxString program = wxStandardPaths::Get().GetExecutablePath();
   std::vector<wxWCharBuffer> texts{program.wc_str()};
-  for (const auto& option : options_()) texts.push_back(FromText(option).wc_str());
+  for (const auto& option : options_()) texts.emplace_back(FromText(option).wc_str());
   std::vector<const wchar_t*> words(texts.begin(), texts.end());
   words.push_back(nullptr);
   if (wxExecute(words.data(), wxEXEC_ASYNC) == 0)
