@@ -21,6 +21,7 @@
 #include "platform_wx/WxPictureLoader.h"
 #include "platform_wx/WxSystem.h"
 #include "platform_wx/WxText.h"
+#include "ui/FitToDesktop.h"
 #include "ui/FrmMain.h"
 
 namespace velquist {
@@ -61,7 +62,7 @@ class Program final : public wxApp {
     wxUpdateUIEvent::SetMode(wxUPDATE_UI_PROCESS_SPECIFIED);
     auto* const frame = new ui::FrmMain(*window_, screen_, pictures_);
     dialogs_.SetOwner(frame);
-    frame->FitToDesktop(Corner());
+    ui::FitToDesktop(*frame, Corner());
     frame->Show();
     frame->RunMarquee();
     return true;

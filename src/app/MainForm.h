@@ -146,6 +146,12 @@ struct FormControls {
   Control MnuHelp, MnuHelp2, MnuAbout;
 };
 
+/// Whether a window beside the main one is open.
+struct SideWindowState {
+  bool open = false;
+  unsigned asked = 0;  ///< times that the user has asked for it; each brings it to the front
+};
+
 /// What the main window shows, as plain data. The events write to it, the front end brings its
 /// widgets in line with it.
 struct MainForm : FormControls {

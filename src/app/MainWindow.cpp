@@ -107,6 +107,18 @@ void MainWindow::Say(std::string_view done, std::string_view path)
   form_.status.append(platform::FileNameOf(path));
 }
 
+void MainWindow::AskFor(SideWindowState MainForm::*window)
+{
+  auto& state = form_.*window;
+  state.open = true;
+  ++state.asked;
+}
+
+void MainWindow::SideWindowClosed(SideWindowState MainForm::*window)
+{
+  Event([&] { (form_.*window).open = false; });
+}
+
 void MainWindow::EndWith(std::string_view text, Icon icon)
 {
   Tell(text, icon);

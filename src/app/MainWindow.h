@@ -53,6 +53,8 @@ class MainWindow {
   void FileDropped(std::string_view path);
   /// The window got the focus: asks what to do when the open file was changed by another program.
   void Activated();
+  /// The user has closed a window beside this one.
+  void SideWindowClosed(SideWindowState MainForm::*window);
   /// Called by a timer: moves the marquee when it is due.
   void Tick();
   /// Milliseconds until Tick has something to show.
@@ -100,6 +102,8 @@ class MainWindow {
   void Tell(std::string_view text, platform::Icon icon);
   void Say(std::string_view done, std::string_view path);
   [[noreturn]] void EndWith(std::string_view text, platform::Icon icon);
+
+  void AskFor(SideWindowState MainForm::*window);
 
   // StartUp.cpp: start-up and shut-down
   void LayOut();

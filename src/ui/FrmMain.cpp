@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/FrmMain.h"
 
-#include <wx/display.h>
-#include <wx/dnd.h>
 #include <wx/stattext.h>
 #include <wx/statusbr.h>
 #include <wx/utils.h>
@@ -17,6 +15,7 @@
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/ProgramIcons.h"
 #include "platform_wx/WxText.h"
+#include "ui/FileDrop.h"
 #include "ui/StepButton.h"
 
 namespace velquist::ui {
@@ -33,21 +32,6 @@ constexpr int kLeastClientHeight = 440;
 
 constexpr int kLongestPause = 1000;  ///< milliseconds between looks at the clock for the marquee
 
-class FileDrop final : public wxFileDropTarget {
- public:
-  explicit FileDrop(std::function<void(const wxString&)> dropped) : dropped_(std::move(dropped)) {}
-
-  bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override
-  {
-    if (files.size() != 1) return false;
-    dropped_(files[0]);
-    return true;
-  }
-
- private:
-  std::function<void(const wxString&)> dropped_;
-};
-
 int Rounded(float value)
 {
   return static_cast<int>(std::nearbyint(value));
@@ -62,6 +46,7 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
       window_(window),
       panel_(new wxPanel(this)),
       menus_(window.Form(), kFirstId),
+      beside_({this, window, [this](const auto& event) { Handle(event); }}),
       timer_(this)
 {
   SetIcons(platform::ProgramIcons());
@@ -80,29 +65,6 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
   ShowChanges();
   BindEvents();
   FocusFirstStepButton();
-}
-
-void FrmMain::FitToDesktop(std::optional<wxPoint> corner)
-{
-  const int at = corner ? wxDisplay::GetFromPoint(*corner) : wxDisplay::GetFromWindow(this);
-  const wxRect desktop =
-      wxDisplay(at == wxNOT_FOUND ? 0U : static_cast<unsigned>(at)).GetClientArea();
-  const wxSize size = GetSize();
-  const auto fitting = [&](const wxRect& room) {
-    return wxSize(std::min(size.x, room.width), std::min(size.y, room.height));
-  };
-  if (corner) {
-    const wxRect room = desktop * wxRect(*corner, desktop.GetBottomRight());
-    const wxSize least = ClientToWindowSize(GetMinClientSize());
-    if (room.width >= least.x && room.height >= least.y)
-      SetSize(wxRect(room.GetPosition(), fitting(room)));
-    else  // too far down: from the start again
-      SetSize(wxRect(desktop.GetPosition(), fitting(desktop)));
-    return;
-  }
-  const wxSize whole = fitting(desktop);
-  if (whole != size) SetSize(whole);
-  Move(desktop.x + (desktop.width - whole.x) / 2, desktop.y + (desktop.height - whole.y) / 2);
 }
 
 void FrmMain::RunMarquee()
@@ -254,6 +216,7 @@ void FrmMain::ShowChanges()
   for (auto* const chart : charts_) chart->BringInLine();
   car_->ShowPicture(form.car_picture);
   marquee_->BringInLine();
+  beside_.BringInLine();
   SetTimer();  // which a box on the screen has held up
 }
 

@@ -5,8 +5,6 @@
 #include <wx/panel.h>
 #include <wx/timer.h>
 
-#include <optional>
-
 #include <cstddef>
 #include <functional>
 #include <vector>
@@ -15,6 +13,7 @@
 #include "platform_wx/WxPictureLoader.h"
 #include "ui/Menus.h"
 #include "ui/PictureBoxes.h"
+#include "ui/SideWindows.h"
 #include "ui/UnsavedMark.h"
 #include "ui/Widgets.h"
 
@@ -28,10 +27,6 @@ class FrmMain final : public wxFrame {
   /// area is that of the layout on `screen`.
   FrmMain(app::MainWindow& window, const platform::Screen& screen,
           platform::WxPictureLoader& pictures);
-
-  /// Makes the window no larger than the desktop leaves room for, and puts it in the middle; with
-  /// a `corner` there, and no larger than what is right of and below it.
-  void FitToDesktop(std::optional<wxPoint> corner = {});
 
   /// Lets the time run for the marquee; without it only timer events given to the window do.
   void RunMarquee();
@@ -74,6 +69,7 @@ class FrmMain final : public wxFrame {
   wxPanel* panel_ = nullptr;
   wxWindow* file_label_ = nullptr;
   Menus menus_;
+  SideWindows beside_;
   std::vector<ControlWidget> widgets_;
   std::vector<ChartBox*> charts_;
   CarPictureBox* car_ = nullptr;

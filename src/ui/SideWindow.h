@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/frame.h>
+
+#include <functional>
+
+#include "app/MainWindow.h"
+
+namespace velquist::ui {
+
+/// A window beside the main one, which stays open while the user goes on there and shows after each
+/// event what has come of it. Escape closes it; the shortcuts of the main window's menus work in
+/// it.
+class SideWindow : public wxFrame {
+ public:
+  /// Gives an event to the program as the main window does: not while another one is under way, and
+  /// all windows are brought in line afterwards.
+  using Give = std::function<void(const std::function<void()>& event)>;
+
+  /// What a side window is made with.
+  struct Setting {
+    wxFrame* parent = nullptr;  ///< the main window, which it goes away with
+    app::MainWindow& window;
+    Give give;
+  };
+
+  /// `state` says whether it is open.
+  SideWindow(const Setting& setting, app::SideWindowState app::MainForm::*state,
+             const wxString& title, const wxString& name);
+
+  /// Shows what differs from the last time. Called after each event while the window is open.
+  virtual void BringInLine() = 0;
+
+ protected:
+  [[nodiscard]] app::MainWindow& Program() const { return window_; }
+  void GiveEvent(const std::function<void()>& event) const { give_(event); }
+
+ private:
+  void OnClose(wxCloseEvent& event);
+
+  app::MainWindow& window_;
+  Give give_;
+  app::SideWindowState app::MainForm::*state_;
+};
+
+}  // namespace velquist::ui
