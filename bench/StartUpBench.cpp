@@ -59,7 +59,7 @@ class Files final : public platform::FileSystem {
 };
 
 /// Nothing is asked or told in a start-up that goes well.
-class NoDialogs final : public platform::Dialogs {
+class NoDialogs final : public app::Dialogs {
  public:
   platform::Answer ShowMessage(std::string_view, platform::Icon, platform::Buttons) override
   {
@@ -67,8 +67,8 @@ class NoDialogs final : public platform::Dialogs {
   }
   std::optional<std::string> AskOpenFile(const platform::OpenRequest&) override { std::abort(); }
   std::optional<std::string> AskSaveFile(const platform::SaveRequest&) override { std::abort(); }
-  std::optional<int> AskModYear(platform::ModYearForm, std::string_view) override { std::abort(); }
-  void ShowInstallDelete(platform::InstallDeleteForm&) override { std::abort(); }
+  std::optional<int> AskModYear(app::ModYearForm, std::string_view) override { std::abort(); }
+  void ShowInstallDelete(app::InstallDeleteForm&) override { std::abort(); }
   void ShowHelp() override { std::abort(); }
 };
 

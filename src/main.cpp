@@ -17,12 +17,12 @@
 #include "platform/Errors.h"
 #include "platform/HostFileSystem.h"
 #include "platform/ProgramDirectory.h"
-#include "platform_wx/WxDialogs.h"
 #include "platform_wx/WxPictureLoader.h"
 #include "platform_wx/WxSystem.h"
 #include "platform_wx/WxText.h"
 #include "ui/FitToDesktop.h"
 #include "ui/FrmMain.h"
+#include "ui/ProgramDialogs.h"
 
 namespace velquist {
 namespace {
@@ -115,7 +115,7 @@ class Program final : public wxApp {
   platform::CommandLine command_line_;
   platform::HostFileSystem files_;
   platform::EmbeddedResources resources_;
-  platform::WxDialogs dialogs_;
+  ui::ProgramDialogs dialogs_;
   platform::WxProcess process_;
   platform::WxClock clock_;
   platform::WxRandom random_;

@@ -28,7 +28,7 @@ void MainWindow::ShowSetup()
   RefreshDisplay();
 }
 
-void MainWindow::Step_Click(int slot, edit::Direction direction)
+void MainWindow::Step(int slot, edit::Direction direction)
 {
   const auto shown = car_.Step(slot, direction, repeated_);
   if (!setup::IsGear(slot)) {

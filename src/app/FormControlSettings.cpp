@@ -75,17 +75,13 @@ struct ControlRows {
     form.Add({VELQUIST_CONTROL(CmdDec), .index = slot, .kind = kButton,
               .place = {left, top, button_width, kStepHeight}, .font_size = kValueSize,
               .caption = "\u25C4", .spoken = kDecreaseTexts[at], .tip = kDecreaseTexts[at],
-              .event = [](MainWindow& window,
-                          int index) { window.Step_Click(index, edit::Direction::kDecrease); },
-              .shape = Shape::kStepButton});
+              .event = On<&MainWindow::CmdDec_Click>, .shape = Shape::kStepButton});
     form.Add({VELQUIST_CONTROL(Label1), .index = slot,
               .place = {value_left, top, value_width, kStepHeight}, .font_size = kValueSize});
     form.Add({VELQUIST_CONTROL(CmdInc), .index = slot, .kind = kButton,
               .place = {increase_left, top, button_width, kStepHeight}, .font_size = kValueSize,
               .caption = "\u25BA", .spoken = kIncreaseTexts[at], .tip = kIncreaseTexts[at],
-              .event = [](MainWindow& window,
-                          int index) { window.Step_Click(index, edit::Direction::kIncrease); },
-              .shape = Shape::kStepButton});
+              .event = On<&MainWindow::CmdInc_Click>, .shape = Shape::kStepButton});
   }
 
   /// The caption of a value or list.

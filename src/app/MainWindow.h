@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
+#include "app/Dialogs.h"
 #include "app/Globals.h"
 #include "app/MainForm.h"
 #include "edit/CarSetup.h"
-#include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
 #include "platform/System.h"
 
@@ -18,7 +18,7 @@ namespace velquist::app {
 /// Everything outside the program, passed in at construction. Outlives the window.
 struct Outside {
   platform::FileSystem& files;
-  platform::Dialogs& dialogs;
+  Dialogs& dialogs;
   platform::Process& process;
   platform::Clock& clock;
   platform::Random& random;
@@ -136,8 +136,8 @@ class MainWindow {
   void SelectModYear();
   void FillChassis();
   void ShowModYearControls();
-  void MnuAddInstall_Click();
-  void MnuDeleteInstall_Click();
+  void AddInstallation();
+  void DeleteInstallation();
 
   // Opening.cpp: from disk
   void MnuOpen_Click();
@@ -171,7 +171,9 @@ class MainWindow {
 
   // Editing.cpp: values and options
   void ShowSetup();
-  void Step_Click(int slot, edit::Direction direction);
+  void CmdInc_Click(int slot) { Step(slot, edit::Direction::kIncrease); }
+  void CmdDec_Click(int slot) { Step(slot, edit::Direction::kDecrease); }
+  void Step(int slot, edit::Direction direction);
   void Combo1_Click(int list);
   void OptUnits_Click();
   void AsymmetricCheck_Click();

@@ -80,10 +80,10 @@ struct MenuRows {
                    .exclusive = true});
     form.MenuItem({VELQUIST_CONTROL(MnuAddInstall), .frame = "MnuTools",
                    .caption = "&Add Installation...", .tip = "Register a game installation",
-                   .event = On<&MainWindow::MnuAddInstall_Click>, .begins_group = true});
+                   .event = On<&MainWindow::AddInstallation>, .begins_group = true});
     form.MenuItem({VELQUIST_CONTROL(MnuDeleteInstall), .frame = "MnuTools",
                    .caption = "D&elete Installation...", .tip = "Take an installation off the list",
-                   .event = On<&MainWindow::MnuDeleteInstall_Click>});
+                   .event = On<&MainWindow::DeleteInstallation>});
     form.Menu({VELQUIST_CONTROL(MnuHelp), .caption = "&Help"});
     form.MenuItem({VELQUIST_CONTROL(MnuHelp2), .frame = "MnuHelp", .caption = "&Manual",
                    .tip = "Show the manual", .shortcut = "F1",

@@ -8,9 +8,9 @@
 
 namespace velquist::app {
 
-std::string_view ModYearMessage(platform::ModYearForm form) noexcept
+std::string_view ModYearMessage(ModYearForm form) noexcept
 {
-  return form == platform::ModYearForm::kFrmModYear1
+  return form == ModYearForm::kFrmModYear1
              ? "Velquist cannot determine which mod this setup file is for, but it is definitely "
                "in the new format.  Please select the mod year."
              : "Velquist cannot determine which mod this setup file is for, but it is definitely "
@@ -28,14 +28,14 @@ bool IsInstalled(data::ModYear ModYearIndex, std::string_view installation,
 
 bool ModYearFromFile(std::string_view file_name, std::span<const std::byte> SetupBuffer,
                      std::string_view installation, const platform::FileSystem& files,
-                     platform::Dialogs& dialogs, data::ModYear& ModYearIndex)
+                     Dialogs& dialogs, data::ModYear& ModYearIndex)
 {
   const auto identity = setup::Identify(file_name, SetupBuffer);
   if (identity.ModYearIndex) ModYearIndex = *identity.ModYearIndex;
   if (identity.question) {
     const auto form = *identity.question == setup::ModYearQuestion::kLongFile
-                          ? platform::ModYearForm::kFrmModYear1
-                          : platform::ModYearForm::kFrmModYear2;
+                          ? ModYearForm::kFrmModYear1
+                          : ModYearForm::kFrmModYear2;
     const auto button = dialogs.AskModYear(form, ModYearMessage(form));
     if (button) ModYearIndex = setup::ModYearOfButton(*button);
   }

@@ -5,14 +5,14 @@
 #include <span>
 #include <string_view>
 
+#include "app/Dialogs.h"
 #include "data/ModYear.h"
-#include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
 
 namespace velquist::app {
 
 /// The text of a mod year question.
-[[nodiscard]] std::string_view ModYearMessage(platform::ModYearForm form) noexcept;
+[[nodiscard]] std::string_view ModYearMessage(ModYearForm form) noexcept;
 
 /// The marker file of that mod year lies in the installation.
 [[nodiscard]] bool IsInstalled(data::ModYear ModYearIndex, std::string_view installation,
@@ -24,6 +24,6 @@ namespace velquist::app {
 [[nodiscard]] bool ModYearFromFile(std::string_view file_name,
                                    std::span<const std::byte> SetupBuffer,
                                    std::string_view installation, const platform::FileSystem& files,
-                                   platform::Dialogs& dialogs, data::ModYear& ModYearIndex);
+                                   Dialogs& dialogs, data::ModYear& ModYearIndex);
 
 }  // namespace velquist::app

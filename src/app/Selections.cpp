@@ -42,7 +42,7 @@ std::int16_t Position(const Control& list)
 }
 
 /// The form that deletes installations; it shows what the installation list holds.
-class DeleteForm final : public platform::InstallDeleteForm {
+class DeleteForm final : public InstallDeleteForm {
  public:
   /// `remove` takes a position off the list; false when the program has ended.
   DeleteForm(const std::vector<std::string>& list, std::function<bool(int)> remove)
@@ -235,7 +235,7 @@ void MainWindow::Combo7_Click()
   StartEditing();
 }
 
-void MainWindow::MnuAddInstall_Click()
+void MainWindow::AddInstallation()
 {
   if (!SaveFirst()) return;
   const auto chosen = outside_.dialogs.AskOpenFile({.filter = "GPL .exe Files|*.exe",
@@ -258,7 +258,7 @@ void MainWindow::MnuAddInstall_Click()
   }
 }
 
-void MainWindow::MnuDeleteInstall_Click()
+void MainWindow::DeleteInstallation()
 {
   DeleteForm form(form_.Combo7.items, [&](int position) {
     Event([&] {

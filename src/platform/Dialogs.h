@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace velquist::platform {
 
@@ -35,23 +34,7 @@ struct SaveRequest {
   std::string title = {};  ///< of the dialog
 };
 
-/// The two mod year questions; each offers the buttons "1965", "1966", "1967" and "1969".
-enum class ModYearForm { kFrmModYear1, kFrmModYear2 };
-
-/// What the form for deleting installations shows and does.
-class InstallDeleteForm {
- public:
-  virtual ~InstallDeleteForm() = default;
-
-  [[nodiscard]] virtual const std::vector<std::string>& Items() const = 0;
-  [[nodiscard]] virtual int Selection() const = 0;
-  virtual void Combo1_Click(int position) = 0;
-  virtual void DeleteButton_Click() = 0;
-  /// True when the program has ended meanwhile and the form must close.
-  [[nodiscard]] virtual bool MustClose() const = 0;
-};
-
-/// What the program may ask and tell. The front end shows boxes; tests script the answers.
+/// Boxes that tell and ask.
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
@@ -61,15 +44,6 @@ class Dialogs {
   /// The chosen path, or nothing when the dialog was cancelled.
   virtual std::optional<std::string> AskOpenFile(const OpenRequest& request) = 0;
   virtual std::optional<std::string> AskSaveFile(const SaveRequest& request) = 0;
-
-  /// The pressed button, 0 to 3, or nothing when the form was closed without one.
-  virtual std::optional<int> AskModYear(ModYearForm form, std::string_view message) = 0;
-
-  /// Shows the form until its CancelButton is pressed.
-  virtual void ShowInstallDelete(InstallDeleteForm& form) = 0;
-
-  /// Shows the help window with the manual.
-  virtual void ShowHelp() = 0;
 };
 
 }  // namespace velquist::platform

@@ -10,8 +10,6 @@
 #include "platform/ProgramDirectory.h"
 #include "platform/SystemFiles.h"
 #include "platform/WinePrefixes.h"
-#include "platform_wx/FrmInstallDelete.h"
-#include "platform_wx/FrmModYear.h"
 #include "platform_wx/MessageBox.h"
 #include "platform_wx/WxText.h"
 
@@ -107,29 +105,6 @@ std::optional<std::string> WxDialogs::AskSaveFile(const SaveRequest& request)
     directory = box.GetDirectory();
     name = box.GetFilename();
   }
-}
-
-std::optional<int> WxDialogs::AskModYear(ModYearForm form, std::string_view message)
-{
-  FrmModYear dialog(owner_, form, message);
-  return dialog.Ask();
-}
-
-void WxDialogs::ShowInstallDelete(InstallDeleteForm& form)
-{
-  FrmInstallDelete dialog(owner_, form);
-  dialog.ShowModal();
-}
-
-void WxDialogs::ShowHelp()
-{
-  if (help_) {
-    help_->Iconize(false);
-    help_->Raise();
-    return;
-  }
-  help_ = new FrmHelp(owner_, resources_.Help());
-  help_->Show();
 }
 
 }  // namespace velquist::platform

@@ -93,9 +93,9 @@ void CarPictureBox::ShowPicture(const std::string& path)
   path_ = path;
   // The file may be another one than last time.
   const wxImage image = pictures_.Picture(path_, GetClientSize() * GetContentScaleFactor());
-  if (image.IsSameAs(image_)) return;
-  image_ = image;
-  scaled_ = wxBitmap();
+  if (image.IsSameAs(Picture2_)) return;
+  Picture2_ = image;
+  Picture3_ = wxBitmap();
   Refresh();
 }
 
@@ -106,14 +106,14 @@ void CarPictureBox::OnPaint()
   const double scale = GetContentScaleFactor();
   const wxSize device = size * scale;
   if (device.x < 1 || device.y < 1) return;
-  if (!scaled_.IsOk() || scaled_for_ != device) {
-    image_ = pictures_.Picture(path_, device);
-    if (!image_.IsOk()) return;
-    scaled_ = Fitted(image_, device, scale);
-    scaled_for_ = device;
+  if (!Picture3_.IsOk() || shown_for_ != device) {
+    Picture2_ = pictures_.Picture(path_, device);
+    if (!Picture2_.IsOk()) return;
+    Picture3_ = Fitted(Picture2_, device, scale);
+    shown_for_ = device;
   }
-  const wxSize shown(scaled_.GetLogicalSize());
-  paint.DrawBitmap(scaled_, (size.x - shown.x) / 2, (size.y - shown.y) / 2);
+  const wxSize shown(Picture3_.GetLogicalSize());
+  paint.DrawBitmap(Picture3_, (size.x - shown.x) / 2, (size.y - shown.y) / 2);
 }
 
 MarqueeBox::MarqueeBox(wxWindow* parent, wxWindowID id, const wxString& name,

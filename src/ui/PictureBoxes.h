@@ -61,9 +61,9 @@ class CarPictureBox final : public wxPanel {
 
   platform::WxPictureLoader& pictures_;
   std::string path_;
-  wxImage image_;
-  wxBitmap scaled_;
-  wxSize scaled_for_;  ///< the box's size in device pixels that `scaled_` was made for
+  wxImage Picture2_;   ///< the picture as it was read
+  wxBitmap Picture3_;  ///< the picture as it is shown
+  wxSize shown_for_;   ///< the box's size in device pixels that `Picture3_` was made for
 };
 
 /// The box that the marquee runs through. It paints the quotation itself and, where the system lets

@@ -108,7 +108,7 @@ Step ReadSave(WordReader& words)
   return Announce(words, save);
 }
 
-Step ReadModYear(WordReader& words, platform::ModYearForm form)
+Step ReadModYear(WordReader& words, app::ModYearForm form)
 {
   words.Expect("->");
   return Announce(words, AnnouncedModYear{form, OneOf(words, kModYearButtons, "mod year")});
@@ -141,8 +141,8 @@ Step ReadOn(WordReader& words)
   if (words.Take("message")) return ReadMessage(words);
   if (words.Take("open")) return ReadOpen(words);
   if (words.Take("save")) return ReadSave(words);
-  if (words.Take("FrmModYear1")) return ReadModYear(words, platform::ModYearForm::kFrmModYear1);
-  if (words.Take("FrmModYear2")) return ReadModYear(words, platform::ModYearForm::kFrmModYear2);
+  if (words.Take("FrmModYear1")) return ReadModYear(words, app::ModYearForm::kFrmModYear1);
+  if (words.Take("FrmModYear2")) return ReadModYear(words, app::ModYearForm::kFrmModYear2);
   if (words.Take("FrmInstallDelete")) return ReadInstallDelete(words);
   if (words.Take("FrmHelp")) return Announce(words, AnnouncedHelp{});
   if (words.Take("run")) return Announce(words, AnnouncedRun{words.Next("a path").text});

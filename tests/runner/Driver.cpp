@@ -3,14 +3,13 @@
 
 namespace velquist::runner {
 
-std::optional<int> Driver::AnswerModYear(platform::ModYearForm /*form*/,
-                                         std::string_view /*message*/, std::optional<int> button)
+std::optional<int> Driver::AnswerModYear(app::ModYearForm /*form*/, std::string_view /*message*/,
+                                         std::optional<int> button)
 {
   return button;
 }
 
-void Driver::AnswerInstallDelete(platform::InstallDeleteForm& form,
-                                 const std::vector<DeleteStep>& steps)
+void Driver::AnswerInstallDelete(app::InstallDeleteForm& form, const std::vector<DeleteStep>& steps)
 {
   for (const auto& step : steps) {
     if (form.MustClose()) return;

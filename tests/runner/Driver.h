@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "app/Dialogs.h"
 #include "app/MainWindow.h"
-#include "platform/Dialogs.h"
 
 namespace velquist::runner {
 
@@ -56,13 +56,13 @@ class Driver {
 
   /// Our own forms, answered as the script says. The model has no forms and passes the answer on;
   /// the window shows the real form and presses the real buttons.
-  virtual std::optional<int> AnswerModYear(platform::ModYearForm form, std::string_view message,
+  virtual std::optional<int> AnswerModYear(app::ModYearForm form, std::string_view message,
                                            std::optional<int> button);
   struct DeleteStep {
     enum class Kind { kSelect, kDelete, kCancel } kind = Kind::kCancel;
     int position = 0;  ///< of kSelect
   };
-  virtual void AnswerInstallDelete(platform::InstallDeleteForm& form,
+  virtual void AnswerInstallDelete(app::InstallDeleteForm& form,
                                    const std::vector<DeleteStep>& steps);
   virtual void AnswerHelp();
 

@@ -35,9 +35,9 @@ std::string ChosenPath(const std::optional<std::string>& chosen)
   return " -> " + (chosen ? Quoted(*chosen) : "cancel");
 }
 
-std::string FormName(platform::ModYearForm form)
+std::string FormName(app::ModYearForm form)
 {
-  return form == platform::ModYearForm::kFrmModYear1 ? "FrmModYear1" : "FrmModYear2";
+  return form == app::ModYearForm::kFrmModYear1 ? "FrmModYear1" : "FrmModYear2";
 }
 
 std::string Message(std::string_view text, platform::Icon icon)
@@ -87,9 +87,9 @@ struct Describer {
 };
 
 /// The form for deleting installations, refusing positions that a user could not choose.
-class CheckedForm final : public platform::InstallDeleteForm {
+class CheckedForm final : public app::InstallDeleteForm {
  public:
-  CheckedForm(platform::InstallDeleteForm& form, Announcements& announcements)
+  CheckedForm(app::InstallDeleteForm& form, Announcements& announcements)
       : form_(form), announcements_(announcements)
   {
   }
@@ -107,7 +107,7 @@ class CheckedForm final : public platform::InstallDeleteForm {
   [[nodiscard]] bool MustClose() const override { return form_.MustClose(); }
 
  private:
-  platform::InstallDeleteForm& form_;
+  app::InstallDeleteForm& form_;
   Announcements& announcements_;
 };
 
@@ -181,7 +181,7 @@ std::optional<std::string> ScriptedDialogs::AskSaveFile(const platform::SaveRequ
   return taken ? taken->chosen : std::nullopt;
 }
 
-std::optional<int> ScriptedDialogs::AskModYear(platform::ModYearForm form, std::string_view message)
+std::optional<int> ScriptedDialogs::AskModYear(app::ModYearForm form, std::string_view message)
 {
   const auto got = FormName(form) + " " + Quoted(message);
   const auto taken = announcements_.Take<AnnouncedModYear>(
@@ -192,7 +192,7 @@ std::optional<int> ScriptedDialogs::AskModYear(platform::ModYearForm form, std::
   return answer;
 }
 
-void ScriptedDialogs::ShowInstallDelete(platform::InstallDeleteForm& form)
+void ScriptedDialogs::ShowInstallDelete(app::InstallDeleteForm& form)
 {
   const auto taken = announcements_.Take<AnnouncedInstallDelete>("FrmInstallDelete",
                                                                  [](const auto&) { return true; });

@@ -45,7 +45,7 @@ struct AnnouncedSave {
   std::optional<std::string> chosen;  ///< nothing for Cancel
 };
 struct AnnouncedModYear {
-  platform::ModYearForm form = platform::ModYearForm::kFrmModYear1;
+  app::ModYearForm form = app::ModYearForm::kFrmModYear1;
   std::optional<int> button;  ///< nothing for closing the form
 };
 struct AnnouncedInstallDelete {
@@ -103,7 +103,7 @@ class Announcements {
 [[nodiscard]] std::string Described(const Dialog& dialog);
 
 /// Answers every dialog as announced; our own forms through the driver.
-class ScriptedDialogs final : public platform::Dialogs {
+class ScriptedDialogs final : public app::Dialogs {
  public:
   ScriptedDialogs(Announcements& announcements, Driver& driver)
       : announcements_(announcements), driver_(driver)
@@ -114,8 +114,8 @@ class ScriptedDialogs final : public platform::Dialogs {
                                platform::Buttons buttons) override;
   std::optional<std::string> AskOpenFile(const platform::OpenRequest& request) override;
   std::optional<std::string> AskSaveFile(const platform::SaveRequest& request) override;
-  std::optional<int> AskModYear(platform::ModYearForm form, std::string_view message) override;
-  void ShowInstallDelete(platform::InstallDeleteForm& form) override;
+  std::optional<int> AskModYear(app::ModYearForm form, std::string_view message) override;
+  void ShowInstallDelete(app::InstallDeleteForm& form) override;
   void ShowHelp() override;
 
  private:

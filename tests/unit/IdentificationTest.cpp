@@ -22,7 +22,7 @@ namespace velquist::setup {
 namespace {
 
 using namespace velquist::samples;
-using platform::ModYearForm;
+using app::ModYearForm;
 using velquist::testing::MemoryFiles;
 
 constexpr std::string_view kInstallation = "C:\\GPL";
@@ -37,7 +37,7 @@ const std::vector<std::string_view> kOf1966Alone = {"bc", "bd", "be", "bs", "eb"
                                                     "ff", "lp", "lq", "mc"};
 
 /// Answers mod year questions with one button and remembers what was shown.
-class Questions final : public platform::Dialogs {
+class Questions final : public app::Dialogs {
  public:
   std::optional<int> button;
   std::vector<ModYearForm> asked;
@@ -66,7 +66,7 @@ class Questions final : public platform::Dialogs {
   {
     throw std::logic_error("no save dialog here");
   }
-  void ShowInstallDelete(platform::InstallDeleteForm& /*form*/) override
+  void ShowInstallDelete(app::InstallDeleteForm& /*form*/) override
   {
     throw std::logic_error("no deletion form here");
   }

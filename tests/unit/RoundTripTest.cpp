@@ -25,7 +25,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Answers with what the test set; tells what it must not be asked.
-class SetAnswers final : public platform::Dialogs {
+class SetAnswers final : public app::Dialogs {
  public:
   std::string path;  ///< chosen in both file dialogs
   int year_button = 2;
@@ -44,12 +44,11 @@ class SetAnswers final : public platform::Dialogs {
   {
     return path;
   }
-  std::optional<int> AskModYear(platform::ModYearForm /*form*/,
-                                std::string_view /*message*/) override
+  std::optional<int> AskModYear(app::ModYearForm /*form*/, std::string_view /*message*/) override
   {
     return year_button;
   }
-  void ShowInstallDelete(platform::InstallDeleteForm& /*form*/) override {}
+  void ShowInstallDelete(app::InstallDeleteForm& /*form*/) override {}
   void ShowHelp() override {}
 };
 

@@ -88,7 +88,7 @@ class ButtonDriver final : public Driver {
 };
 
 /// Three installations that write down what is done with them.
-class ThreeInstallations final : public platform::InstallDeleteForm {
+class ThreeInstallations final : public app::InstallDeleteForm {
  public:
   [[nodiscard]] const std::vector<std::string>& Items() const override { return items_; }
   [[nodiscard]] int Selection() const override { return 0; }
@@ -175,7 +175,7 @@ class ScenarioRunner : public ::testing::Test {
        }},
       {"Year",
        [this](const Outside& outside) {
-         year_ = outside.dialogs.AskModYear(platform::ModYearForm::kFrmModYear2, "Which?");
+         year_ = outside.dialogs.AskModYear(app::ModYearForm::kFrmModYear2, "Which?");
        }},
       {"Delete",
        [this](const Outside& outside) {

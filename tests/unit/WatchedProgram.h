@@ -68,7 +68,7 @@ class WatchedFiles final : public platform::FileSystem {
 
 /// Writes every message down and answers OK or Yes; other dialogs are cancelled unless a test says
 /// more.
-class RecordingDialogs final : public platform::Dialogs {
+class RecordingDialogs final : public app::Dialogs {
  public:
   struct Message {
     std::string text;
@@ -90,13 +90,12 @@ class RecordingDialogs final : public platform::Dialogs {
   {
     return std::nullopt;
   }
-  std::optional<int> AskModYear(platform::ModYearForm /*form*/,
-                                std::string_view /*message*/) override
+  std::optional<int> AskModYear(app::ModYearForm /*form*/, std::string_view /*message*/) override
   {
     if (while_asked_for_mod_year) while_asked_for_mod_year();
     return std::nullopt;
   }
-  void ShowInstallDelete(platform::InstallDeleteForm& /*form*/) override {}
+  void ShowInstallDelete(app::InstallDeleteForm& /*form*/) override {}
   void ShowHelp() override {}
 
   std::vector<Message> messages;

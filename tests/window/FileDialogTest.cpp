@@ -14,7 +14,6 @@
 #include "NativeBox.h"
 #include "RealWindow.h"
 #include "TemporaryFolder.h"
-#include "platform/EmbeddedResources.h"
 #include "platform/HostFileSystem.h"
 #include "platform_wx/WxDialogs.h"
 
@@ -108,8 +107,7 @@ class FileDialogs : public ::testing::Test {
   }
 
   samples::TemporaryFolder folder_;
-  platform::EmbeddedResources resources_;
-  platform::WxDialogs dialogs_{resources_};
+  platform::WxDialogs dialogs_;
   wxFrame* owner_ = new wxFrame(nullptr, wxID_ANY, "owner");
 };
 

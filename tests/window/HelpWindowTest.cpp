@@ -8,16 +8,16 @@
 
 #include "RealWindow.h"
 #include "platform/EmbeddedResources.h"
-#include "platform_wx/FrmHelp.h"
-#include "platform_wx/WxDialogs.h"
 #include "platform_wx/WxText.h"
+#include "ui/FrmHelp.h"
+#include "ui/ProgramDialogs.h"
 
 namespace velquist::testing {
 namespace {
 
 class HelpWindow : public ::testing::Test {
  protected:
-  HelpWindow() : help_(new platform::FrmHelp(nullptr, manual_))
+  HelpWindow() : help_(new ui::FrmHelp(nullptr, manual_))
   {
     help_->Show();
     LetTimePass(100);
@@ -34,7 +34,7 @@ class HelpWindow : public ::testing::Test {
   }
 
   std::string manual_ = platform::EmbeddedResources().Help();
-  wxWeakRef<platform::FrmHelp> help_;
+  wxWeakRef<ui::FrmHelp> help_;
 };
 
 TEST_F(HelpWindow, ShowsTheWholeManualFromItsFirstLine)
@@ -58,7 +58,7 @@ TEST(Help, AskedForAgainIsTheSameWindow)
     });
   };
   const platform::EmbeddedResources resources;
-  platform::WxDialogs dialogs(resources);
+  ui::ProgramDialogs dialogs(resources);
   for (int time = 0; time < 2; ++time) {
     dialogs.ShowHelp();
     LetTimePass(100);

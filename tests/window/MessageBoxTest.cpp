@@ -13,7 +13,6 @@
 
 #include "NativeBox.h"
 #include "RealWindow.h"
-#include "platform/EmbeddedResources.h"
 #include "platform_wx/WxDialogs.h"
 
 namespace velquist::testing {
@@ -45,8 +44,7 @@ class MessageBoxes : public ::testing::Test {
     return dialogs_.ShowMessage(text, icon, buttons);
   }
 
-  platform::EmbeddedResources resources_;
-  platform::WxDialogs dialogs_{resources_};
+  platform::WxDialogs dialogs_;
   wxFrame* owner_ = new wxFrame(nullptr, wxID_ANY, "owner");
 };
 

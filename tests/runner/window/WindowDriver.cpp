@@ -18,9 +18,9 @@
 #include <stdexcept>
 
 #include "app/FormControlSettings.h"
-#include "platform_wx/FrmHelp.h"
-#include "platform_wx/FrmInstallDelete.h"
-#include "platform_wx/FrmModYear.h"
+#include "ui/FrmHelp.h"
+#include "ui/FrmInstallDelete.h"
+#include "ui/FrmModYear.h"
 #include "platform_wx/WxText.h"
 #include "runner/Driver.h"
 #include "runner/window/WindowSystem.h"
@@ -289,10 +289,10 @@ class WindowDriver final : public Driver {
     LetWindowSystemWork();
   }
 
-  std::optional<int> AnswerModYear(platform::ModYearForm form, std::string_view message,
+  std::optional<int> AnswerModYear(app::ModYearForm form, std::string_view message,
                                    std::optional<int> button) override
   {
-    platform::FrmModYear dialog(frame_, form, message);
+    ui::FrmModYear dialog(frame_, form, message);
     const Inside inside(dialog, [&] {
       if (button)
         Press(&dialog, NameText("Command1", *button));
@@ -304,10 +304,10 @@ class WindowDriver final : public Driver {
     return answer;
   }
 
-  void AnswerInstallDelete(platform::InstallDeleteForm& form,
+  void AnswerInstallDelete(app::InstallDeleteForm& form,
                            const std::vector<DeleteStep>& steps) override
   {
-    platform::FrmInstallDelete dialog(frame_, form);
+    ui::FrmInstallDelete dialog(frame_, form);
     const Inside inside(dialog, [&] {
       for (const auto& step : steps) {
         if (form.MustClose()) return;
@@ -324,7 +324,7 @@ class WindowDriver final : public Driver {
 
   void AnswerHelp() override
   {
-    auto* const help = new platform::FrmHelp(frame_, resources_->Help());
+    auto* const help = new ui::FrmHelp(frame_, resources_->Help());
     help->Show();
     LetWindowSystemWork();
     const auto shown = Get<wxTextCtrl>(help, "Text1").GetValue();

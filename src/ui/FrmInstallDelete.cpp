@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform_wx/FrmInstallDelete.h"
+#include "ui/FrmInstallDelete.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>
@@ -9,25 +9,25 @@
 #include "platform_wx/ProgramIcons.h"
 #include "platform_wx/WxText.h"
 
-namespace velquist::platform {
+namespace velquist::ui {
 namespace {
 
 constexpr int kListWidth = 420;
 
 }  // namespace
 
-FrmInstallDelete::FrmInstallDelete(wxWindow* parent, InstallDeleteForm& form)
+FrmInstallDelete::FrmInstallDelete(wxWindow* parent, app::InstallDeleteForm& form)
     : wxDialog(parent, wxID_ANY, "Delete GPL Installation", wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "FrmInstallDelete"),
       form_(form)
 {
-  SetIcons(ProgramIcons());
+  SetIcons(platform::ProgramIcons());
   const int gap = FromDIP(12);
   auto* const label = new wxStaticText(this, wxID_ANY, "&Installation to take off the list:");
   list_ = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxSize(FromDIP(kListWidth), -1), 0,
                        nullptr, 0, wxDefaultValidator, "Combo1");
-  SetMnemonicTarget(*label, *list_);
-  SetSpoken(*list_, "Installation to take off the list", {});
+  platform::SetMnemonicTarget(*label, *list_);
+  platform::SetSpoken(*list_, "Installation to take off the list", {});
   auto* const remark = new wxStaticText(this, wxID_ANY, "Nothing is deleted from your disk.");
   auto* const remove = new wxButton(this, wxID_ANY, "&Delete", wxDefaultPosition, wxDefaultSize, 0,
                                     wxDefaultValidator, "DeleteButton");
@@ -64,10 +64,10 @@ FrmInstallDelete::FrmInstallDelete(wxWindow* parent, InstallDeleteForm& form)
 void FrmInstallDelete::ShowForm()
 {
   wxArrayString items;
-  for (const auto& item : form_.Items()) items.Add(FromText(item));
-  if (items != list_->GetStrings()) SetItems(*list_, items);
+  for (const auto& item : form_.Items()) items.Add(platform::FromText(item));
+  if (items != list_->GetStrings()) platform::SetItems(*list_, items);
   if (list_->GetSelection() != form_.Selection()) list_->SetSelection(form_.Selection());
   if (IsModal() && form_.MustClose()) EndModal(wxID_CANCEL);
 }
 
-}  // namespace velquist::platform
+}  // namespace velquist::ui

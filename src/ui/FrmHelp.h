@@ -9,7 +9,7 @@
 
 #include <string_view>
 
-namespace velquist::platform {
+namespace velquist::ui {
 
 /// Shows the manual in `Text1`. Ctrl+F opens a search bar, F3 goes on to the next place, Escape
 /// closes the bar and then the window.
@@ -33,4 +33,4 @@ class FrmHelp final : public wxFrame {
   wxString searched_;  ///< the manual in lower case
 };
 
-}  // namespace velquist::platform
+}  // namespace velquist::ui

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform_wx/FrmHelp.h"
+#include "ui/FrmHelp.h"
 
 #include <wx/sizer.h>
 
@@ -9,7 +9,7 @@
 #include "platform_wx/ProgramIcons.h"
 #include "platform_wx/WxText.h"
 
-namespace velquist::platform {
+namespace velquist::ui {
 namespace {
 
 // Client area and text box as designed; a resize keeps the proportions.
@@ -33,14 +33,14 @@ FrmHelp::FrmHelp(wxWindow* parent, std::string_view manual)
     : wxFrame(parent, wxID_ANY, "Velquist Help", wxDefaultPosition, wxDefaultSize,
               wxDEFAULT_FRAME_STYLE, "FrmHelp")
 {
-  SetIcons(ProgramIcons());
+  SetIcons(platform::ProgramIcons());
   panel_ = new wxPanel(this);
   text_ = new wxTextCtrl(panel_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                          wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2 | wxTE_NOHIDESEL,
                          wxDefaultValidator, "Text1");
-  SetSpoken(*text_, "User manual", {});
+  platform::SetSpoken(*text_, "User manual", {});
   text_->Hide();
-  text_->ChangeValue(FromText(manual));
+  text_->ChangeValue(platform::FromText(manual));
   text_->Show();
   text_->SetInsertionPoint(0);
   text_->ShowPosition(0);
@@ -68,8 +68,8 @@ void FrmHelp::MakeSearchBar()
   auto* const label = new wxStaticText(bar_, wxID_ANY, "F&ind:");
   wanted_ = new wxTextCtrl(bar_, wxID_ANY, wxString(), wxDefaultPosition, wxSize(FromDIP(220), -1),
                            wxTE_PROCESS_ENTER, wxDefaultValidator, "FindText");
-  SetMnemonicTarget(*label, *wanted_);
-  SetSpoken(*wanted_, "Find", {});
+  platform::SetMnemonicTarget(*label, *wanted_);
+  platform::SetSpoken(*wanted_, "Find", {});
   auto* const next = new wxButton(bar_, wxID_ANY, "&Next", wxDefaultPosition, wxDefaultSize, 0,
                                   wxDefaultValidator, "FindNext");
   next->SetToolTip("Goes to the next place (Enter or F3)");
@@ -168,4 +168,4 @@ void FrmHelp::PlaceControls()
   text_->SetSize(text.x, text.y, std::max(text.width, 1), std::max(text.height, 1));
 }
 
-}  // namespace velquist::platform
+}  // namespace velquist::ui

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform_wx/FrmModYear.h"
+#include "ui/FrmModYear.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>
@@ -11,27 +11,27 @@
 #include "platform_wx/ProgramIcons.h"
 #include "platform_wx/WxText.h"
 
-namespace velquist::platform {
+namespace velquist::ui {
 namespace {
 
 constexpr std::array kYears{"196&5", "196&6", "196&7", "196&9"};
 constexpr int kMessageWidth = 420;
 
-const char* NameOf(ModYearForm form)
+const char* NameOf(app::ModYearForm form)
 {
-  return form == ModYearForm::kFrmModYear1 ? "FrmModYear1" : "FrmModYear2";
+  return form == app::ModYearForm::kFrmModYear1 ? "FrmModYear1" : "FrmModYear2";
 }
 
 }  // namespace
 
-FrmModYear::FrmModYear(wxWindow* parent, ModYearForm form, std::string_view message)
+FrmModYear::FrmModYear(wxWindow* parent, app::ModYearForm form, std::string_view message)
     : wxDialog(parent, wxID_ANY, "Mod Year Selection", wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE, NameOf(form))
 {
-  SetIcons(ProgramIcons());
+  SetIcons(platform::ProgramIcons());
   const int gap = FromDIP(12);
-  auto* const label = new wxStaticText(this, wxID_ANY, FromPlainText(message), wxDefaultPosition,
-                                       wxDefaultSize, 0, "Label1");
+  auto* const label = new wxStaticText(this, wxID_ANY, platform::FromPlainText(message),
+                                       wxDefaultPosition, wxDefaultSize, 0, "Label1");
   label->Wrap(FromDIP(kMessageWidth));
   label->SetMinSize(label->GetBestSize() + FromDIP(wxSize(8, 0)));
 
@@ -70,4 +70,4 @@ std::optional<int> FrmModYear::Ask()
   return pressed_;
 }
 
-}  // namespace velquist::platform
+}  // namespace velquist::ui
