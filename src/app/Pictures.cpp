@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -12,7 +11,6 @@
 #include "data/ChassisCatalogue.h"
 #include "data/Numbers.h"
 #include "edit/Drivetrain.h"
-#include "setup/SlotTable.h"
 
 namespace velquist::app {
 namespace {
@@ -55,16 +53,10 @@ void MainWindow::DrawSpeedBands()
   const int engine_slot = car_.EngineSlot();
   const auto& engine = data::EngineOf(car_.ModYearIndex(), engine_slot);
   data::ComputeEngineCurve(car_.ModYearIndex(), engine_slot, globals_.curve);
-  std::array<float, data::kMostGears> ratios{};
-  const auto gears = static_cast<std::size_t>(std::min(car_.GearCount(), data::kMostGears));
-  const auto ratio = [&](int slot) {
-    return car_.Gears().Ratio(edit::GearRowOf(car_.SetupData(), slot));
-  };
-  for (std::size_t gear = 0; gear < gears; ++gear)
-    ratios[gear] = ratio(setup::kFirstGear + static_cast<int>(gear));
+  const auto ratios = edit::RatiosOf(car_.SetupData(), car_.Gears(), car_.GearCount());
   globals_.bands = charts::ComputeSpeedBands(
       globals_.curve, data::ToInt32(engine.maximum_rpm), car_.ModYearIndex(), car_.ChassisIndex(),
-      std::span(ratios).first(gears), ratio(setup::kFinalDrive), globals_.Units != 0);
+      ratios.Gears(), ratios.final_drive, globals_.Units != 0);
   charts::DrawSpeedBands(form_.chart2, car_.ModYearIndex(), globals_.bands);
 }
 

@@ -12,8 +12,7 @@ namespace {
 constexpr int kSearchedBeyondMaximum = 1000;  ///< rpm
 constexpr double kPartOfPeak = 0.9;
 
-constexpr double kUsualMaximumSpeed = 200;      ///< mph
-constexpr double kTyreCircumference = 84.8232;  ///< inches, of a 27-inch tyre
+constexpr double kUsualMaximumSpeed = 200;  ///< mph
 constexpr double kKilometresPerMile = 1.609344;
 
 }  // namespace

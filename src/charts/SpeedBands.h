@@ -9,6 +9,8 @@
 
 namespace velquist::charts {
 
+inline constexpr double kTyreCircumference = 84.8232;  ///< inches, of a 27-inch tyre
+
 /// Engine speeds, whole rpm, between which the engine gives 90% of its best.
 struct Band {
   int low = 0;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "edit/Drivetrain.h"
 
-#include <array>
+#include <algorithm>
 #include <cmath>
 
 #include "data/Numbers.h"
@@ -108,6 +108,17 @@ int GearRowOf(const data::SetupData& values, int slot)
   const int row = ToInt16(values.Value(RowOf(slot), data::kCurrent));
   if (row < 0 || row >= data::kGearRows) throw BoundsError("gear row " + std::to_string(row));
   return row;
+}
+
+GearRatios RatiosOf(const data::SetupData& values, const data::GearData& gears, int gear_count)
+{
+  GearRatios ratios;
+  ratios.gear_count = static_cast<std::size_t>(std::clamp(gear_count, 0, data::kMostGears));
+  for (std::size_t gear = 0; gear < ratios.gear_count; ++gear)
+    ratios.of_gears.at(gear) =
+        gears.Ratio(GearRowOf(values, setup::kFirstGear + static_cast<int>(gear)));
+  ratios.final_drive = gears.Ratio(GearRowOf(values, setup::kFinalDrive));
+  return ratios;
 }
 
 std::string OverallRatioText(const data::GearData& gears, int gear_row, int final_drive_row)

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "data/ChassisCatalogue.h"
 #include "data/GearData.h"
 #include "data/SetupData.h"
 
@@ -48,6 +52,22 @@ inline constexpr int kDrivetrainLists = 4;
 
 /// Gear row in a gear or final-drive slot's current value. Throws BoundsError outside 0 to 89.
 [[nodiscard]] int GearRowOf(const data::SetupData& values, int slot);
+
+/// The ratios that a car drives with.
+struct GearRatios {
+  std::array<float, data::kMostGears> of_gears{};
+  std::size_t gear_count = 0;
+  float final_drive = 0;
+
+  [[nodiscard]] std::span<const float> Gears() const noexcept
+  {
+    return std::span(of_gears).first(gear_count);
+  }
+};
+
+/// Of the gear rows in the current values. Throws BoundsError like GearRowOf.
+[[nodiscard]] GearRatios RatiosOf(const data::SetupData& values, const data::GearData& gears,
+                                  int gear_count);
 
 /// Text of gear row times final-drive row, picture "##.00".
 [[nodiscard]] std::string OverallRatioText(const data::GearData& gears, int gear_row,

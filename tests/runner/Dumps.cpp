@@ -7,6 +7,8 @@
 #include <sstream>
 
 #include "app/FormControlSettings.h"
+#include "charts/Gearing.h"
+#include "edit/Drivetrain.h"
 #include "runner/Play.h"
 #include "runner/Texts.h"
 #include "setup/SlotTable.h"
@@ -91,6 +93,28 @@ void DumpBands(Play& play)
            << "maxspeed " << Shortest(bands.maximum_speed) << '\n';
   for (const auto& gear : bands.gears)
     play.out << "gear " << gear.gear << ' ' << Shortest(gear.speed_per_rpm) << '\n';
+}
+
+std::string NumberOrNone(const std::optional<double>& number)
+{
+  return number ? Shortest(*number) : "-";
+}
+
+void DumpGearing(Play& play)
+{
+  const auto& car = CarOf(play);
+  const auto ratios = edit::RatiosOf(car.SetupData(), car.Gears(), car.GearCount());
+  const auto gearing = charts::ComputeGearing(StateOf(play).curve, StateOf(play).bands,
+                                              ratios.Gears(), ratios.final_drive);
+  play.out << "maxrpm " << gearing.maximum_rpm << '\n';
+  for (const auto& gear : gearing.gears) {
+    play.out << "gear " << gear.gear << ' ' << Shortest(gear.ratio) << ' ' << Shortest(gear.overall)
+             << ' ' << NumberOrNone(gear.speed) << ' ' << NumberOrNone(gear.step) << ' ';
+    if (gear.shift)
+      play.out << gear.shift->rpm << ' ' << gear.shift->after << '\n';
+    else
+      play.out << "- -\n";
+  }
 }
 
 std::string ColourText(platform::Colour colour)
@@ -206,7 +230,7 @@ const std::map<std::string_view, void (*)(Play&)> kDumps = {
     {"slots", DumpSlots},     {"buffer", DumpBuffer},     {"data", DumpData},
     {"gears", DumpGears},     {"curve", DumpCurve},       {"bands", DumpBands},
     {"state", DumpState},     {"controls", DumpControls}, {"reference", DumpReference},
-    {"history", DumpHistory},
+    {"history", DumpHistory}, {"gearing", DumpGearing},
 };
 
 }  // namespace
