@@ -39,6 +39,16 @@ void MainWindow::MnuRedo_Click()
   });
 }
 
+void MainWindow::TakeFromReference(std::span<const int> slots)
+{
+  Event([&] {
+    AllOrNothing([&] {
+      car_.TakeFromReference(slots);
+      ShowAnotherState();
+    });
+  });
+}
+
 /// Any value may have changed.
 void MainWindow::ShowAnotherState()
 {
@@ -127,6 +137,9 @@ std::optional<edit::Reference> MainWindow::ReadReference(ReferenceSource source,
   }
   other.LoadValues();
   other.LoadLists();
+  // Every gear must be one that can be shown.
+  for (int gear = 0; gear < data::kMostGears; ++gear)
+    (void)edit::GearRowOf(other.SetupData(), setup::kFirstGear + gear);
   std::optional<int> gear_count;
   const auto chassis = setup::ChassisIndexOf(other.ModYearIndex(), setup::ChassisCodeOf(name));
   if (source == ReferenceSource::kFile && chassis) {
@@ -150,20 +163,24 @@ void MainWindow::ShowReference()
 
 void MainWindow::ShowMark(int slot)
 {
-  Control& label = form_.Label1[static_cast<std::size_t>(slot)];
-  if (label.design != nullptr)
-    label.marked = car_.Differs(slot);
-  else if (const auto list = edit::ListOfSlot(slot))
-    form_.Combo1[static_cast<std::size_t>(*list)].marked = car_.Differs(slot);
+  if (Control* const value = form_.ValueOf(slot)) value->marked = car_.Differs(slot);
 }
 
 std::string MainWindow::DifferenceText(const ControlDesign& design) const
 {
-  const Control& control = design.In(form_);
-  if (!control.marked) return {};
-  const int slot =
-      control.design->kind == ControlKind::kList ? edit::SlotOfList(design.index) : design.index;
-  return edit::DifferenceText(car_.ComparedWith(), car_, slot, globals_.Units);
+  const auto slot = SlotOf(design);
+  if (!slot || !form_.ValueOf(*slot)->marked) return {};
+  return edit::DifferenceText(car_.ComparedWith(), car_, *slot, globals_.Units);
+}
+
+int MainWindow::DifferenceCount() const
+{
+  int count = 0;
+  for (int slot = 0; slot < kSlotControls; ++slot) {
+    const auto* const value = form_.ValueOf(slot);
+    if (value != nullptr && value->marked) ++count;
+  }
+  return count;
 }
 
 }  // namespace velquist::app

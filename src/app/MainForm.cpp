@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "app/FormControlSettings.h"
+#include "edit/Drivetrain.h"
 
 namespace velquist::app {
 namespace {
@@ -49,6 +50,26 @@ Control* MainForm::Find(std::string_view name, int index) noexcept
 const Control* MainForm::Find(std::string_view name, int index) const noexcept
 {
   return const_cast<MainForm*>(this)->Find(name, index);
+}
+
+Control* MainForm::ValueOf(int slot) noexcept
+{
+  Control& label = Label1[static_cast<std::size_t>(slot)];
+  if (label.design != nullptr) return &label;
+  const auto list = edit::ListOfSlot(slot);
+  return list ? &Combo1[static_cast<std::size_t>(*list)] : nullptr;
+}
+
+const Control* MainForm::ValueOf(int slot) const noexcept
+{
+  return const_cast<MainForm*>(this)->ValueOf(slot);
+}
+
+std::optional<int> SlotOf(const ControlDesign& design)
+{
+  if (design.name == "Combo1") return edit::SlotOfList(design.index);
+  const bool of_slot = design.shape == Shape::kStepButton || design.name == "Label1";
+  return of_slot ? std::optional(design.index) : std::nullopt;
 }
 
 bool MainForm::IsShown(const Control& control) const noexcept

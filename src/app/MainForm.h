@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -170,9 +171,17 @@ struct MainForm : FormControls {
   [[nodiscard]] Control* Find(std::string_view name, int index) noexcept;
   [[nodiscard]] const Control* Find(std::string_view name, int index) const noexcept;
 
+  /// The value label or list of a parameter slot; null where it has none.
+  [[nodiscard]] Control* ValueOf(int slot) noexcept;
+  [[nodiscard]] const Control* ValueOf(int slot) const noexcept;
+
   /// Shown itself and every frame or menu around it.
   [[nodiscard]] bool IsShown(const Control& control) const noexcept;
 };
+
+/// The parameter slot that a value label, a list of the differential or a step button is about;
+/// nothing for every other control.
+[[nodiscard]] std::optional<int> SlotOf(const ControlDesign& design);
 
 template <std::size_t kCount>
 constexpr int CountOf(std::array<Control, kCount> FormControls::* /*member*/)

@@ -3,6 +3,7 @@
 
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -47,6 +48,10 @@ class MainWindow {
   /// False when there is no list of that name.
   bool Select(std::string_view name, int index, int selection);
 
+  /// The user takes the reference's values of these slots, as one step. What the car cannot have
+  /// stays as it is.
+  void TakeFromReference(std::span<const int> slots);
+
   /// The window's close request. True when the window may go.
   bool CloseRequested();
   /// A setup file was dropped on the window.
@@ -71,8 +76,11 @@ class MainWindow {
   [[nodiscard]] std::string SavePath() const;
   /// A path of the program's as this machine spells it.
   [[nodiscard]] std::string HostText(std::string_view path) const;
-  /// What a marked control has become: "was 90, now 110 (+20)"; empty for one that is not marked.
+  /// What has become of a marked value, for its label or list and its step buttons: "was 90, now
+  /// 110 (+20)"; empty where none is marked.
   [[nodiscard]] std::string DifferenceText(const ControlDesign& design) const;
+  /// How many values are marked.
+  [[nodiscard]] int DifferenceCount() const;
 
   [[nodiscard]] const MainForm& Form() const noexcept { return form_; }
   [[nodiscard]] const edit::CarSetup& Car() const noexcept { return car_; }

@@ -148,6 +148,11 @@ class CarSetup {
 
   // --- the reference
   [[nodiscard]] const Reference& ComparedWith() const noexcept { return *reference_; }
+  /// The same to keep, so that its address tells it from any later one.
+  [[nodiscard]] std::shared_ptr<const Reference> SharedReference() const noexcept
+  {
+    return reference_;
+  }
   void CompareWith(Reference reference);
   void CompareWithLoaded() noexcept { reference_ = loaded_; }
   [[nodiscard]] bool Differs(int slot) const { return edit::Differs(*reference_, *this, slot); }

@@ -15,6 +15,7 @@ namespace velquist::edit {
 namespace {
 
 constexpr std::string_view kNone = "-";
+constexpr int kRatioDecimals = 3;
 
 bool IsGearRow(int slot)
 {
@@ -28,7 +29,6 @@ bool IsWing(int slot)
 
 std::string GearText(const data::GearData& gears, float value)
 {
-  constexpr int kRatioDecimals = 3;
   const int row = static_cast<int>(value);
   return gears.DisplayText(row) + " (" + FormatNumber(gears.Ratio(row), kRatioDecimals) + ")";
 }
@@ -147,17 +147,30 @@ std::string CurrentText(const CarSetup& car, int slot, int units)
   return IsGearRow(slot) ? GearText(car.Gears(), value) : Text(car, slot, value, units);
 }
 
+std::string AddedText(const Reference& reference, const CarSetup& car, int slot, int units)
+{
+  const float was = reference.values.at(static_cast<std::size_t>(slot));
+  const float is = ValueInFile(car, slot);
+  const bool no_wing = IsWing(slot) && (was < 0.0F || is < 0.0F);
+  if (no_wing || !Has(reference, slot)) return {};
+  const auto added = [&] {
+    if (!IsGearRow(slot))
+      return FormatNumber(ShownNumber(car, slot, is, units) - ShownNumber(car, slot, was, units),
+                          Decimals(car, slot));
+    const float before = reference.gears->Ratio(static_cast<int>(was));
+    const float now = car.Gears().Ratio(static_cast<int>(is));
+    return FormatNumber(static_cast<double>(now) - static_cast<double>(before), kRatioDecimals);
+  }();
+  return added.starts_with('-') ? added : "+" + added;
+}
+
 std::string DifferenceText(const Reference& reference, const CarSetup& car, int slot, int units)
 {
   auto text = "was " + ReferenceText(reference, car, slot, units) + ", now " +
               CurrentText(car, slot, units);
-  const float was = reference.values.at(static_cast<std::size_t>(slot));
-  const float is = ValueInFile(car, slot);
-  const bool no_wing = IsWing(slot) && (was < 0.0F || is < 0.0F);
-  if (IsGearRow(slot) || no_wing || !Has(reference, slot)) return text;
-  const double difference = ShownNumber(car, slot, is, units) - ShownNumber(car, slot, was, units);
-  const auto number = FormatNumber(difference, Decimals(car, slot));
-  return text + " (" + (number.starts_with('-') ? "" : "+") + number + ")";
+  if (IsGearRow(slot)) return text;
+  const auto added = AddedText(reference, car, slot, units);
+  return added.empty() ? text : text + " (" + added + ")";
 }
 
 }  // namespace velquist::edit

@@ -64,8 +64,13 @@ struct Difference {
                                         int units);
 [[nodiscard]] std::string CurrentText(const CarSetup& car, int slot, int units);
 
+/// What has been added to the number shown, with its sign: "+20", of gears to the ratio; empty
+/// where there is nothing to subtract.
+[[nodiscard]] std::string AddedText(const Reference& reference, const CarSetup& car, int slot,
+                                    int units);
+
 /// "was 90, now 110 (+20)" in the units and decimals shown; the difference is that of the numbers
-/// shown. Gears and wings that are not there have none.
+/// shown. Gears say teeth and ratio instead.
 [[nodiscard]] std::string DifferenceText(const Reference& reference, const CarSetup& car, int slot,
                                          int units);
 

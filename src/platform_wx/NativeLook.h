@@ -20,8 +20,8 @@ void AllowSmallControls(wxWindow& panel);
 /// True when a wxClientDC paints what is on the screen, and not only a wxPaintDC.
 [[nodiscard]] bool PaintsAtOnce();
 
-/// What a screen reader says for `control`, and what it can add; an empty text leaves the
-/// system's own.
+/// What a screen reader says for `control`, and what it can add in place of what it added before;
+/// an empty text leaves the system's own.
 void SetSpoken(wxWindow& control, const wxString& name, const wxString& description);
 
 /// A frame whose label names the frame alone and not the control behind it.

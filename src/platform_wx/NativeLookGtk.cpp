@@ -85,7 +85,8 @@ void SetSpoken(wxWindow& control, const wxString& name, const wxString& descript
   AtkObject* spoken = gtk_widget_get_accessible(control.GetHandle());
   if (spoken == nullptr) return;
   if (!name.empty()) atk_object_set_name(spoken, name.utf8_str());
-  if (!description.empty()) atk_object_set_description(spoken, description.utf8_str());
+  if (!description.empty() || spoken->description != nullptr)
+    atk_object_set_description(spoken, description.utf8_str());
 }
 
 wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name)

@@ -47,6 +47,7 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
       panel_(new wxPanel(this)),
       menus_(window.Form(), kFirstId),
       beside_({this, window, [this](const auto& event) { Handle(event); }}),
+      differences_(window),
       timer_(this)
 {
   SetIcons(platform::ProgramIcons());
@@ -78,7 +79,7 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
   int id = kFirstId;
   for (const auto& design : app::FormControlSettings()) {
     if (wxWindow* const made = MakeWindow(design, id, pictures)) {
-      Describe(*made, design);
+      Describe(*made, design, {});
       const auto& control = design.In(window_.Form());
       if (&control == &window_.Form().Label4) file_label_ = made;
       widgets_.emplace_back(control, *made);
@@ -206,10 +207,13 @@ void FrmMain::ShowChanges()
   const auto& form = window_.Form();
   const wxString caption = platform::FromText(form.caption);
   if (GetTitle() != caption) SetTitle(caption);
+  differences_.BringInLine();
   for (auto& widget : widgets_) {
+    const auto& difference = differences_.Of(widget.Design());
     widget.BringInLine(form.IsShown(widget.Shown()));
-    if (auto* const button = dynamic_cast<StepButton*>(&widget.Window()))
-      button->SayValue(widget.Design());
+    widget.SayDifference(difference);
+    if (widget.Design().shape == Shape::kStepButton)
+      static_cast<StepButton&>(widget.Window()).SayValue(widget.Design(), difference);
   }
   ShowFile();
   menus_.BringInLine();

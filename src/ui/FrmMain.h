@@ -11,6 +11,7 @@
 
 #include "app/MainWindow.h"
 #include "platform_wx/WxPictureLoader.h"
+#include "ui/DifferenceTexts.h"
 #include "ui/Menus.h"
 #include "ui/PictureBoxes.h"
 #include "ui/SideWindows.h"
@@ -71,6 +72,7 @@ class FrmMain final : public wxFrame {
   Menus menus_;
   SideWindows beside_;
   std::vector<ControlWidget> widgets_;
+  DifferenceTexts differences_;
   std::vector<ChartBox*> charts_;
   CarPictureBox* car_ = nullptr;
   MarqueeBox* marquee_ = nullptr;

@@ -35,10 +35,11 @@ StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& name,
   });
 }
 
-void StepButton::SayValue(const app::ControlDesign& design)
+void StepButton::SayValue(const app::ControlDesign& design, const std::string& difference)
 {
-  if (label_.text == said_) return;
-  said_ = label_.text;
+  const auto& text = difference.empty() ? label_.text : difference;
+  if (text == said_) return;
+  said_ = text;
   platform::SetSpoken(*this, platform::FromText(design.spoken), platform::FromText(said_));
 }
 

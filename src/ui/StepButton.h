@@ -23,8 +23,9 @@ class StepButton final : public wxButton {
   StepButton(wxWindow* parent, wxWindowID id, const wxString& name, const app::Control& label,
              Value value);
 
-  /// Lets a screen reader tell the value beside the button's name.
-  void SayValue(const app::ControlDesign& design);
+  /// Lets a screen reader tell the value beside the button's name, and how it differs from the
+  /// reference where it does.
+  void SayValue(const app::ControlDesign& design, const std::string& difference);
 
  private:
   /// One step; false when it moved nothing.

@@ -5,13 +5,13 @@
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/radiobut.h>
-#include <wx/settings.h>
 #include <wx/stattext.h>
 
 #include "app/FormControlSettings.h"
 #include "platform_wx/ListChoice.h"
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/WxText.h"
+#include "ui/MarkColour.h"
 
 namespace velquist::ui {
 namespace {
@@ -63,14 +63,6 @@ void KeepTextWhole(wxWindow& control, const wxString& text, int letters, int wid
   while (wanted() > width && letters > kSmallestLetters) control.SetFont(ControlFont(--letters));
 }
 
-/// Of values that differ from the reference, beside their weight: at least 4.5 to 1 on the window's
-/// own colour.
-wxColour MarkColour()
-{
-  const bool dark = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE).GetLuminance() < 0.5;
-  return dark ? wxColour(150, 195, 255) : wxColour(0, 60, 150);
-}
-
 long LabelStyle(const app::ControlDesign& design)
 {
   const long alignment =
@@ -105,11 +97,11 @@ void ControlWidget::BringInLine(bool shown)
       HasMark(Design().kind) && !control_->text.empty() &&
       (other_letters || control_->text != last_.text || control_->place.width != last_.place.width);
   const bool other_mark = control_->marked != last_.marked;
-  if (other_letters || other_fit || other_mark) {
+  if (other_letters || other_fit) {
     const wxFont font = ControlFont(control_->font_size);
     window_->SetFont(control_->marked ? font.Bold() : font);
   }
-  if (other_mark) window_->SetForegroundColour(control_->marked ? MarkColour() : wxColour());
+  if (other_mark) SetMarked(*window_, control_->marked);
   last_.marked = control_->marked;
   last_.font_size = control_->font_size;
   if (Design().kind == ControlKind::kList)
@@ -128,6 +120,13 @@ void ControlWidget::BringInLine(bool shown)
     window_->Show(shown);
     last_.shown = shown;
   }
+}
+
+void ControlWidget::SayDifference(const std::string& difference)
+{
+  if (difference == said_) return;
+  said_ = difference;
+  Describe(*window_, Design(), said_);
 }
 
 void ControlWidget::TakeUserChange()
@@ -222,11 +221,17 @@ wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindo
   }
 }
 
-void Describe(wxWindow& window, const app::ControlDesign& design)
+void Describe(wxWindow& window, const app::ControlDesign& design, const std::string& difference)
 {
-  const wxString tip = platform::FromText(design.tip);
-  if (!tip.empty()) window.SetToolTip(tip);
-  platform::SetSpoken(window, platform::FromText(design.spoken), tip);
+  wxString tip = platform::FromText(design.tip);
+  const wxString more = platform::FromText(difference);
+  platform::SetSpoken(window, platform::FromText(design.spoken), more.empty() ? tip : more);
+  if (!tip.empty() && !more.empty()) tip += '\n';
+  tip += more;
+  if (!tip.empty())
+    window.SetToolTip(tip);
+  else if (window.GetToolTip() != nullptr)
+    window.UnsetToolTip();
 }
 
 }  // namespace velquist::ui

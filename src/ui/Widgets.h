@@ -4,6 +4,8 @@
 #include <wx/font.h>
 #include <wx/window.h>
 
+#include <string>
+
 #include "app/MainForm.h"
 
 namespace velquist::ui {
@@ -28,6 +30,10 @@ class ControlWidget {
   /// `shown` is that of the control and everything around it.
   void BringInLine(bool shown);
 
+  /// Lets tool tip and screen reader say how the value differs from the reference, or nothing more
+  /// about that when `difference` is empty.
+  void SayDifference(const std::string& difference);
+
   /// The user has changed the widget itself: what it shows now counts as the last time.
   void TakeUserChange();
 
@@ -40,6 +46,7 @@ class ControlWidget {
   const app::Control* control_;
   wxWindow* window_;
   app::Control last_;  ///< as last shown; an empty text, no items and no place at first
+  std::string said_;   ///< difference as last said
 };
 
 /// Makes the empty widget that the control's kind says: a button, label, list, check box, option
@@ -47,7 +54,8 @@ class ControlWidget {
 [[nodiscard]] wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent,
                                    wxWindowID id);
 
-/// What a screen reader and a tool tip say about the control.
-void Describe(wxWindow& window, const app::ControlDesign& design);
+/// What a screen reader and a tool tip say about the control, and how its value differs from the
+/// reference where it does.
+void Describe(wxWindow& window, const app::ControlDesign& design, const std::string& difference);
 
 }  // namespace velquist::ui

@@ -127,10 +127,14 @@ TEST_F(Accessibility, PicturesHaveNames)
 TEST_F(Accessibility, StepButtonsTellTheValueThatTheyHaveChanged)
 {
   Start();
+  const auto description = [&](const char* name) {
+    return std::string(atk_object_get_description(Spoken(*Widget(name))));
+  };
+  EXPECT_EQ(description("CmdInc(4)"), "90");
   editor.Play("click CmdInc(4)\nexpect Label1(4) \"95\"\n");
   for (const char* const name : {"CmdInc(4)", "CmdDec(4)"}) {
     AtkObject* const spoken = Spoken(*Widget(name));
-    EXPECT_STREQ(atk_object_get_description(spoken), "95");
+    EXPECT_EQ(description(name), "was 90, now 95 (+5)");
     EXPECT_NE(NameOf(spoken).find("left front wheel rate"), std::string::npos);
   }
 }
