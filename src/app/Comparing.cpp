@@ -71,6 +71,11 @@ void MainWindow::ShowHistory()
   show(form_.MnuRedo, "Redo", car_.RedoText());
 }
 
+void MainWindow::MnuCompare_Click()
+{
+  AskFor(&MainForm::compare);
+}
+
 void MainWindow::MnuReferenceLoaded_Click()
 {
   car_.CompareWithLoaded();

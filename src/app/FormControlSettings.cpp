@@ -148,12 +148,12 @@ struct ControlRows {
       Stepper(form, slot, left + 4, kTop + 44, button_width, value_width);
     };
     form.Frame({VELQUIST_CONTROL(Frame1), .index = 3, .kind = kFrame, .place = {8, kTop, 404, 86},
-                .font_size = kTitleSize});
+                .font_size = kTitleSize, .spoken = "Fuel, Steering and Brakes"});
     cell(setup::kFuel, 18, "Fuel Level, gals", 14, 126, 34);
     cell(setup::kSteeringRatio, 19, "Steering Ratio", 142, 118, 34);
     cell(setup::kBrakeBias, 20, "Front Brake Bias, %", 262, 148, 34);
     form.Frame({VELQUIST_CONTROL(Wings), .kind = kFrame, .place = {420, kTop, 228, 86},
-                .font_size = kTitleSize});
+                .font_size = kTitleSize, .spoken = "Wings"});
     cell(setup::kFrontWing, 21, "Front Wing, deg", 424, 110, 26);
     cell(setup::kRearWing, 22, "Rear Wing , deg", 534, 110, 26);
   }

@@ -140,7 +140,7 @@ struct FormControls {
   Control LblMarquee;
 
   Control MnuFile, MnuNew, MnuOpen, MnuSave, MnuSaveAs, MnuRevert, MnuExport, MnuExit;
-  Control MnuEdit, MnuUndo, MnuRedo, MnuReference, MnuReferenceLoaded, MnuReferenceDefault,
+  Control MnuEdit, MnuUndo, MnuRedo, MnuCompare, MnuReference, MnuReferenceLoaded, MnuReferenceDefault,
       MnuReferenceFile;
   Control MnuTools, MnuImportChassis, MnuImportDrivetrain, MnuReverse, MnuSaveAsFormat,
       MnuShortFormat, MnuLongFormat, MnuAddInstall, MnuDeleteInstall;
@@ -158,6 +158,8 @@ struct SideWindowState {
 struct MainForm : FormControls {
   std::string caption;  ///< of the window
   std::string status;   ///< what was done last
+
+  SideWindowState compare;  ///< the comparison with the reference
 
   // What is drawn in the picture boxes.
   PictureRecorder chart;    ///< in PictureChart

@@ -203,6 +203,7 @@ class MainWindow {
   void MnuRedo_Click();
   void ShowAnotherState();
   void ShowHistory();
+  void MnuCompare_Click();
   void MnuReferenceLoaded_Click();
   void MnuReferenceDefault_Click();
   void MnuReferenceFile_Click();

@@ -38,8 +38,10 @@ struct MenuRows {
     form.MenuItem({VELQUIST_CONTROL(MnuRedo), .frame = "MnuEdit", .caption = "&Redo",
                    .tip = "Make the change again that was taken back", .shortcut = "Ctrl+Y",
                    .other_shortcut = "Ctrl+Shift+Z", .event = On<&MainWindow::MnuRedo_Click>});
-    form.Menu({VELQUIST_CONTROL(MnuReference), .frame = "MnuEdit", .caption = "Re&ference",
-               .begins_group = true});
+    form.MenuItem({VELQUIST_CONTROL(MnuCompare), .frame = "MnuEdit", .caption = "&Compare...",
+                   .tip = "Show what differs from the reference", .shortcut = "Ctrl+D",
+                   .event = On<&MainWindow::MnuCompare_Click>, .begins_group = true});
+    form.Menu({VELQUIST_CONTROL(MnuReference), .frame = "MnuEdit", .caption = "Re&ference"});
     form.MenuItem({VELQUIST_CONTROL(MnuReferenceLoaded), .frame = "MnuReference",
                    .caption = "Setup as &Loaded", .tip = "Mark what differs from what was loaded",
                    .event = On<&MainWindow::MnuReferenceLoaded_Click>, .exclusive = true,

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <utility>
 
+#include "app/ComparisonTable.h"
 #include "app/Flag.h"
 #include "app/FormControlSettings.h"
 #include "platform_wx/NativeLook.h"
@@ -97,6 +98,7 @@ void FrmMain::MakeStatusLine()
   wxStatusBar* const line = CreateStatusBar(1, wxSTB_DEFAULT_STYLE, wxID_ANY, "Status");
   line->SetFont(ControlFont(window_.Form().Label4.font_size));
   line->SetMinHeight(line->GetCharHeight() + 2);
+  count_ = new DifferenceCount(line, [this] { Handle([this] { window_.Click("MnuCompare"); }); });
 }
 
 /// Null for what has no window of its own.
@@ -215,6 +217,7 @@ void FrmMain::ShowChanges()
     if (widget.Design().shape == Shape::kStepButton)
       static_cast<StepButton&>(widget.Window()).SayValue(widget.Design(), difference);
   }
+  count_->BringInLine(window_.DifferenceCount(), app::ReferenceName(window_));
   ShowFile();
   menus_.BringInLine();
   for (auto* const chart : charts_) chart->BringInLine();

@@ -11,6 +11,7 @@
 
 #include "app/MainWindow.h"
 #include "platform_wx/WxPictureLoader.h"
+#include "ui/DifferenceCount.h"
 #include "ui/DifferenceTexts.h"
 #include "ui/Menus.h"
 #include "ui/PictureBoxes.h"
@@ -73,6 +74,7 @@ class FrmMain final : public wxFrame {
   SideWindows beside_;
   std::vector<ControlWidget> widgets_;
   DifferenceTexts differences_;
+  DifferenceCount* count_ = nullptr;
   std::vector<ChartBox*> charts_;
   CarPictureBox* car_ = nullptr;
   MarqueeBox* marquee_ = nullptr;

@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "ui/FrmCompare.h"
+
 namespace velquist::ui {
 namespace {
 
@@ -18,7 +20,9 @@ SideWindow* Make(const SideWindow::Setting& setting)
 }
 
 /// One row a window.
-constexpr std::array<Row, 0> kRows{};
+constexpr std::array<Row, 1> kRows = {{
+    {&app::MainForm::compare, Make<FrmCompare>},
+}};
 
 }  // namespace
 
