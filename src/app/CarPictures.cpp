@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "data/ChassisCatalogue.h"
+#include "platform/Errors.h"
 
 namespace velquist::app {
 namespace {
@@ -43,6 +44,26 @@ platform::PictureLoader::Size FittedPicture(platform::PictureLoader::Size pictur
     return std::max(static_cast<int>(std::lround(length * factor)), 1);
   };
   return {scaled(picture.width), scaled(picture.height)};
+}
+
+void ShowCarPicture(MainForm& form, std::string_view installation, const edit::CarSetup& car,
+                    const Outside& outside)
+{
+  const auto path = CarPicturePath(installation, car.ModYearIndex(), car.ChassisIndex());
+  if (!path.empty() && outside.pictures.Load(path).width > 0) {
+    form.car_picture = path;
+    return;
+  }
+  form.car_picture.clear();
+  const auto temporary = outside.program_directory + "\\MyPicture.tmp";
+  try {
+    const auto picture = outside.resources.Picture();
+    outside.files.WriteText(temporary,
+                            {reinterpret_cast<const char*>(picture.data()), picture.size()});
+    form.car_picture = temporary;
+  } catch (const FileError&) {
+    // Without a place for the file the window takes the picture from the program itself.
+  }
 }
 
 }  // namespace velquist::app

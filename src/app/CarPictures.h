@@ -4,7 +4,10 @@
 #include <string>
 #include <string_view>
 
+#include "app/MainForm.h"
+#include "app/Outside.h"
 #include "data/ModYear.h"
+#include "edit/CarSetup.h"
 #include "platform/System.h"
 
 namespace velquist::app {
@@ -17,5 +20,9 @@ namespace velquist::app {
 /// one pixel each way. `picture` is not empty.
 [[nodiscard]] platform::PictureLoader::Size FittedPicture(platform::PictureLoader::Size picture,
                                                           platform::PictureLoader::Size box);
+
+/// Shows the picture of the car, the built-in one where it has none that can be shown.
+void ShowCarPicture(MainForm& form, std::string_view installation, const edit::CarSetup& car,
+                    const Outside& outside);
 
 }  // namespace velquist::app

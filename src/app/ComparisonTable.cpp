@@ -94,7 +94,8 @@ std::string ReferenceName(const MainWindow& window)
 {
   const auto& reference = window.Car().ComparedWith();
   switch (reference.source) {
-    case edit::ReferenceSource::kDefault: return "the default setup of " + window.Form().Combo2.text;
+    case edit::ReferenceSource::kDefault:
+      return "the default setup of " + window.Form().Combo2.text;
     case edit::ReferenceSource::kFile: return std::string(platform::FileNameOf(reference.path));
     case edit::ReferenceSource::kLoaded: break;
   }

@@ -44,7 +44,7 @@ void MainWindow::Event(Command&& command)
     Tell(std::string("This cannot be done: ") + error.what() + ".  Nothing was changed.",
          platform::Icon::kExclamation);
   }
-  ShowHistory();
+  showing_.ShowHistory();
 }
 
 /// Runs a part of a command that changes everything or nothing.

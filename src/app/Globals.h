@@ -2,13 +2,13 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "app/Marquee.h"
+#include "app/OpenFile.h"
 #include "charts/SpeedBands.h"
 #include "data/EngineCurve.h"
-#include "platform/FileSystem.h"
 
 namespace velquist::app {
 
@@ -24,23 +24,14 @@ struct Globals {
   std::vector<std::string> installations_read;  ///< from the settings file at start
   std::string installation;                     ///< directory of the current game installation
 
-  /// The file that is open, as it was when it was read or written last.
-  struct OpenFile {
-    std::string path;  ///< empty for a default setup
-    std::optional<platform::FileStamp> stamp;
-    std::optional<platform::FileStamp> told;  ///< a change that the user knows of
-  } open_file;
+  OpenFile open_file;
 
   std::string command_line;
   bool from_command_line = false;  ///< until start-up is done
   bool ready = false;              ///< start-up is done: selections are the user's
   bool filling_mod_years = false;  ///< the program itself selects in Combo2
 
-  struct Marquee {
-    bool scrolling = false;       ///< a quotation is chosen
-    int left = 0;                 ///< of the quotation within its box, 1/15 pixel
-    std::uint64_t next_step = 0;  ///< tick count
-  } marquee;
+  MarqueeState marquee;
 };
 
 }  // namespace velquist::app

@@ -140,8 +140,8 @@ struct FormControls {
   Control LblMarquee;
 
   Control MnuFile, MnuNew, MnuOpen, MnuSave, MnuSaveAs, MnuRevert, MnuExport, MnuExit;
-  Control MnuEdit, MnuUndo, MnuRedo, MnuCompare, MnuReference, MnuReferenceLoaded, MnuReferenceDefault,
-      MnuReferenceFile;
+  Control MnuEdit, MnuUndo, MnuRedo, MnuCompare, MnuReference, MnuReferenceLoaded,
+      MnuReferenceDefault, MnuReferenceFile;
   Control MnuTools, MnuImportChassis, MnuImportDrivetrain, MnuReverse, MnuSaveAsFormat,
       MnuShortFormat, MnuLongFormat, MnuAddInstall, MnuDeleteInstall;
   Control MnuHelp, MnuHelp2, MnuAbout;
@@ -151,6 +151,12 @@ struct FormControls {
 struct SideWindowState {
   bool open = false;
   unsigned asked = 0;  ///< times that the user has asked for it; each brings it to the front
+
+  void Ask()
+  {
+    open = true;
+    ++asked;
+  }
 };
 
 /// What the main window shows, as plain data. The events write to it, the front end brings its

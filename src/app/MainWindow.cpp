@@ -2,8 +2,10 @@
 #include "app/MainWindow.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <utility>
 
+#include "app/Choosing.h"
 #include "app/EventEntry.h"
 #include "app/FormControlSettings.h"
 #include "platform/Errors.h"
@@ -14,83 +16,45 @@ namespace velquist::app {
 using platform::Buttons;
 using platform::Icon;
 
-MainWindow::MainWindow(Outside outside) : outside_(std::move(outside)) {}
+namespace {
 
-/// Nothing happens on a row without an event.
-void MainWindow::Fire(const Control& control)
+/// The control when it is of one of the kinds.
+Control* FindOf(MainForm& form, std::string_view name, int index,
+                std::initializer_list<ControlKind> kinds) noexcept
 {
-  control.design->event(*this, control.design->index);
-}
-
-Control* MainWindow::FindOf(std::string_view name, int index,
-                            std::initializer_list<ControlKind> kinds) noexcept
-{
-  Control* control = form_.Find(name, index);
+  Control* control = form.Find(name, index);
   const bool is_one =
       control != nullptr && std::ranges::find(kinds, control->design->kind) != kinds.end();
   return is_one ? control : nullptr;
 }
 
+}  // namespace
+
+MainWindow::MainWindow(Outside outside) : outside_(std::move(outside)) {}
+
 bool MainWindow::Click(std::string_view name, int index, bool repeated)
 {
-  const Control* control = FindOf(name, index, {ControlKind::kButton, ControlKind::kMenu});
+  const Control* control = FindOf(form_, name, index, {ControlKind::kButton, ControlKind::kMenu});
   if (control == nullptr || control->design->event == nullptr || ended_) return false;
   const Flag held(repeated_, repeated);
-  Event([&] { Fire(*control); });
+  Event([&] { Fire(*this, *control); });
   return true;
 }
 
 bool MainWindow::Check(std::string_view name, int index, bool checked)
 {
-  Control* box = FindOf(name, index, {ControlKind::kCheck, ControlKind::kOption});
+  Control* box = FindOf(form_, name, index, {ControlKind::kCheck, ControlKind::kOption});
   if (box == nullptr || ended_) return false;
-  Event([&] { AllOrNothing([&] { SetChecked(*box, checked); }); });
+  Event([&] { AllOrNothing([&] { SetChecked(*this, form_, *box, checked); }); });
   return true;
 }
 
 bool MainWindow::Select(std::string_view name, int index, int selection)
 {
-  Control* list = FindOf(name, index, {ControlKind::kList});
+  Control* list = FindOf(form_, name, index, {ControlKind::kList});
   if (list == nullptr || ended_) return false;
-  Event([&] { AllOrNothing([&] { Choose(*list, selection); }); });
+  Event([&] { AllOrNothing([&] { Choose(*this, *list, selection); }); });
   return true;
-}
-
-void MainWindow::Choose(Control& list, int index)
-{
-  if (index < 0 || static_cast<std::size_t>(index) >= list.items.size())
-    throw BoundsError("selection " + std::to_string(index));
-  list.selection = index;
-  list.text = list.items[static_cast<std::size_t>(index)];
-  Fire(list);
-}
-
-bool MainWindow::ChooseText(Control& list, std::string_view text)
-{
-  const auto found = std::ranges::find(list.items, text);
-  if (found == list.items.end()) {
-    list.selection = -1;
-    list.text.clear();
-    return false;
-  }
-  Choose(list, static_cast<int>(found - list.items.begin()));
-  return true;
-}
-
-void MainWindow::ChooseOrAdd(Control& list, const std::string& name)
-{
-  if (std::ranges::find(list.items, name) == list.items.end()) list.items.push_back(name);
-  ChooseText(list, name);
-}
-
-void MainWindow::SetChecked(Control& box, bool checked)
-{
-  if (box.design->kind == ControlKind::kOption) {
-    for (auto& option : box.design->member.places(form_)) option.checked = false;
-    checked = true;
-  }
-  box.checked = checked;
-  Fire(box);
 }
 
 void MainWindow::Tell(std::string_view text, Icon icon)
@@ -105,13 +69,6 @@ void MainWindow::Say(std::string_view done, std::string_view path)
   if (const auto directory = platform::FileNameOf(platform::DirectoryOf(path)); !directory.empty())
     form_.status.append(directory).append("/");
   form_.status.append(platform::FileNameOf(path));
-}
-
-void MainWindow::AskFor(SideWindowState MainForm::*window)
-{
-  auto& state = form_.*window;
-  state.open = true;
-  ++state.asked;
 }
 
 void MainWindow::SideWindowClosed(SideWindowState MainForm::*window)
@@ -145,7 +102,12 @@ void MainWindow::FileDropped(std::string_view path)
 
 void MainWindow::Tick()
 {
-  Event([&] { MoveMarquee(); });
+  Event([&] { marquee_.Move(); });
+}
+
+int MainWindow::UntilTick() const
+{
+  return marquee_.UntilTick();
 }
 
 void MainWindow::Resized(int client_width, int client_height)
@@ -155,7 +117,7 @@ void MainWindow::Resized(int client_width, int client_height)
     ScaleControls(form_, {static_cast<float>(client_width) / kDesignClientWidth,
                           static_cast<float>(client_height) / kDesignClientHeight});
     LayOut();
-    ResizeMarquee(marquee_width);
+    marquee_.Resized(marquee_width);
   });
 }
 

@@ -1,33 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
-#include "app/Dialogs.h"
+#include "app/CarShowing.h"
 #include "app/Globals.h"
 #include "app/MainForm.h"
+#include "app/Outside.h"
+#include "app/TopLists.h"
 #include "edit/CarSetup.h"
-#include "platform/FileSystem.h"
-#include "platform/System.h"
 
 namespace velquist::app {
-
-/// Everything outside the program, passed in at construction. Outlives the window.
-struct Outside {
-  platform::FileSystem& files;
-  Dialogs& dialogs;
-  platform::Process& process;
-  platform::Clock& clock;
-  platform::Random& random;
-  platform::Screen& screen;
-  platform::PictureLoader& pictures;
-  platform::Resources& resources;
-  std::string program_directory;  ///< without trailing separator
-};
 
 /// The main window without a toolkit: all state, and one member function a user's action, named
 /// after its control. Each public function is one event, handled to completion: what goes wrong in
@@ -35,6 +21,9 @@ struct Outside {
 class MainWindow {
  public:
   explicit MainWindow(Outside outside);
+  MainWindow(const MainWindow&) = delete;
+  MainWindow& operator=(const MainWindow&) = delete;
+  ~MainWindow() = default;
 
   /// Start-up; `command_line` is empty or the path of one setup file, quoted or not.
   void Form_Load(std::string_view command_line);
@@ -93,6 +82,8 @@ class MainWindow {
   friend struct MenuRows;
   friend struct ControlRows;
   struct Before;
+  struct Session;
+  struct Opening;
 
   // MainWindow.cpp: events
   template <class Command>
@@ -100,31 +91,12 @@ class MainWindow {
   template <class Command>
   void AllOrNothing(Command&& command);
   void GoBack(Before before);
-  Control* FindOf(std::string_view name, int index,
-                  std::initializer_list<ControlKind> kinds) noexcept;
-  void Fire(const Control& control);
-  void Choose(Control& list, int index);
-  bool ChooseText(Control& list, std::string_view text);
-  void ChooseOrAdd(Control& list, const std::string& name);
-  void SetChecked(Control& box, bool checked);
   void Tell(std::string_view text, platform::Icon icon);
   void Say(std::string_view done, std::string_view path);
   [[noreturn]] void EndWith(std::string_view text, platform::Icon icon);
 
-  void AskFor(SideWindowState MainForm::*window);
-
   // StartUp.cpp: start-up and shut-down
   void LayOut();
-  void LoadProgramSettings();
-  void ReadSettingsFile(const std::string& path);
-  void FirstRun();
-  [[nodiscard]] std::vector<std::string> InstallationsOnDisk(const std::string& path) const;
-  void SaveProgramSettings();
-  void DeriveInstallationFromCommandLine();
-  void LoadStartingSetup();
-  bool ReadCommandLineSetup();
-  void TakeStartingSetup();
-  void ApplyStoredUnits();
   void LoadDefaultSetup();
   void ReadDataFiles();
   bool MayClose();
@@ -136,14 +108,6 @@ class MainWindow {
   void Combo5_Click();
   void Combo6_Click();
   void Combo7_Click();
-  void FillPlayersAndTracks();
-  void FillTracks();
-  void ChooseKept(Control& list, int saved);
-  void FillModYears();
-  void ListModYears();
-  void SelectModYear();
-  void FillChassis();
-  void ShowModYearControls();
   void AddInstallation();
   void DeleteInstallation();
 
@@ -153,14 +117,8 @@ class MainWindow {
   void MnuImportDrivetrain_Click();
   void OpenPath(const std::string& path);
   bool FindModYear(std::string_view file_name);
-  void TakeOpened(const std::string& path, const std::string& name);
   std::optional<std::string> AskForSetup(std::string_view title);
-  void EnterInstallation(const std::string& path);
-  void RememberFile(const std::string& path);
-  [[nodiscard]] bool IsChangedOnDisk() const;
   bool MayOverwriteChanged(const std::string& path);
-  template <class Import>
-  void ImportSetup(std::string_view title, std::string_view done, Import&& import);
 
   // Saving.cpp: to disk
   void MnuNew_Click();
@@ -173,9 +131,6 @@ class MainWindow {
   bool SaveFirst();
   bool Save();
   bool Write(const std::string& path, std::optional<setup::Layout> layout);
-  [[nodiscard]] std::optional<setup::Layout> LayoutOfSaveAs() const;
-  [[nodiscard]] std::string SetupDirectory() const;
-  void ShowFileName();
 
   // Editing.cpp: values and options
   void ShowSetup();
@@ -188,39 +143,18 @@ class MainWindow {
   void FineCheck_Click();
   void RollBarConstTotal_Click();
   void SpringStiffnessProportional_Click();
-  void ShowOptions();
-  void ShowDrivetrainLists();
-  void RefreshDisplay();
-  void ShowSlotValue(int slot);
-  void ShowGear(int slot);
-  void ShowOverallRatio(int slot);
-  void ShowLockingPercent();
-  void ShowGearRows();
 
   // Comparing.cpp: history and reference
   void StartEditing();
   void MnuUndo_Click();
   void MnuRedo_Click();
-  void ShowAnotherState();
-  void ShowHistory();
   void MnuCompare_Click();
   void MnuReferenceLoaded_Click();
   void MnuReferenceDefault_Click();
   void MnuReferenceFile_Click();
   void CompareWithFile(edit::ReferenceSource source, const std::string& path);
-  std::optional<edit::Reference> ReadReference(edit::ReferenceSource source,
-                                               const std::string& path);
-  void ShowReference();
-  void ShowMark(int slot);
 
   // Pictures.cpp: charts, car picture, marquee
-  void DrawCharts();
-  void DrawEngineChart();
-  void DrawSpeedBands();
-  void ShowCarPicture();
-  void MoveMarquee();
-  void PlaceMarquee();
-  void ResizeMarquee(int width_before);
   void MnuAbout_Click();
   void MnuHelp2_Click();
 
@@ -228,6 +162,9 @@ class MainWindow {
   edit::CarSetup car_;
   Globals globals_;
   MainForm form_;
+  CarShowing showing_{car_, globals_, form_};
+  TopLists lists_{*this, car_, globals_, form_, outside_.files};
+  Marquee marquee_{globals_.marquee, form_, outside_.clock, outside_.random};
   bool ended_ = false;
   std::string_view incomplete_data_file_;  ///< of those read last; empty when it is whole
   bool repeated_ = false;                  ///< the press under way is one of a held button

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/Choosing.h"
 #include "app/EventEntry.h"
 #include "app/MainWindow.h"
 #include "app/ModYearFromFile.h"
@@ -32,12 +33,40 @@ std::string OpenFilter()
 
 }  // namespace
 
+/// What is done with a setup file from disk.
+struct MainWindow::Opening {
+  explicit Opening(MainWindow& window)
+      : window_(window),
+        outside_(window.outside_),
+        car_(window.car_),
+        globals_(window.globals_),
+        form_(window.form_)
+  {
+  }
+
+  /// Makes the installation that a setup file lies in the current one, without its default setup,
+  /// as a start with that file does.
+  void EnterInstallation(const std::string& path);
+  /// Shows the file that was read and identified.
+  void TakeOpened(const std::string& path, const std::string& name);
+  /// Asks for a setup file, reads it into the buffer and runs `import` on it.
+  template <class Import>
+  void ImportSetup(std::string_view title, std::string_view done, Import&& import);
+
+ private:
+  MainWindow& window_;
+  const Outside& outside_;
+  edit::CarSetup& car_;
+  Globals& globals_;
+  MainForm& form_;
+};
+
 std::optional<std::string> MainWindow::AskForSetup(std::string_view title)
 {
   constexpr int kFirstFormulaFilter = 2;
   return outside_.dialogs.AskOpenFile({.filter = OpenFilter(),
                                        .filter_index = car_.FormulaIndex() + kFirstFormulaFilter,
-                                       .start = SetupDirectory() + "\\*.*",
+                                       .start = SetupDirectory(form_) + "\\*.*",
                                        .directory = {},
                                        .title = std::string(title)});
 }
@@ -62,11 +91,12 @@ void MainWindow::OpenPath(const std::string& path)
       Tell("This is not a valid GPL setup file.  Please select another file.", Icon::kInformation);
       return;
     }
-    EnterInstallation(path);
+    Opening opening(*this);
+    opening.EnterInstallation(path);
     const auto name = std::string(platform::FileNameOf(path));
     if (FindModYear(name)) {
-      TakeOpened(path, name);
-      RememberFile(path);
+      opening.TakeOpened(path, name);
+      globals_.open_file.Remember(outside_.files, path);
     } else {
       go_back();
     }
@@ -92,33 +122,30 @@ bool MainWindow::FindModYear(std::string_view file_name)
   return installed;
 }
 
-/// Shows the file that was read and identified.
-void MainWindow::TakeOpened(const std::string& path, const std::string& name)
+void MainWindow::Opening::TakeOpened(const std::string& path, const std::string& name)
 {
-  SelectModYear();
-  FillChassis();
-  ReadDataFiles();
+  window_.lists_.SelectModYear();
+  window_.lists_.FillChassis();
+  window_.ReadDataFiles();
   car_.LoadValues();
-  ShowSetup();
+  window_.ShowSetup();
   car_.SetFileName(name);
-  ShowFileName();
+  window_.showing_.ShowFileName();
   const auto chassis = setup::ChassisIndexOf(car_.ModYearIndex(), setup::ChassisCodeOf(name));
-  Choose(form_.Combo3, chassis.value_or(car_.ChassisIndex()));
+  Choose(window_, form_.Combo3, chassis.value_or(car_.ChassisIndex()));
   // GT cars have formula F1 alone, whatever the name ends in.
   const auto formula = setup::FormulaIndexOf(name);
-  if (formula && car_.ModYearIndex() != data::ModYear::kGT) Choose(form_.Combo6, *formula);
+  if (formula && car_.ModYearIndex() != data::ModYear::kGT) Choose(window_, form_.Combo6, *formula);
   // The player first: choosing one lists that player's tracks.
   if (const auto place = install::PlaceOfPath(path)) {
-    ChooseOrAdd(form_.Combo4, place->player);
-    ChooseOrAdd(form_.Combo5, place->track);
+    ChooseOrAdd(window_, form_.Combo4, place->player);
+    ChooseOrAdd(window_, form_.Combo5, place->track);
   }
-  StartEditing();
-  Say("Opened", path);
+  window_.StartEditing();
+  window_.Say("Opened", path);
 }
 
-/// Makes the installation that a setup file lies in the current one, without its default setup, as
-/// a start with that file does.
-void MainWindow::EnterInstallation(const std::string& path)
+void MainWindow::Opening::EnterInstallation(const std::string& path)
 {
   const auto place = install::PlaceOfPath(path);
   if (!place) return;
@@ -134,23 +161,10 @@ void MainWindow::EnterInstallation(const std::string& path)
   globals_.player_index = globals_.track_index = 0;
   {
     const Flag filling(globals_.ready, false);
-    Choose(list, static_cast<int>(found - list.items.begin()));
+    Choose(window_, list, static_cast<int>(found - list.items.begin()));
   }
-  FillPlayersAndTracks();
-  ListModYears();
-}
-
-void MainWindow::RememberFile(const std::string& path)
-{
-  globals_.open_file = {path, outside_.files.Stamp(path), std::nullopt};
-}
-
-bool MainWindow::IsChangedOnDisk() const
-{
-  const auto& file = globals_.open_file;
-  if (file.path.empty()) return false;
-  const auto now = outside_.files.Stamp(file.path);
-  return now && now != file.stamp;
+  window_.lists_.FillPlayersAndTracks();
+  window_.lists_.ListModYears();
 }
 
 /// Before a file is written over: asks when it is the open one and another program changed it.
@@ -158,7 +172,9 @@ bool MainWindow::MayOverwriteChanged(const std::string& path)
 {
   const auto host = outside_.files.HostText(path);
   auto& file = globals_.open_file;
-  if (host != outside_.files.HostText(file.path) || !IsChangedOnDisk()) return true;
+  if (host != outside_.files.HostText(file.path) ||
+      !globals_.open_file.IsChangedOnDisk(outside_.files))
+    return true;
   file.told = outside_.files.Stamp(file.path);
   return outside_.dialogs.ShowMessage(
              "Another program has changed this file since it was read here:\n" + host +
@@ -169,7 +185,7 @@ bool MainWindow::MayOverwriteChanged(const std::string& path)
 void MainWindow::Activated()
 {
   Event([&] {
-    if (!globals_.ready || !IsChangedOnDisk()) return;
+    if (!globals_.ready || !globals_.open_file.IsChangedOnDisk(outside_.files)) return;
     auto& file = globals_.open_file;
     const auto now = outside_.files.Stamp(file.path);
     if (now == std::exchange(file.told, now)) return;
@@ -183,41 +199,42 @@ void MainWindow::Activated()
   });
 }
 
-/// Asks for a setup file, reads it into the buffer and runs `import` on it.
 template <class Import>
-void MainWindow::ImportSetup(std::string_view title, std::string_view done, Import&& import)
+void MainWindow::Opening::ImportSetup(std::string_view title, std::string_view done,
+                                      Import&& import)
 {
-  if (!SaveFirst()) return;
-  const auto path = AskForSetup(title);
+  if (!window_.SaveFirst()) return;
+  const auto path = window_.AskForSetup(title);
   if (!path) return;
   if (!car_.ReadFile(outside_.files, *path)) {
-    Tell("This is not a valid GPL setup file.  Please select another file.", Icon::kInformation);
+    window_.Tell("This is not a valid GPL setup file.  Please select another file.",
+                 Icon::kInformation);
     return;
   }
   try {
-    AllOrNothing(std::forward<Import>(import));
-    Say(done, *path);
+    window_.AllOrNothing(std::forward<Import>(import));
+    window_.Say(done, *path);
   } catch (const BoundsError&) {
-    Tell("This setup file does not fit the current mod year.  Please select another file.",
-         Icon::kInformation);
+    window_.Tell("This setup file does not fit the current mod year.  Please select another file.",
+                 Icon::kInformation);
   }
 }
 
 void MainWindow::MnuImportChassis_Click()
 {
-  ImportSetup("Import Chassis From", "Imported the chassis of", [&] {
+  Opening(*this).ImportSetup("Import Chassis From", "Imported the chassis of", [&] {
     car_.ImportChassis();
-    RefreshDisplay();
+    showing_.RefreshDisplay();
   });
 }
 
 void MainWindow::MnuImportDrivetrain_Click()
 {
-  ImportSetup("Import Drivetrain From", "Imported the drivetrain of", [&] {
+  Opening(*this).ImportSetup("Import Drivetrain From", "Imported the drivetrain of", [&] {
     car_.ImportDrivetrain();
-    ShowDrivetrainLists();
-    RefreshDisplay();
-    DrawCharts();
+    showing_.ShowDrivetrainLists();
+    showing_.RefreshDisplay();
+    showing_.DrawCharts();
   });
 }
 

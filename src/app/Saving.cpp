@@ -18,22 +18,19 @@ using platform::Icon;
 
 constexpr std::string_view kDefaultSetupEnding = "vqset";
 
-}  // namespace
-
-std::string MainWindow::SetupDirectory() const
+/// 1967 and 1965 setups are saved in the chosen layout; those of other years stay as they are.
+std::optional<setup::Layout> LayoutOfSaveAs(data::ModYear year, const MainForm& form)
 {
-  return install::SetupDirectory(form_.Combo7.text, form_.Combo4.text, form_.Combo5.text);
+  if (year != data::ModYear::k1967 && year != data::ModYear::k1965) return std::nullopt;
+  return form.MnuLongFormat.checked ? setup::Layout::kLong : setup::Layout::kShort;
 }
+
+}  // namespace
 
 std::string MainWindow::SavePath() const
 {
   if (car_.FileName().ends_with(kDefaultSetupEnding)) return car_.FileName();
-  return SetupDirectory() + "\\" + car_.FileName();
-}
-
-void MainWindow::ShowFileName()
-{
-  form_.Label4.text = car_.FileName();
+  return SetupDirectory(form_) + "\\" + car_.FileName();
 }
 
 /// Offers to save unsaved changes. False when that save failed, so that nothing is lost by going
@@ -84,14 +81,15 @@ void MainWindow::MnuSaveAs_Click()
   const auto pattern = "*." + extension;
   const auto chosen =
       outside_.dialogs.AskSaveFile({.filter = "GPL Setup Files (" + pattern + ")|" + pattern,
-                                    .start = SetupDirectory() + "\\" + pattern,
+                                    .start = SetupDirectory(form_) + "\\" + pattern,
                                     .extension = extension,
                                     .title = "Save Setup As"});
   if (!chosen) return;
   const auto path = platform::WithExtension(*chosen, extension);
-  if (!MayOverwriteChanged(path) || !Write(path, LayoutOfSaveAs())) return;
+  if (!MayOverwriteChanged(path) || !Write(path, LayoutOfSaveAs(car_.ModYearIndex(), form_)))
+    return;
   car_.SetFileName(std::string(platform::FileNameOf(path)));
-  ShowFileName();
+  showing_.ShowFileName();
 }
 
 /// Writes the setup and remembers the file; false, after the reason was told, when that failed.
@@ -114,17 +112,9 @@ bool MainWindow::Write(const std::string& path, std::optional<setup::Layout> lay
   } catch (const FileError& error) {
     return not_saved(error.Path(), error.Reason());
   }
-  RememberFile(path);
+  globals_.open_file.Remember(outside_.files, path);
   Say("Saved", path);
   return true;
-}
-
-/// 1967 and 1965 setups are saved in the chosen layout; those of other years stay as they are.
-std::optional<setup::Layout> MainWindow::LayoutOfSaveAs() const
-{
-  const auto year = car_.ModYearIndex();
-  if (year != data::ModYear::k1967 && year != data::ModYear::k1965) return std::nullopt;
-  return form_.MnuLongFormat.checked ? setup::Layout::kLong : setup::Layout::kShort;
 }
 
 void MainWindow::MnuRevert_Click()
@@ -134,7 +124,7 @@ void MainWindow::MnuRevert_Click()
     LoadDefaultSetup();
     car_.LoadValues();
     ShowSetup();
-    DrawCharts();
+    showing_.DrawCharts();
     StartEditing();
     Say("Reverted to", car_.FileName());
   });
@@ -150,7 +140,7 @@ void MainWindow::MnuReverse_Click()
 {
   AllOrNothing([&] {
     car_.ReverseSides();
-    RefreshDisplay();
+    showing_.RefreshDisplay();
   });
 }
 
@@ -163,7 +153,7 @@ void MainWindow::MnuExport_Click()
       .formula = car_.FormulaIndex() + 1,
       .gear_count = car_.GearCount(),
   };
-  const auto path = SetupDirectory() + "\\" + text_export::ExportFileName(car_.FileName());
+  const auto path = SetupDirectory(form_) + "\\" + text_export::ExportFileName(car_.FileName());
   outside_.files.WriteText(path,
                            text_export::ExportText(subject, car_.ValuesToWrite(), car_.Gears()));
   Say("Exported", path);

@@ -4,37 +4,17 @@
 #include <functional>
 #include <utility>
 
+#include "app/CarPictures.h"
+#include "app/Choosing.h"
 #include "app/EventEntry.h"
 #include "app/MainWindow.h"
-#include "app/ModYearFromFile.h"
-#include "data/ChassisCatalogue.h"
 #include "install/Installations.h"
-#include "platform/LetterCase.h"
 #include "platform/Paths.h"
-#include "setup/Identification.h"
 
 namespace velquist::app {
 namespace {
 
 using platform::Icon;
-
-/// Place of the formula list's caption in Label5.
-constexpr std::size_t kFormulaCaption = 3;
-
-/// A saved position, or the first one where the list is shorter.
-int KeptPosition(int saved, const Control& list)
-{
-  return saved >= 0 && static_cast<std::size_t>(saved) < list.items.size() ? saved : 0;
-}
-
-/// A directory's name as the list spells it; the name itself where the list does not have it.
-std::string AsListed(const Control& list, std::string_view name)
-{
-  if (std::ranges::find(list.items, name) != list.items.end()) return std::string(name);
-  const auto other_case =
-      std::ranges::find(list.items, platform::FoldCase(name), platform::FoldCase);
-  return other_case != list.items.end() ? *other_case : std::string(name);
-}
 
 std::int16_t Position(const Control& list)
 {
@@ -69,40 +49,6 @@ class DeleteForm final : public InstallDeleteForm {
 
 }  // namespace
 
-void MainWindow::FillPlayersAndTracks()
-{
-  form_.Combo4.items = install::ListPlayers(outside_.files, globals_.installation);
-  const auto player =
-      globals_.from_command_line ? install::PlayerOfPath(globals_.command_line) : std::nullopt;
-  if (player)
-    ChooseOrAdd(form_.Combo4, AsListed(form_.Combo4, *player));
-  else
-    ChooseKept(form_.Combo4, globals_.player_index);
-  FillTracks();
-}
-
-/// Selects a saved position or the first one; an empty list has no selection.
-void MainWindow::ChooseKept(Control& list, int saved)
-{
-  if (list.items.empty()) {
-    list.selection = -1;
-    list.text.clear();
-  } else {
-    Choose(list, KeptPosition(saved, list));
-  }
-}
-
-void MainWindow::FillTracks()
-{
-  form_.Combo5.items =
-      install::ListTracks(outside_.files, globals_.installation, form_.Combo4.text);
-  if (globals_.from_command_line) {
-    const auto track = platform::FileNameOf(platform::DirectoryOf(globals_.command_line));
-    if (ChooseText(form_.Combo5, AsListed(form_.Combo5, track))) return;
-  }
-  ChooseKept(form_.Combo5, globals_.track_index);
-}
-
 void MainWindow::Combo4_Click()
 {
   if (!globals_.ready) return;
@@ -110,7 +56,7 @@ void MainWindow::Combo4_Click()
   // The track that was chosen last is looked for at the same place in the new player's list; what
   // stands there now is shown, the number is the user's.
   const auto track_index = globals_.track_index;
-  FillTracks();
+  lists_.FillTracks();
   globals_.track_index = track_index;
 }
 
@@ -120,78 +66,19 @@ void MainWindow::Combo5_Click()
   globals_.track_index = Position(form_.Combo5);
 }
 
-void MainWindow::ListModYears()
-{
-  form_.Combo2.items.clear();
-  for (const auto& marker : setup::ModMarkers())
-    if (IsInstalled(marker.ModYearIndex, globals_.installation, outside_.files))
-      form_.Combo2.items.emplace_back(data::ModYearText(marker.ModYearIndex));
-}
-
-void MainWindow::SelectModYear()
-{
-  {
-    const Flag filling(globals_.filling_mod_years, true);
-    ChooseText(form_.Combo2, data::ModYearText(car_.ModYearIndex()));
-  }
-  ShowModYearControls();
-}
-
-/// What is offered for some mod years alone.
-void MainWindow::ShowModYearControls()
-{
-  const bool wings = car_.ModYearIndex() == data::ModYear::k1969;
-  form_.Wings.shown = form_.Wings.enabled = wings;
-  const bool gt = car_.ModYearIndex() == data::ModYear::kGT;
-  for (Control* control : {&form_.AsymmetricCheck, &form_.MnuReverse})
-    control->shown = control->enabled = !gt;
-  form_.Combo6.shown = !gt;
-  form_.Label5[kFormulaCaption].shown = !gt;
-  if (gt) {
-    car_.SetFormula(0);
-    if (!form_.Combo6.items.empty()) Choose(form_.Combo6, 0);
-  }
-}
-
-void MainWindow::FillChassis()
-{
-  form_.Combo3.items.clear();
-  for (int slot = 0; slot < data::ChassisCount(car_.ModYearIndex()); ++slot)
-    form_.Combo3.items.emplace_back(data::ChassisName(car_.ModYearIndex(), slot));
-  car_.SetChassis(KeptPosition(car_.ChassisIndex(), form_.Combo3));
-}
-
-void MainWindow::FillModYears()
-{
-  ListModYears();
-  if (globals_.from_command_line) {
-    const auto code = setup::ChassisCodeOf(globals_.command_line);
-    if (const auto chassis = setup::ChassisIndexOf(car_.ModYearIndex(), code))
-      car_.SetChassis(*chassis);
-    if (const auto formula = setup::FormulaIndexOf(globals_.command_line))
-      car_.SetFormula(*formula);
-  }
-  FillChassis();
-  Choose(form_.Combo3, car_.ChassisIndex());
-  form_.Combo6.items = {"F1", "F2", "F3"};
-  car_.SetFormula(KeptPosition(car_.FormulaIndex(), form_.Combo6));
-  Choose(form_.Combo6, car_.FormulaIndex());
-  SelectModYear();
-}
-
 void MainWindow::Combo2_Click()
 {
   if (globals_.filling_mod_years) return;
   const auto mod_year = data::ModYearOfText(form_.Combo2.text);
   if (!mod_year) return;
   car_.SetModYear(*mod_year);
-  ShowModYearControls();
-  FillChassis();
+  lists_.ShowModYearControls();
+  lists_.FillChassis();
   ReadDataFiles();
   LoadDefaultSetup();
   car_.LoadValues();
   ShowSetup();
-  Choose(form_.Combo3, car_.ChassisIndex());
+  Choose(*this, form_.Combo3, car_.ChassisIndex());
   StartEditing();
 }
 
@@ -199,17 +86,17 @@ void MainWindow::Combo3_Click()
 {
   if (!globals_.ready) return;
   car_.SetChassis(form_.Combo3.selection);
-  ShowCarPicture();
-  ShowGearRows();
-  DrawCharts();
+  ShowCarPicture(form_, globals_.installation, car_, outside_);
+  showing_.ShowGearRows();
+  showing_.DrawCharts();
 }
 
 void MainWindow::Combo6_Click()
 {
   if (!globals_.ready) return;
   car_.SetFormula(form_.Combo6.selection);
-  ShowGearRows();
-  DrawCharts();
+  showing_.ShowGearRows();
+  showing_.DrawCharts();
 }
 
 void MainWindow::Combo7_Click()
@@ -222,16 +109,16 @@ void MainWindow::Combo7_Click()
   globals_.player_index = globals_.track_index = 0;
   {
     const Flag filling(globals_.ready, false);
-    FillPlayersAndTracks();
+    lists_.FillPlayersAndTracks();
     ReadDataFiles();
     LoadDefaultSetup();
     car_.LoadValues();
-    FillModYears();
-    SetChecked(form_.OptUnits[0], true);
+    lists_.FillModYears();
+    SetChecked(*this, form_, form_.OptUnits[0], true);
     ShowSetup();
   }
-  ShowCarPicture();
-  DrawCharts();
+  ShowCarPicture(form_, globals_.installation, car_, outside_);
+  showing_.DrawCharts();
   StartEditing();
 }
 
@@ -253,7 +140,7 @@ void MainWindow::AddInstallation()
   } else {
     AllOrNothing([&] {
       form_.Combo7.items.push_back(installation);
-      Choose(form_.Combo7, static_cast<int>(form_.Combo7.items.size()) - 1);
+      Choose(*this, form_.Combo7, static_cast<int>(form_.Combo7.items.size()) - 1);
     });
   }
 }
@@ -264,7 +151,7 @@ void MainWindow::DeleteInstallation()
     Event([&] {
       AllOrNothing([&] {
         form_.Combo7.items.erase(form_.Combo7.items.begin() + position);
-        Choose(form_.Combo7, 0);
+        Choose(*this, form_.Combo7, 0);
       });
     });
     return !ended_;

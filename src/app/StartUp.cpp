@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 
+#include "app/CarPictures.h"
+#include "app/Choosing.h"
 #include "app/EventEntry.h"
 #include "app/FormControlSettings.h"
 #include "app/MainWindow.h"
@@ -30,7 +32,69 @@ std::string Version()
          "." + std::to_string(VELQUIST_VERSION_REVISION);
 }
 
+/// The installations that the settings file names now; `read` where it cannot be read.
+std::vector<std::string> InstallationsOnDisk(const platform::FileSystem& files,
+                                             const std::string& path,
+                                             const std::vector<std::string>& read)
+{
+  try {
+    return install::ParseProgramSettings(data::ReadText(files, path)).installations;
+  } catch (const install::SettingsError&) {
+  } catch (const FileError&) {
+  }
+  return read;
+}
+
+void SaveProgramSettings(const Outside& outside, const edit::CarSetup& car, const Globals& globals,
+                         const MainForm& form)
+{
+  const auto path = outside.program_directory + "\\" + std::string(install::kSettingsFileName);
+  const install::ProgramSettings settings{
+      .installation = form.Combo7.text,
+      .player_index = globals.player_index,
+      .ModYearIndex = data::NumberOf(car.ModYearIndex()),
+      .format_flag = static_cast<std::int16_t>(form.MnuShortFormat.checked ? 0 : 1),
+      .chassis_index = static_cast<std::int16_t>(car.ChassisIndex()),
+      .formula_index = static_cast<std::int16_t>(car.FormulaIndex()),
+      .track_index = globals.track_index,
+      .units = globals.Units,
+      .installations = install::MergeInstallations(
+          globals.installations_read, form.Combo7.items,
+          InstallationsOnDisk(outside.files, path, globals.installations_read)),
+  };
+  outside.files.WriteText(path, install::ProgramSettingsText(settings));
+}
+
 }  // namespace
+
+/// The start of a session: settings, command line, first setup.
+struct MainWindow::Session {
+  explicit Session(MainWindow& window)
+      : window_(window),
+        outside_(window.outside_),
+        car_(window.car_),
+        globals_(window.globals_),
+        form_(window.form_)
+  {
+  }
+
+  void LoadProgramSettings();
+  void DeriveInstallationFromCommandLine();
+  void LoadStartingSetup();
+
+ private:
+  void ReadSettingsFile(const std::string& path);
+  void FirstRun();
+  bool ReadCommandLineSetup();
+  void TakeStartingSetup();
+  void ApplyStoredUnits();
+
+  MainWindow& window_;
+  const Outside& outside_;
+  edit::CarSetup& car_;
+  Globals& globals_;
+  MainForm& form_;
+};
 
 void MainWindow::Form_Load(std::string_view command_line)
 {
@@ -48,16 +112,17 @@ void MainWindow::Form_Load(std::string_view command_line)
     ScaleControls(form_, ScaleFor(screen.Width(), screen.Height()));
     LayOut();
     form_.caption = "Velquist v" + Version();
-    LoadProgramSettings();
-    DeriveInstallationFromCommandLine();
-    FillPlayersAndTracks();
-    LoadStartingSetup();
+    Session session(*this);
+    session.LoadProgramSettings();
+    session.DeriveInstallationFromCommandLine();
+    lists_.FillPlayersAndTracks();
+    session.LoadStartingSetup();
     globals_.from_command_line = false;
     globals_.ready = true;
     StartEditing();
-    ShowGearRows();
-    DrawCharts();
-    ShowCarPicture();
+    showing_.ShowGearRows();
+    showing_.DrawCharts();
+    ShowCarPicture(form_, globals_.installation, car_, outside_);
     finished = true;
   });
   // Without its data the program cannot go on; the reason has been told.
@@ -72,10 +137,10 @@ void MainWindow::LayOut()
   };
   resize(form_.chart, form_.PictureChart);
   resize(form_.chart2, form_.PictureChart2);
-  if (globals_.ready) DrawCharts();
+  if (globals_.ready) showing_.DrawCharts();
 }
 
-void MainWindow::LoadProgramSettings()
+void MainWindow::Session::LoadProgramSettings()
 {
   const auto path = outside_.program_directory + "\\" + std::string(install::kSettingsFileName);
   try {
@@ -87,13 +152,13 @@ void MainWindow::LoadProgramSettings()
   } catch (const install::SettingsError&) {
   } catch (const FileError&) {
   }
-  EndWith(
+  window_.EndWith(
       "Your saved Velquist Program Settings.ini file is not valid.  Please delete any existing "
       "file and restart the program to try again.",
       Icon::kInformation);
 }
 
-void MainWindow::ReadSettingsFile(const std::string& path)
+void MainWindow::Session::ReadSettingsFile(const std::string& path)
 {
   const auto settings = install::ParseProgramSettings(data::ReadText(outside_.files, path));
   globals_.installation = settings.installation;
@@ -105,18 +170,18 @@ void MainWindow::ReadSettingsFile(const std::string& path)
   globals_.Units = settings.units;
   globals_.installations_read = settings.installations;
   form_.Combo7.items = settings.installations;
-  ChooseOrAdd(form_.Combo7, settings.installation);
+  ChooseOrAdd(window_, form_.Combo7, settings.installation);
   if (!install::HasPlayers(outside_.files, settings.installation))
-    EndWith(
+    window_.EndWith(
         "The Velquist Program Settings.ini file is bad.\r"
         "Delete your program settings .ini file and restart the program to try again.",
         Icon::kCritical);
-  MnuFormat_Click(settings.format_flag != 0);
+  window_.MnuFormat_Click(settings.format_flag != 0);
 }
 
-void MainWindow::FirstRun()
+void MainWindow::Session::FirstRun()
 {
-  Tell(
+  window_.Tell(
       "You are missing the program's saved Program Settings file.  Please select your gpl.exe "
       "file.",
       Icon::kExclamation);
@@ -129,118 +194,91 @@ void MainWindow::FirstRun()
     throw install::SettingsError("no gpl.exe was chosen");
   const auto installation = std::string(platform::DirectoryOf(*chosen));
   if (!install::HasPlayers(outside_.files, installation))
-    EndWith(
+    window_.EndWith(
         "This is not a valid GPL directory as it is missing the Players directory.  Restart "
         "the program to try again.",
         Icon::kInformation);
   globals_.installation = installation;
   form_.Combo7.items = {installation};
-  ChooseText(form_.Combo7, installation);
-  MnuFormat_Click(false);
+  ChooseText(window_, form_.Combo7, installation);
+  window_.MnuFormat_Click(false);
 }
 
-/// The installations that the settings file names now; those it had where it cannot be read.
-std::vector<std::string> MainWindow::InstallationsOnDisk(const std::string& path) const
-{
-  try {
-    return install::ParseProgramSettings(data::ReadText(outside_.files, path)).installations;
-  } catch (const install::SettingsError&) {
-  } catch (const FileError&) {
-  }
-  return globals_.installations_read;
-}
-
-void MainWindow::SaveProgramSettings()
-{
-  const auto path = outside_.program_directory + "\\" + std::string(install::kSettingsFileName);
-  const install::ProgramSettings settings{
-      .installation = form_.Combo7.text,
-      .player_index = globals_.player_index,
-      .ModYearIndex = data::NumberOf(car_.ModYearIndex()),
-      .format_flag = static_cast<std::int16_t>(form_.MnuShortFormat.checked ? 0 : 1),
-      .chassis_index = static_cast<std::int16_t>(car_.ChassisIndex()),
-      .formula_index = static_cast<std::int16_t>(car_.FormulaIndex()),
-      .track_index = globals_.track_index,
-      .units = globals_.Units,
-      .installations = install::MergeInstallations(globals_.installations_read, form_.Combo7.items,
-                                                   InstallationsOnDisk(path)),
-  };
-  outside_.files.WriteText(path, install::ProgramSettingsText(settings));
-}
-
-void MainWindow::DeriveInstallationFromCommandLine()
+void MainWindow::Session::DeriveInstallationFromCommandLine()
 {
   if (!globals_.from_command_line) return;
   const auto installation = install::InstallationOfPath(globals_.command_line);
   if (!installation)
-    EndWith("This setup file does not lie in a player's directory of a GPL installation:\n" +
-                globals_.command_line,
-            Icon::kCritical);
+    window_.EndWith(
+        "This setup file does not lie in a player's directory of a GPL installation:\n" +
+            globals_.command_line,
+        Icon::kCritical);
   globals_.installation = *installation;
-  ChooseOrAdd(form_.Combo7, *installation);
+  ChooseOrAdd(window_, form_.Combo7, *installation);
 }
 
 /// The setup of the command line or, without one or when it cannot be used, the default setup of
 /// the saved mod year, with everything that depends on it.
-void MainWindow::LoadStartingSetup()
+void MainWindow::Session::LoadStartingSetup()
 {
   const auto saved_mod_year = car_.ModYearIndex();
   if (globals_.from_command_line && ReadCommandLineSetup()) {
     try {
-      AllOrNothing([&] {
-        ReadDataFiles();
+      window_.AllOrNothing([&] {
+        window_.ReadDataFiles();
         TakeStartingSetup();
-        Say("Opened", globals_.command_line);
+        window_.Say("Opened", globals_.command_line);
       });
       return;
     } catch (const BoundsError&) {
-      Tell("There is something wrong with this setup file.  Please select another file.",
-           Icon::kInformation);
+      window_.Tell("There is something wrong with this setup file.  Please select another file.",
+                   Icon::kInformation);
     }
   }
   globals_.from_command_line = false;
   car_.SetModYear(saved_mod_year);
-  LoadDefaultSetup();
-  ReadDataFiles();
+  window_.LoadDefaultSetup();
+  window_.ReadDataFiles();
   TakeStartingSetup();
 }
 
-void MainWindow::TakeStartingSetup()
+void MainWindow::Session::TakeStartingSetup()
 {
   car_.LoadValues();
-  FillModYears();
+  window_.lists_.FillModYears();
   ApplyStoredUnits();
-  ShowSetup();
+  window_.ShowSetup();
 }
 
 /// Reads the file of the command line and finds its mod year; false when it cannot be used.
-bool MainWindow::ReadCommandLineSetup()
+bool MainWindow::Session::ReadCommandLineSetup()
 {
   const auto& path = globals_.command_line;
   try {
     if (!car_.ReadFile(outside_.files, path)) {
-      Tell("This is not a valid GPL setup file.  Please select another file.", Icon::kInformation);
+      window_.Tell("This is not a valid GPL setup file.  Please select another file.",
+                   Icon::kInformation);
       return false;
     }
     const auto name = std::string(platform::FileNameOf(path));
-    if (!FindModYear(name)) return false;
+    if (!window_.FindModYear(name)) return false;
     car_.SetFileName(name);
-    ShowFileName();
-    RememberFile(path);
+    window_.showing_.ShowFileName();
+    globals_.open_file.Remember(outside_.files, path);
     return true;
   } catch (const FileError&) {
   } catch (const BoundsError&) {
   }
-  Tell("There is something wrong with this setup file.  Please select another file.",
-       Icon::kInformation);
+  window_.Tell("There is something wrong with this setup file.  Please select another file.",
+               Icon::kInformation);
   return false;
 }
 
-void MainWindow::ApplyStoredUnits()
+void MainWindow::Session::ApplyStoredUnits()
 {
   if (globals_.Units != edit::kEnglish && globals_.Units != edit::kMetric)
-    EndWith(kCorruptedSettings, Icon::kCritical);
-  SetChecked(form_.OptUnits[static_cast<std::size_t>(globals_.Units)], true);
+    window_.EndWith(kCorruptedSettings, Icon::kCritical);
+  SetChecked(window_, form_, form_.OptUnits[static_cast<std::size_t>(globals_.Units)], true);
 }
 
 /// Asks about unsaved changes; unless the answer is No, writes the settings and ends the program.
@@ -251,7 +289,7 @@ bool MainWindow::MayClose()
                             Icon::kQuestion, Buttons::kNoYes) != Answer::kYes)
     return false;
   try {
-    SaveProgramSettings();
+    SaveProgramSettings(outside_, car_, globals_, form_);
   } catch (const FileError& error) {
     Tell(error.Path() + "\n" + error.Reason() + ".", Icon::kExclamation);
   }
@@ -271,7 +309,7 @@ void MainWindow::LoadDefaultSetup()
   car_.ReadFile(outside_.files, path);
   globals_.open_file = {};
   car_.SetFileName(name);
-  ShowFileName();
+  showing_.ShowFileName();
   Say("Loaded", name);
 }
 
