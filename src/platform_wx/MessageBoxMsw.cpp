@@ -35,6 +35,7 @@ HHOOK awaited_box = nullptr;
 LRESULT CALLBACK LetTheBoxBeClosed(int code, WPARAM window, LPARAM more)
 {
   if (code == HCBT_ACTIVATE) {
+    // The system gives the window as a number. NOLINTNEXTLINE(performance-no-int-to-ptr)
     const HWND box = reinterpret_cast<HWND>(window);
     ::UnhookWindowsHookEx(awaited_box);
     ::SetWindowSubclass(box, AnswerNoOnCancel, 1, 0);
