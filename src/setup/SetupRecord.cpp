@@ -60,6 +60,11 @@ std::int16_t FromMinimum(const data::SetupData& values, int slot, int offset)
 
 }  // namespace
 
+bool IsGearOfRatio(const data::GearData& gears, std::int32_t id, float ratio_number)
+{
+  return id >= 0 && id < data::kGearRows && gears.Ratio(id) == RoundedToThreeDecimals(ratio_number);
+}
+
 void LoadSlots(std::span<const std::byte> SetupBuffer, int first, int last, data::SetupData& values)
 {
   for (int slot = first; slot <= last; ++slot) LoadSlot(SetupBuffer, slot, values);

@@ -37,6 +37,10 @@ using ListValues = std::array<std::int16_t, 4>;
 void LoadSlots(std::span<const std::byte> SetupBuffer, int first, int last,
                data::SetupData& values);
 
+/// The gear table's row `id` has this ratio number, compared by three decimals. False for an ID
+/// outside 0 to 89.
+[[nodiscard]] bool IsGearOfRatio(const data::GearData& gears, std::int32_t id, float ratio_number);
+
 /// Takes every value from the buffer and repairs gear IDs that disagree with their ratio numbers:
 /// such an ID becomes the last gear row whose ratio does not exceed the stored ratio number. The
 /// wings are read for 1969 and -1.0 for any other year. Returns the symmetry flag.
