@@ -86,9 +86,13 @@ std::optional<DataFile> CarSetup::ReadDataFiles(const platform::FileSystem& file
 bool CarSetup::ReadFile(const platform::FileSystem& files, std::string_view path)
 {
   setup::Bytes bytes;
-  if (setup::ReadSetupFile(files, path, bytes) != 0)
-    SetupBuffer_ = std::make_shared<const setup::Bytes>(std::move(bytes));
+  if (setup::ReadSetupFile(files, path, bytes) != 0) TakeBytes(std::move(bytes));
   return setup::HasMagic(*SetupBuffer_);
+}
+
+void CarSetup::TakeBytes(setup::Bytes bytes)
+{
+  SetupBuffer_ = std::make_shared<const setup::Bytes>(std::move(bytes));
 }
 
 bool CarSetup::HasEveryRatio() const
@@ -125,18 +129,26 @@ void CarSetup::LoadLists()
   });
 }
 
+setup::Bytes CarSetup::BytesToWrite(std::optional<setup::Layout> layout) const
+{
+  auto values = setup_data_;
+  setup::RebuildRatioNumbers(tables_->gears, values);
+  setup::Bytes bytes = *edited_bytes_;
+  setup::StoreSetupValues(values, setup::ValuesOfLists(values, lists_), options_.asymmetric,
+                          ModYearIndex_, bytes);
+  if (layout) setup::ConvertLayout(bytes, *layout);
+  return bytes;
+}
+
 void CarSetup::WriteFile(platform::FileSystem& files, std::string_view path,
                          std::optional<setup::Layout> layout)
 {
   AllOrNothing([&] {
+    auto written = std::make_shared<const setup::Bytes>(BytesToWrite(layout));
     setup::RebuildRatioNumbers(tables_->gears, setup_data_);
     const auto list_values = setup::ValuesOfLists(setup_data_, lists_);
-    setup::Bytes bytes = *edited_bytes_;
-    setup::StoreSetupValues(setup_data_, list_values, options_.asymmetric, ModYearIndex_, bytes);
-    if (layout) setup::ConvertLayout(bytes, *layout);
     for (int list = 0; list < kDrivetrainLists; ++list)
       setup_data_.Current(RowOf(SlotOfList(list))) = static_cast<float>(list_values[At(list)]);
-    auto written = std::make_shared<const setup::Bytes>(std::move(bytes));
     setup::WriteSetupFile(files, path, *written);
     history_->Saved(edited_bytes_, written);
     SetupBuffer_ = std::move(written);

@@ -91,6 +91,8 @@ class CarSetup {
   /// Reads a file into the setup buffer, which an empty file leaves as it was, and tells whether
   /// the buffer holds a setup then. What is edited stays. Throws FileError.
   bool ReadFile(const platform::FileSystem& files, std::string_view path);
+  /// Puts the bytes of a file that was read into the setup buffer.
+  void TakeBytes(setup::Bytes bytes);
   [[nodiscard]] const setup::Bytes& SetupBuffer() const noexcept { return *SetupBuffer_; }
   /// Every gear and the final drive that would be written has a ratio above 0.
   [[nodiscard]] bool HasEveryRatio() const;
@@ -102,6 +104,8 @@ class CarSetup {
   /// Takes the positions of the lists from the values. Throws BoundsError for a value outside its
   /// list.
   void LoadLists();
+  /// The bytes that WriteFile() writes. Throws BoundsError.
+  [[nodiscard]] setup::Bytes BytesToWrite(std::optional<setup::Layout> layout) const;
   /// Writes the setup, in `layout` where one is given: the values in the bytes of the setup being
   /// edited, whatever the buffer holds. Buffer, ratio numbers and list values are then as in the
   /// file. Throws FileError and BoundsError.

@@ -72,13 +72,6 @@ namespace {
 /// A single times 10, 100 or 1000 is exact in double precision, so ties are seen as they are.
 constexpr std::array kPowers = {1.0, 10.0, 100.0, 1000.0};
 
-/// The raw value of a slot in the unit shown.
-float Shown(int slot, float raw, int units)
-{
-  const auto factor = DisplayFactor.at(static_cast<std::size_t>(slot + kDisplaySlots * units));
-  return static_cast<float>(static_cast<double>(raw) * static_cast<double>(factor));
-}
-
 /// `value`, which is not negative, rounded half up. The C library's own function is not exact just
 /// below a half on every system.
 double RoundedHalfUp(double value)
@@ -144,10 +137,16 @@ int ShownDecimals(int slot, int fine)
   return DisplayDecimals.at(static_cast<std::size_t>(slot + kDisplaySlots * fine));
 }
 
+float InUnits(int slot, float raw, int units)
+{
+  const auto factor = DisplayFactor.at(static_cast<std::size_t>(slot + kDisplaySlots * units));
+  return static_cast<float>(static_cast<double>(raw) * static_cast<double>(factor));
+}
+
 double RoundedAsShown(int slot, float raw, int units, int fine)
 {
   const double scale = kPowers.at(static_cast<std::size_t>(ShownDecimals(slot, fine)));
-  const double shown = Shown(slot, raw, units);
+  const double shown = InUnits(slot, raw, units);
   return std::copysign(RoundedHalfUp(std::fabs(shown) * scale), shown) / scale;
 }
 
@@ -155,7 +154,7 @@ std::string DisplayText(int slot, float raw, int units, int fine)
 {
   if (slot < 0 || slot >= kDisplaySlots) throw BoundsError("display slot " + std::to_string(slot));
   if (slot >= setup::kFrontWing && raw < 0.0F) return "None";
-  return FormatNumber(Shown(slot, raw, units), ShownDecimals(slot, fine));
+  return FormatNumber(InUnits(slot, raw, units), ShownDecimals(slot, fine));
 }
 
 }  // namespace velquist::edit

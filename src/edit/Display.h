@@ -36,6 +36,9 @@ extern const std::array<std::string_view, 2 * kUnitCaptionRows> UnitCaptions;
 [[nodiscard]] int ShownDecimals(int slot, int fine);
 [[nodiscard]] double RoundedAsShown(int slot, float raw, int units, int fine);
 
+/// The raw value of a slot, English units, in the units shown.
+[[nodiscard]] float InUnits(int slot, float raw, int units);
+
 /// Text of a value label. `raw` is in English units, `units` and `fine` are 0 or 1. A wing below 0
 /// is "None". Throws BoundsError for a slot without a value label.
 [[nodiscard]] std::string DisplayText(int slot, float raw, int units, int fine);

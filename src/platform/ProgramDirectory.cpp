@@ -139,7 +139,30 @@ void Fill(const Filling& filling, const fs::path& folder)
   if (const auto error = ListNames(from, Listed::kAll, copy)) FailFile(PathText(from), error);
 }
 
+/// Where the data files lie that a user gets copies of; nothing where those in the program's own
+/// `folder`, or none at all, are used.
+std::optional<fs::path> InstalledData(const fs::path& folder)
+{
+  const bool portable = HoldsData(folder);
+  if (portable && MayWriteInto(folder)) return std::nullopt;
+  auto source = portable ? folder : folder.parent_path() / "share" / "velquist";
+  return HoldsData(source) ? std::optional(std::move(source)) : std::nullopt;
+}
+
 }  // namespace
+
+std::string DataDirectory(const fs::path& executable, const Environment& environment)
+{
+  const auto folder = executable.parent_path();
+  const auto source = InstalledData(folder);
+  if (!source) return PathText(folder);
+  try {
+    const auto directory = UserDirectory(environment);
+    if (HoldsData(directory)) return PathText(directory);
+  } catch (const FileError&) {  // there is no directory of the user
+  }
+  return PathText(*source);
+}
 
 std::optional<std::string> EnvironmentVariable(std::string_view name)
 {
@@ -158,16 +181,13 @@ std::string ProgramDirectory(const fs::path& executable, const Environment& envi
                              std::span<const ShippedFile> shipped)
 {
   const auto folder = executable.parent_path();
-  const bool portable = HoldsData(folder);
-  if (portable && MayWriteInto(folder)) return PathText(folder);
-
-  const auto source = portable ? folder : folder.parent_path() / "share" / "velquist";
-  if (!HoldsData(source)) return PathText(folder);
+  const auto source = InstalledData(folder);
+  if (!source) return PathText(folder);
   const auto directory = UserDirectory(environment);
-  const Filling filling = {source, directory, shipped};
+  const Filling filling = {*source, directory, shipped};
   Fill(filling, {});
   std::error_code error;
-  if (fs::is_directory(StatusOf(source / kMetric, error))) Fill(filling, kMetric);
+  if (fs::is_directory(StatusOf(*source / kMetric, error))) Fill(filling, kMetric);
   return PathText(directory);
 }
 

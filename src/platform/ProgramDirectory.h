@@ -29,4 +29,9 @@ using Environment = std::function<std::optional<std::string>(std::string_view na
                                            const Environment& environment,
                                            std::span<const ShippedFile> shipped = ShippedFiles());
 
+/// Where a program that only reads finds the same data files. Nothing is made or filled: what has
+/// not been copied for the user yet is read from where it was installed.
+[[nodiscard]] std::string DataDirectory(const std::filesystem::path& executable,
+                                        const Environment& environment);
+
 }  // namespace velquist::platform
