@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <iostream>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include "cli/Commands.h"
+#include "platform/ProgramDirectory.h"
+#include "platform/SystemFiles.h"
+
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <memory>
+#else
+#include <unistd.h>
+#endif
+
+namespace velquist {
+namespace {
+
+volatile std::sig_atomic_t was_interrupted = 0;
+
+void Interrupt(int /*signal*/)
+{
+  was_interrupted = 1;
+}
+
+#ifdef _WIN32
+
+std::vector<std::string> Words(int /*argc*/, char** /*argv*/)
+{
+  int count = 0;
+  const std::unique_ptr<wchar_t*, decltype(&::LocalFree)> wide(
+      ::CommandLineToArgvW(::GetCommandLineW(), &count), ::LocalFree);
+  std::vector<std::string> words;
+  for (int i = 1; i < count; ++i)
+    words.push_back(platform::PathText(std::filesystem::path(wide.get()[i])));
+  return words;
+}
+
+std::filesystem::path Executable()
+{
+  constexpr std::size_t kLongest = 32768;
+  std::wstring path(kLongest, L'\0');
+  path.resize(::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  return {path};
+}
+
+bool IsTerminal(std::FILE* file)
+{
+  return ::_isatty(::_fileno(file)) != 0;
+}
+
+/// Texts are UTF-8, and their line ends are theirs.
+void PrepareOutput()
+{
+  ::SetConsoleOutputCP(CP_UTF8);
+  ::_setmode(::_fileno(stdout), _O_BINARY);
+}
+
+#else
+
+std::vector<std::string> Words(int argc, char** argv)
+{
+  return {argv + (argc > 0 ? 1 : 0), argv + argc};
+}
+
+std::filesystem::path Executable()
+{
+  std::error_code unknown;
+  return std::filesystem::read_symlink("/proc/self/exe", unknown);
+}
+
+bool IsTerminal(std::FILE* file)
+{
+  return ::isatty(::fileno(file)) != 0;
+}
+
+void PrepareOutput() {}
+
+#endif
+
+int Main(int argc, char** argv)
+{
+  std::ios::sync_with_stdio(false);
+  PrepareOutput();
+  std::signal(SIGINT, Interrupt);
+  return cli::Run(
+      Words(argc, argv),
+      {.out = std::cout,
+       .err = std::cerr,
+       .shows_progress = IsTerminal(stderr) && !IsTerminal(stdout),
+       .interrupted = [] { return was_interrupted != 0; },
+       .program_directory =
+           [] { return platform::DataDirectory(Executable(), platform::EnvironmentVariable); }});
+}
+
+}  // namespace
+}  // namespace velquist
+
+int main(int argc, char** argv)
+{
+  return velquist::Main(argc, argv);
+}

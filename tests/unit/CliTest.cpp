@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/Commands.h"
+#include "cli/Json.h"
+#include "cli/TextTable.h"
+#include "export/Values.h"
+#include "platform/SystemFiles.h"
+#include "runner/SourceDirectory.h"
+
+namespace velquist::cli {
+namespace {
+
+std::string Path(std::string_view below)
+{
+  return platform::PathText(velquist::testing::SourceDirectory() / below);
+}
+
+/// One run of the program, which stands among the data files that ship.
+struct Ran {
+  int status = 0;
+  std::string out;
+  std::string err;
+};
+Ran RunWith(const std::vector<std::string>& words, bool interrupted = false)
+{
+  std::ostringstream out;
+  std::ostringstream err;
+  const int status = Run(words, {.out = out,
+                                 .err = err,
+                                 .shows_progress = false,
+                                 .interrupted = [interrupted] { return interrupted; },
+                                 .program_directory = [] { return Path("assets/program"); }});
+  return {status, out.str(), err.str()};
+}
+
+TEST(CliJson, WritesSinglesAsTheShortestDecimals)
+{
+  const auto text = [](float number) { return JsonText(Json(number)); };
+  EXPECT_EQ(text(22), "22");
+  EXPECT_EQ(text(0.05F), "0.05");
+  EXPECT_EQ(text(-0.75F), "-0.75");
+  EXPECT_EQ(text(16777216), "16777216");
+  EXPECT_EQ(text(1e30F), "1e+30");
+  EXPECT_EQ(text(std::numeric_limits<float>::denorm_min()), "1e-45");
+  EXPECT_EQ(text(-0.0F), "-0.0");
+  EXPECT_EQ(text(std::numeric_limits<float>::quiet_NaN()), "null");
+  EXPECT_EQ(text(-std::numeric_limits<float>::infinity()), "null");
+}
+
+TEST(CliJson, KeepsTheOrderOfKeysAndMendsTexts)
+{
+  const Json value = {{"b", 1}, {"a", {Json(nullptr), Json(true)}}, {"c", "\xFF\"\n\xC3\xA9"}};
+  EXPECT_EQ(JsonText(value),
+            "{\"b\": 1, \"a\": [null, true], \"c\": \"\xEF\xBF\xBD\\\"\\n\xC3\xA9\"}");
+  std::ostringstream out;
+  JsonArray empty(out);
+  empty.End();
+  EXPECT_EQ(out.str(), "[]\n");
+}
+
+TEST(CliTextTable, AlignsCharactersNotBytes)
+{
+  TextTable table({Align::kLeft, Align::kRight, Align::kLeft});
+  table.Add({"a", "1", "x"});
+  table.Add({"\xC3\xA9t\xC3\xA9", "22"});
+  std::ostringstream out;
+  table.Write(out, " ");
+  EXPECT_EQ(out.str(), " a     1  x\n \xC3\xA9t\xC3\xA9  22\n");
+}
+
+TEST(CliValues, HaveTheirUnits)
+{
+  const auto units = [](int slot) {
+    return std::string(text_export::UnitOf(slot, edit::kEnglish)) + "|" +
+           std::string(text_export::UnitOf(slot, edit::kMetric));
+  };
+  const std::vector<std::pair<int, std::string>> expected = {
+      {0, "psi|kPa"},      {3, "psi|kPa"},  {4, "lbs/in|N/cm"}, {7, "lbs/in|N/cm"}, {8, "|"},
+      {15, "|"},           {16, "deg|deg"}, {19, "deg|deg"},    {20, "in|cm"},      {25, "in|cm"},
+      {26, "lbs/in|N/cm"}, {28, "in|cm"},   {30, "gal|l"},      {31, "|"},          {32, "%|%"},
+      {33, "deg|deg"},     {34, "deg|deg"}, {35, "|"},          {48, "|"},          {49, "deg|deg"},
+      {50, "deg|deg"},     {51, "|"}};
+  for (const auto& [slot, both] : expected) EXPECT_EQ(units(slot), both) << slot;
+}
+
+TEST(CliShow, NamesEveryValueForPeople)
+{
+  const auto ran = RunWith({"show", "--units", "metric",
+                            Path("examples/GPL/Players/Tobin Ferrant/"
+                                 "Setups/nurburg/high wings.lo1")});
+  EXPECT_EQ(ran.status, kDone) << ran.err;
+  for (const auto* text : {"Lotus 49B-Ford V8 DFV F1, 1969, long layout, symmetric\n", "kPa",
+                           "N/cm", "Tire pressure", "Final drive", "Clutches", "Overall"})
+    EXPECT_NE(ran.out.find(text), std::string::npos) << text << "\n" << ran.out;
+}
+
+TEST(CliCompare, TellsTheDifferencesForPeople)
+{
+  const auto a = Path("examples/GPL/Players/okoro__linde/Setups/rouen/junior.bb3");
+  const auto b = Path("examples/GPL/Players/okoro__linde/Setups/rouen/two litres.lo2");
+  const auto ran = RunWith({"compare", a, b});
+  EXPECT_EQ(ran.status, kFound);
+  EXPECT_NE(ran.out.find("1st gear"), std::string::npos) << ran.out;
+  EXPECT_EQ(RunWith({"compare", a, a}).out, "");
+}
+
+TEST(CliList, EndsWhenTheUserWantsIt)
+{
+  const auto ran = RunWith({"list", "--json", Path("examples/GPL")}, true);
+  EXPECT_EQ(ran.status, kTrouble);
+  EXPECT_EQ(ran.out, "[]\n");
+  EXPECT_EQ(ran.err, "velquist-cli: interrupted\n");
+}
+
+TEST(CliWords, ThatAreWrongAreTold)
+{
+  for (const auto& words : std::vector<std::vector<std::string>>{
+           {}, {"show"}, {"show", "-"}, {"show", "--year", "1970", "x"}, {"shows", "x"}}) {
+    const auto ran = RunWith(words);
+    EXPECT_EQ(ran.status, kTrouble);
+    EXPECT_EQ(ran.out, "");
+    EXPECT_TRUE(ran.err.starts_with("velquist-cli: ")) << ran.err;
+  }
+  EXPECT_EQ(RunWith({"--version"}).out, "velquist-cli 1.0.0\n");
+  EXPECT_EQ(RunWith({"list", "--help"}).status, kDone);
+}
+
+}  // namespace
+}  // namespace velquist::cli
