@@ -5,7 +5,7 @@ set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)  # the program alone, not its tests
 set(velquist_manual ${PROJECT_SOURCE_DIR}/assets/resources/manual.txt)
 
 if(WIN32)
-  install(TARGETS velquist RUNTIME DESTINATION .)
+  install(TARGETS velquist velquist_cli_program RUNTIME DESTINATION .)
   install(DIRECTORY assets/program/ DESTINATION .)
   install(FILES ${velquist_manual} DESTINATION . RENAME "Velquist Manual.txt")
   install(FILES LICENSE DESTINATION Licences RENAME Velquist.txt)
@@ -25,6 +25,9 @@ if(WIN32)
   foreach(library wxwidgets3.2 libjpeg-turbo zlib)
     install_licence(${VELQUIST_WINDOWS_LIBRARIES}/share/doc/${library}/copyright ${library})
   endforeach()
+  foreach(library libcli11-dev nlohmann-json3-dev)
+    install_licence(/usr/share/doc/${library}/copyright ${library})
+  endforeach()
   install_licence(/usr/share/doc/gcc-mingw-w64-base/copyright gcc-runtime)
   install_licence(/usr/share/doc/mingw-w64-x86-64-dev/copyright mingw-w64-runtime)
   return()
@@ -32,7 +35,7 @@ endif()
 
 include(GNUInstallDirs)
 set(velquist_doc ${CMAKE_INSTALL_DATADIR}/doc/velquist)
-install(TARGETS velquist RUNTIME)
+install(TARGETS velquist velquist_cli_program RUNTIME)
 install(DIRECTORY assets/program/ DESTINATION ${CMAKE_INSTALL_DATADIR}/velquist)
 install(FILES packaging/linux/velquist.desktop
   DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
@@ -48,20 +51,25 @@ install(FILES packaging/linux/copyright DESTINATION ${velquist_doc})
 
 # The manual with this system's line ends; manual page and changes packed as is the custom.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
-  ${velquist_manual} CHANGELOG.md packaging/linux/changelog packaging/linux/velquist.1.in)
+  ${velquist_manual} CHANGELOG.md packaging/linux/changelog packaging/linux/velquist.1.in
+  packaging/linux/velquist-cli.1.in)
 file(READ ${velquist_manual} manual)
 string(REPLACE "\r\n" "\n" manual "${manual}")
 file(WRITE ${PROJECT_BINARY_DIR}/doc/manual.txt "${manual}")
 install(FILES ${PROJECT_BINARY_DIR}/doc/manual.txt DESTINATION ${velquist_doc})
-configure_file(packaging/linux/velquist.1.in ${PROJECT_BINARY_DIR}/doc/velquist.1 @ONLY)
 find_program(GZIP gzip REQUIRED)
-execute_process(COMMAND ${GZIP} -9nc ${PROJECT_BINARY_DIR}/doc/velquist.1
-  OUTPUT_FILE ${PROJECT_BINARY_DIR}/doc/velquist.1.gz COMMAND_ERROR_IS_FATAL ANY)
+foreach(page velquist.1 velquist-cli.1)
+  configure_file(packaging/linux/${page}.in ${PROJECT_BINARY_DIR}/doc/${page} @ONLY)
+  execute_process(COMMAND ${GZIP} -9nc ${PROJECT_BINARY_DIR}/doc/${page}
+    OUTPUT_FILE ${PROJECT_BINARY_DIR}/doc/${page}.gz COMMAND_ERROR_IS_FATAL ANY)
+  install(FILES ${PROJECT_BINARY_DIR}/doc/${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+endforeach()
+install(FILES packaging/linux/velquist-cli.bash RENAME velquist-cli
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 execute_process(COMMAND ${GZIP} -9nc ${PROJECT_SOURCE_DIR}/CHANGELOG.md
   OUTPUT_FILE ${PROJECT_BINARY_DIR}/doc/changelog.gz COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND ${GZIP} -9nc ${PROJECT_SOURCE_DIR}/packaging/linux/changelog
   OUTPUT_FILE ${PROJECT_BINARY_DIR}/doc/changelog.Debian.gz COMMAND_ERROR_IS_FATAL ANY)
-install(FILES ${PROJECT_BINARY_DIR}/doc/velquist.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES ${PROJECT_BINARY_DIR}/doc/changelog.gz ${PROJECT_BINARY_DIR}/doc/changelog.Debian.gz
   DESTINATION ${velquist_doc})
 

@@ -159,6 +159,12 @@ Section
     SetErrorLevel 2
     Abort
   ${EndIf}
+  File "${FOLDER}\velquist-cli.exe"
+  ${If} ${Errors}
+    MessageBox MB_OK|MB_ICONEXCLAMATION "velquist-cli is running. Wait for it and install again." /SD IDOK
+    SetErrorLevel 2
+    Abort
+  ${EndIf}
   SetOverwrite on
   File "${FOLDER}\Velquist Manual.txt"
   SetOutPath "$INSTDIR\Licences"
@@ -190,6 +196,7 @@ Section Uninstall
     SetErrorLevel 2
     Abort
   ${EndIf}
+  Delete "$INSTDIR\velquist-cli.exe"
   Delete "$INSTDIR\Velquist Manual.txt"
   !insertmacro LicenceFiles RemoveLicence
   Delete "$INSTDIR\MyPicture.tmp"
