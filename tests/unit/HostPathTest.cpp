@@ -14,6 +14,7 @@
 #include "TemporaryFolder.h"
 #include "platform/Errors.h"
 #include "platform/HostFileSystem.h"
+#include "platform/SystemFiles.h"
 
 namespace velquist::platform {
 namespace {
@@ -186,6 +187,37 @@ TEST_F(FilesByName, OfWindows1252AreFoundByTheirLetters)
   WriteFile(folder.Path() / "Players/J\xF6rg/\x80.lo1", "euro");
   EXPECT_EQ(Read("\\players\\JÖRG\\€.LO1"), "euro");
   EXPECT_EQ(Read("\\players\\J\xD6RG\\\x80.LO1"), "euro");
+}
+
+TEST(HostPath, KeepsTheSpellingOfWhatDoesNotExist)
+{
+  EXPECT_EQ(HostPath("/Nowhere At All\\Some File.LO1"), fs::path("/Nowhere At All/Some File.LO1"));
+  EXPECT_EQ(HostPath("\\"), fs::path("/"));
+  EXPECT_EQ(HostPath(""), fs::path());
+  EXPECT_EQ(PathText(fs::path("/a/b c")), "/a/b c");
+}
+
+#else
+
+TEST(HostPath, OfALongTextHasThePrefixThatTheTextLacks)
+{
+  const std::string part(250, 'x');
+  EXPECT_EQ(HostPath("C:\\a/b").native(), L"C:\\a/b");
+  for (const std::string start : {"C:\\", "\\\\server\\share\\"}) {
+    const auto host = HostPath(start + part + "/a/../b");
+    EXPECT_TRUE(host.native().starts_with(L"\\\\?\\")) << start;
+    EXPECT_EQ(PathText(host), start + part + "\\b");
+    EXPECT_EQ(HostPath(PathText(host)), host);
+    EXPECT_EQ(Lengthened(host), host);
+  }
+  EXPECT_EQ(PathText(fs::path(L"\\\\?\\Volume{1}\\a")), "\\\\?\\Volume{1}\\a");
+  EXPECT_EQ(PathText(fs::path(L"\\\\?\\")), "\\\\?\\");
+}
+
+TEST(PathText, TakesWhatIsNotUtf16)
+{
+  EXPECT_EQ(PathText(fs::path(std::wstring(L"a\xD800z"))), "a\xEF\xBF\xBDz");
+  EXPECT_EQ(PathText(fs::path()), "");
 }
 
 #endif
