@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "ContentFiles.h"
+#include "ContentYears.h"
 
 namespace {
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ContentFiles.h"
+#include "ContentYears.h"
 
 namespace {
 

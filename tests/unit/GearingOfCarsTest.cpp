@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "ContentFiles.h"
+#include "ContentYears.h"
 #include "ScriptedEditor.h"
 #include "charts/Gearing.h"
 #include "data/ChassisCatalogue.h"
