@@ -124,6 +124,14 @@ inline data::SetupData SampleData()
   return data;
 }
 
+/// A table in which every slot's current value is its number and a half.
+inline data::SetupData NumberedData()
+{
+  auto data = SampleData();
+  for (const auto& fact : kFacts) data.Current(fact.row) = static_cast<float>(fact.slot) + 0.5F;
+  return data;
+}
+
 /// A setup of `size` bytes with the magic, every other byte different from its neighbours, and
 /// gears that agree with SampleGears: gear k has row 10 + k, the final drive row 76.
 inline setup::Bytes SampleSetup(std::size_t size)
