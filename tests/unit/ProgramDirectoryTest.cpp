@@ -5,18 +5,19 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <fstream>
+#include <filesystem>
 #include <map>
-#include <random>
+#include <optional>
 #include <span>
-#include <sstream>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
+#include "TemporaryFolder.h"
 #include "platform/Errors.h"
 #include "platform/HostFileSystem.h"
-#include "runner/SourceDirectory.h"
+#include "platform/SystemFiles.h"
 
 #ifndef _WIN32
 #include <unistd.h>
@@ -26,17 +27,14 @@ namespace velquist::platform {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace velquist::samples;
 
 /// A machine in a directory of its own: an executable in bin, a home.
 class ProgramDirectories : public ::testing::Test {
  protected:
   ProgramDirectories()
   {
-    std::random_device random;
-    root_ =
-        fs::canonical(fs::temp_directory_path()) / ("velquist-place-" + std::to_string(random()));
     fs::create_directories(Home());
-    fs::permissions(root_, fs::perms(0755));
 #ifdef _WIN32
     environment_["LOCALAPPDATA"] = PathText(Home());
 #else
@@ -48,7 +46,6 @@ class ProgramDirectories : public ::testing::Test {
     std::error_code ignored;
     fs::permissions(Bin(), fs::perms::owner_all, ignored);
     fs::permissions(Home(), fs::perms::owner_all, ignored);
-    fs::remove_all(root_, ignored);
   }
 
   [[nodiscard]] fs::path Bin() const
@@ -75,15 +72,7 @@ class ProgramDirectories : public ::testing::Test {
   static void Write(const fs::path& file, const std::string& text)
   {
     fs::create_directories(file.parent_path());
-    std::ofstream(file, std::ios::binary) << text;
-  }
-  static std::string Read(const fs::path& file)
-  {
-    std::ifstream stream(file, std::ios::binary);
-    EXPECT_TRUE(stream) << file;
-    std::ostringstream content;
-    content << stream.rdbuf();
-    return content.str();
+    WriteFile(file, text);
   }
   static void PutDataInto(const fs::path& directory)
   {
@@ -129,7 +118,8 @@ class ProgramDirectories : public ::testing::Test {
   const std::vector<std::string> data_files_ = {"67 Setup Data.ini", "67 Velquist Default.vqset",
                                                 "Metric/67 Velquist Default.vqset"};
   std::vector<ShippedFile> shipped_;
-  fs::path root_;
+  TemporaryFolder folder_;
+  const fs::path root_ = fs::canonical(folder_.Path());
   std::map<std::string, std::string> environment_;
 };
 
@@ -149,8 +139,8 @@ TEST_F(ProgramDirectories, OfASystemWideInstallAreTheUsersAndFilledOnTheFirstSta
   Write(Shared() / "manual.txt", "not data");
   EXPECT_EQ(Found(), PathText(UserDirectory()));
   EXPECT_EQ(FilesIn(UserDirectory()), data_files_);
-  EXPECT_EQ(Read(UserDirectory() / "67 Setup Data.ini"), "ranges");
-  EXPECT_EQ(Read(UserDirectory() / "Metric" / "67 Velquist Default.vqset"), "metric setup");
+  EXPECT_EQ(ContentOf(UserDirectory() / "67 Setup Data.ini"), "ranges");
+  EXPECT_EQ(ContentOf(UserDirectory() / "Metric" / "67 Velquist Default.vqset"), "metric setup");
 }
 
 TEST_F(ProgramDirectories, MayLieBeyondTheClassicLimit)
@@ -178,10 +168,10 @@ TEST_F(ProgramDirectories, KeepWhatTheUserChanged)
   Write(Shared() / "67 Setup Data.ini", "of a newer version");
   Write(Shared() / "GT Setup Data.ini", "new");
   EXPECT_EQ(Found(), PathText(UserDirectory()));
-  EXPECT_EQ(Read(UserDirectory() / "67 Velquist Default.vqset"), "my own default");
-  EXPECT_EQ(Read(UserDirectory() / "Velquist Program Settings.ini"), "my settings");
-  EXPECT_EQ(Read(UserDirectory() / "67 Setup Data.ini"), "ranges");
-  EXPECT_EQ(Read(UserDirectory() / "GT Setup Data.ini"), "new");
+  EXPECT_EQ(ContentOf(UserDirectory() / "67 Velquist Default.vqset"), "my own default");
+  EXPECT_EQ(ContentOf(UserDirectory() / "Velquist Program Settings.ini"), "my settings");
+  EXPECT_EQ(ContentOf(UserDirectory() / "67 Setup Data.ini"), "ranges");
+  EXPECT_EQ(ContentOf(UserDirectory() / "GT Setup Data.ini"), "new");
 }
 
 TEST_F(ProgramDirectories, RenewCopiesThatTheUserNeverChanged)
@@ -197,41 +187,18 @@ TEST_F(ProgramDirectories, RenewCopiesThatTheUserNeverChanged)
               {"67 Velquist Default.vqset", Sum("metric setup")},
               {"Metric/67 Velquist Default.vqset", Sum("metric setup")}};
   EXPECT_EQ(Found(), PathText(UserDirectory()));
-  EXPECT_EQ(Read(UserDirectory() / "67 Setup Data.ini"), "of a newer version");
-  EXPECT_EQ(Read(UserDirectory() / "67 Velquist Default.vqset"), "setup") << "another file's sum";
-  EXPECT_EQ(Read(UserDirectory() / "Metric" / "67 Velquist Default.vqset"), "newer, too");
+  EXPECT_EQ(ContentOf(UserDirectory() / "67 Setup Data.ini"), "of a newer version");
+  EXPECT_EQ(ContentOf(UserDirectory() / "67 Velquist Default.vqset"), "setup")
+      << "another file's sum";
+  EXPECT_EQ(ContentOf(UserDirectory() / "Metric" / "67 Velquist Default.vqset"), "newer, too");
   EXPECT_EQ(FilesIn(UserDirectory()), data_files_);
 
   Write(UserDirectory() / "67 Setup Data.ini", "much older");
   (void)Found();
-  EXPECT_EQ(Read(UserDirectory() / "67 Setup Data.ini"), "of a newer version");
+  EXPECT_EQ(ContentOf(UserDirectory() / "67 Setup Data.ini"), "of a newer version");
   Write(UserDirectory() / "67 Setup Data.ini", "much older, changed");
   (void)Found();
-  EXPECT_EQ(Read(UserDirectory() / "67 Setup Data.ini"), "much older, changed");
-}
-
-TEST(ShippedFiles, HoldTheDataFilesThatShip)
-{
-  const auto folder = velquist::testing::SourceDirectory() / "assets" / "program";
-  const HostFileSystem files;
-  std::size_t count = 0;
-  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-    if (!entry.is_regular_file()) continue;
-    ++count;
-    const auto name = entry.path().lexically_relative(folder).generic_string();
-    const auto sum = SumOf(files.ReadWhole(PathText(entry.path())));
-    EXPECT_TRUE(std::ranges::any_of(
-        ShippedFiles(),
-        [&](const ShippedFile& version) { return version.name == name && version.sum == sum; }))
-        << "add a line for the new version of " << name;
-  }
-  EXPECT_GT(count, 10U);
-}
-
-TEST(ShippedFiles, AreToldApartByTheirSums)
-{
-  EXPECT_EQ(SumOf({}), 0xCBF29CE484222325U);
-  EXPECT_EQ(SumOf(std::as_bytes(std::span(std::string_view("foobar")))), 0x85944171F73967E8U);
+  EXPECT_EQ(ContentOf(UserDirectory() / "67 Setup Data.ini"), "much older, changed");
 }
 
 TEST_F(ProgramDirectories, WithoutAnyDataFilesAreTheExecutablesFolder)
