@@ -31,6 +31,11 @@ struct Car {
   int gears = 5;
 };
 
+/// The number that `text` begins with, 0 without one.
+[[nodiscard]] double Number(const std::string& text);
+/// The whole number next to `value`, the even one of two that are as near.
+[[nodiscard]] int TiesToEven(double value);
+
 /// `value` with `decimals` digits behind the point, ties away from zero, thousands grouped.
 [[nodiscard]] std::string Formatted(double value, int decimals);
 /// `value` with two digits behind the point and none before it when it is below 1.
