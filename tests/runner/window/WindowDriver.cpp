@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <wx/button.h>
 #include <wx/checkbox.h>
-#include <wx/choice.h>
 #include <wx/radiobut.h>
-#include <wx/statbox.h>
-#include <wx/stattext.h>
 #include <wx/statusbr.h>
 #include <wx/textctrl.h>
 
@@ -18,13 +14,14 @@
 #include <stdexcept>
 
 #include "app/FormControlSettings.h"
-#include "ui/FrmHelp.h"
-#include "ui/FrmInstallDelete.h"
-#include "ui/FrmModYear.h"
 #include "platform_wx/WxText.h"
 #include "runner/Driver.h"
+#include "runner/window/Widgets.h"
 #include "runner/window/WindowSystem.h"
+#include "ui/FrmHelp.h"
+#include "ui/FrmInstallDelete.h"
 #include "ui/FrmMain.h"
+#include "ui/FrmModYear.h"
 #include "ui/PictureBoxes.h"
 
 namespace velquist::runner {
@@ -33,120 +30,9 @@ namespace {
 using app::ControlKind;
 using platform::ToText;
 
-std::string NameText(std::string_view name, int index)
-{
-  std::string text(name);
-  if (index >= 0) text += "(" + std::to_string(index) + ")";
-  return text;
-}
-
 int Rounded(float pixels)
 {
   return static_cast<int>(std::nearbyint(pixels));
-}
-
-/// The widget of that name; throws when it is not there.
-template <typename Widget = wxWindow>
-Widget& Get(wxWindow* around, const std::string& name)
-{
-  auto* const found = wxWindow::FindWindowByName(name, around);
-  auto* const widget = dynamic_cast<Widget*>(found);
-  if (widget == nullptr) throw std::runtime_error("the window has no widget " + name);
-  return *widget;
-}
-
-/// What the toolkit sends when the user has done something to `widget`.
-void Send(wxWindow& widget, wxEventType type, int value, const wxString& text = {})
-{
-  wxCommandEvent event(type, widget.GetId());
-  event.SetEventObject(&widget);
-  event.SetInt(value);
-  event.SetString(text);
-  widget.ProcessWindowEvent(event);
-}
-
-void Press(wxWindow* around, const std::string& name)
-{
-  auto& button = Get<wxButton>(around, name);
-  if (!button.IsEnabled() || !button.IsShown())
-    throw std::runtime_error("the button " + name + " cannot be pressed");
-  Send(button, wxEVT_BUTTON, 0);
-}
-
-void Choose(wxWindow* around, const std::string& name, int position)
-{
-  auto& list = Get<wxChoice>(around, name);
-  if (position < 0 || position >= static_cast<int>(list.GetCount()))
-    throw std::runtime_error("the list " + name + " has no item " + std::to_string(position));
-  list.SetSelection(position);
-  Send(list, wxEVT_CHOICE, position, list.GetString(static_cast<unsigned>(position)));
-}
-
-ControlKind KindOf(const wxWindow& widget)
-{
-  if (dynamic_cast<const wxButton*>(&widget) != nullptr) return ControlKind::kButton;
-  if (dynamic_cast<const wxChoice*>(&widget) != nullptr) return ControlKind::kList;
-  if (dynamic_cast<const wxCheckBox*>(&widget) != nullptr) return ControlKind::kCheck;
-  if (dynamic_cast<const wxRadioButton*>(&widget) != nullptr) return ControlKind::kOption;
-  if (dynamic_cast<const wxStaticBox*>(&widget) != nullptr) return ControlKind::kFrame;
-  if (dynamic_cast<const wxStaticText*>(&widget) != nullptr) return ControlKind::kLabel;
-  return ControlKind::kPicture;
-}
-
-bool IsShownWithin(const wxWindow& widget, const wxWindow* top)
-{
-  for (const wxWindow* window = &widget; window != top; window = window->GetParent())
-    if (!window->IsShown()) return false;
-  return true;
-}
-
-/// The widget's place within the client area of `top`, whose one child fills it.
-app::Place PlaceWithin(const wxWindow& widget, const wxWindow* top)
-{
-  const wxSize size = widget.GetSize();
-  wxPoint corner;
-  for (const wxWindow* window = &widget; window != top; window = window->GetParent())
-    corner += window->GetPosition();
-  return {corner.x, corner.y, size.x, size.y};
-}
-
-SeenControl Look(const wxWindow& widget, const wxWindow* top)
-{
-  SeenControl seen;
-  seen.kind = KindOf(widget);
-  seen.shown = IsShownWithin(widget, top);
-  seen.enabled = widget.IsEnabled();
-  seen.place = PlaceWithin(widget, top);
-  switch (seen.kind) {
-    case ControlKind::kList: {
-      const auto& list = static_cast<const wxChoice&>(widget);
-      for (const auto& item : list.GetStrings()) seen.items.push_back(ToText(item));
-      seen.selection = list.GetSelection();
-      seen.text = ToText(list.GetStringSelection());
-      break;
-    }
-    case ControlKind::kCheck:
-      seen.checked = static_cast<const wxCheckBox&>(widget).GetValue();
-      break;
-    case ControlKind::kOption:
-      seen.checked = static_cast<const wxRadioButton&>(widget).GetValue();
-      break;
-    default: break;
-  }
-  if (seen.kind != ControlKind::kList && seen.kind != ControlKind::kPicture)
-    seen.text = ToText(static_cast<const wxControl&>(widget).GetLabelText());
-  return seen;
-}
-
-/// The label that the box of the marquee paints.
-SeenControl LookAtMarquee(const ui::MarqueeBox& box, const wxWindow* top)
-{
-  SeenControl seen = Look(box, top);
-  seen.kind = ControlKind::kLabel;
-  seen.text = box.Text();
-  const wxRect text = box.TextRect();
-  seen.place = {seen.place.left + text.x, seen.place.top + text.y, text.width, text.height};
-  return seen;
 }
 
 /// Runs `actions` inside the loop of a dialog that is shown modally, and throws what they throw
