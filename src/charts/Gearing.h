@@ -20,13 +20,13 @@ struct Shift {
 
 /// One gear of a car and the way to the next one.
 struct GearOfCar {
-  int gear = 1;                 ///< 1 for the first
-  double ratio = 0;             ///< a single
-  double overall = 0;           ///< times the final drive
-  double per_rpm = 0;           ///< mph, or km/h, per rpm; 0 without a ratio
-  std::optional<double> speed;  ///< at maximum rpm; none without a ratio
-  std::optional<double> step;   ///< to the next gear, percent; none where one has no ratio
-  std::optional<Shift> shift;   ///< none where the next gear is not below this one, too
+  int gear = 1;                   ///< 1 for the first
+  double ratio = 0;               ///< a single
+  double overall = 0;             ///< times the final drive
+  double per_rpm = 0;             ///< mph, or km/h, per rpm; 0 without a ratio
+  std::optional<double> speed{};  ///< at maximum rpm; none without a ratio
+  std::optional<double> step{};   ///< to the next gear, percent; none where one has no ratio
+  std::optional<Shift> shift{};   ///< none where the next gear is not below this one, too
 };
 
 /// What the gears of a car make of its engine.

@@ -68,8 +68,24 @@ std::string WholeText(double value)
   return PlainText(std::nearbyint(value) + 0.0);  // no -0
 }
 
+Axis RoundAxis(double value, int most_divisions, double least)
+{
+  constexpr std::array<double, 3> kTimes = {2, 2, 2.5};  // 1, 2, 4, 10, 20, 40, 100, ...
+  double step = least;
+  for (std::size_t i = 0; value > step * most_divisions; ++i) step *= kTimes.at(i % kTimes.size());
+  const int divisions = std::max(static_cast<int>(std::ceil(value / step)), 1);
+  return {0, step * divisions, divisions};
+}
+
 PlotXy::PlotXy(platform::PictureSurface& surface, Axis x, Axis y)
-    : surface_(surface), x_(x), y_(y), box_(surface.Width(), surface.Height())
+    : PlotXy(surface, x, y, PlotBox(surface.Width(), surface.Height()),
+             LettersFor(surface.Height()))
+{
+}
+
+PlotXy::PlotXy(platform::PictureSurface& surface, Axis x, Axis y, const PlotBox& box,
+               double letters)
+    : surface_(surface), x_(x), y_(y), box_(box), letters_(letters)
 {
   surface_.Clear(kWhite);
   if (box_.IsEmpty()) return;
@@ -103,7 +119,7 @@ void PlotXy::DrawGrid()
 /// In the largest letters at which neighbours stay clear of each other.
 void PlotXy::DrawLabels()
 {
-  const double largest = LettersFor(surface_.Height());
+  const double largest = letters_;
   surface_.SetLetterHeight(largest);
   const auto large = surface_.Extent("0");
   const double large_digits = large.baseline - large.capital_top;
@@ -166,7 +182,7 @@ void PlotXy::DrawTitle(std::string_view text)
 {
   // Letters drawn on whole pixels are up to a twelfth wider than measured.
   constexpr double kRoom = 0.92;
-  FitLetters(surface_, text, surface_.Width() * kRoom, LettersFor(surface_.Height()));
+  FitLetters(surface_, text, surface_.Width() * kRoom, letters_);
   const auto extent = surface_.Extent(text);
   const double middle = (box_.left + box_.right) / 2;
   const double left =

@@ -31,6 +31,10 @@ struct Axis {
   int divisions = 1;  ///< 0: no grid lines and no labels
 };
 
+/// From 0 to `value` or a little more, in at most so many divisions of `least` or of a round
+/// multiple of it.
+[[nodiscard]] Axis RoundAxis(double value, int most_divisions, double least);
+
 /// The plot box of a picture of some size, pixels. Below it there is room for the labels of the
 /// x axis and one line of text under them.
 struct PlotBox {
@@ -68,6 +72,8 @@ class PlotXy {
   /// of an axis would touch even in the smallest letters, every second, third, … is written. A
   /// picture without room for a plot box stays empty.
   PlotXy(platform::PictureSurface& surface, Axis x, Axis y);
+  /// The same with another plot box and in letters up to that height.
+  PlotXy(platform::PictureSurface& surface, Axis x, Axis y, const PlotBox& box, double letters);
 
   /// Draws the points as a connected line. Points below either minimum are skipped, and the line
   /// starts anew behind them; points beyond the maxima are not clipped.
@@ -89,6 +95,7 @@ class PlotXy {
   Axis x_;
   Axis y_;
   PlotBox box_;
+  double letters_;
 };
 
 }  // namespace velquist::charts

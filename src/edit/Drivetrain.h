@@ -63,6 +63,7 @@ struct GearRatios {
   {
     return std::span(of_gears).first(gear_count);
   }
+  friend bool operator==(const GearRatios&, const GearRatios&) = default;
 };
 
 /// Of the gear rows in the current values. Throws BoundsError like GearRowOf.

@@ -9,7 +9,6 @@
 #include "data/Numbers.h"
 #include "edit/CarSetup.h"
 #include "edit/Display.h"
-#include "edit/Drivetrain.h"
 
 namespace velquist::edit {
 namespace {
@@ -99,6 +98,24 @@ Reference ReferenceOf(const CarSetup& car, ReferenceSource source, std::string p
   reference.has_wings = car.ModYearIndex() == data::ModYear::k1969;
   reference.gear_count = gear_count;
   return reference;
+}
+
+std::optional<GearRatios> RatiosOf(const Reference& reference, int gear_count)
+{
+  bool has_every_row = true;
+  const auto ratio = [&](int slot) {
+    const auto row = reference.values.at(static_cast<std::size_t>(slot));
+    if (row >= 0.0F && row < static_cast<float>(data::kGearRows))
+      return reference.gears->Ratio(static_cast<int>(row));
+    has_every_row = false;
+    return 0.0F;
+  };
+  GearRatios ratios;
+  ratios.gear_count = static_cast<std::size_t>(std::clamp(gear_count, 0, data::kMostGears));
+  for (std::size_t gear = 0; gear < ratios.gear_count; ++gear)
+    ratios.of_gears.at(gear) = ratio(setup::kFirstGear + static_cast<int>(gear));
+  ratios.final_drive = ratio(setup::kFinalDrive);
+  return has_every_row ? std::optional(ratios) : std::nullopt;
 }
 
 bool Differs(const Reference& reference, const CarSetup& car, int slot)

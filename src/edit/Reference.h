@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "data/GearData.h"
+#include "edit/Drivetrain.h"
 #include "setup/SlotTable.h"
 
 namespace velquist::edit {
@@ -31,6 +32,9 @@ struct Reference {
 /// The values of `car`, whose lists have been loaded, as a reference.
 [[nodiscard]] Reference ReferenceOf(const CarSetup& car, ReferenceSource source, std::string path,
                                     std::optional<int> gear_count);
+
+/// The ratios of the reference's first gears; nothing where the gear table has no such row.
+[[nodiscard]] std::optional<GearRatios> RatiosOf(const Reference& reference, int gear_count);
 
 /// A slot's value as the file would hold it: whole where the file has whole numbers, that of the
 /// selected item where there is a list.

@@ -1,0 +1,270 @@
+// SPDX-License-Identifier: MIT
+#include "charts/GearingChart.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "charts/Legend.h"
+
+namespace velquist::charts {
+namespace {
+
+using platform::Colour;
+using platform::LineStyle;
+using platform::PictureSurface;
+
+/// Of the gears, to be told apart by everyone.
+constexpr std::array<Colour, 6> kGearColours = {
+    {{0, 114, 178}, {213, 94, 0}, {0, 128, 96}, {166, 76, 128}, {150, 100, 0}, {60, 60, 60}}};
+constexpr Colour kBestGear{255, 221, 110};
+constexpr Colour kReference{150, 150, 150};
+
+// Letter heights.
+constexpr double kTitleMiddle = 0.8;  ///< above the bottom
+constexpr double kLabelGap = 0.3;
+
+constexpr int kMostValueDivisions = 10;
+constexpr double kBeyondMost = 1.06;      ///< how far the thrust axis goes on, at least
+constexpr double kLeastThrustStep = 100;  ///< of the axis, lb
+constexpr double kLeastForceStep = 500;   ///< the same in N
+
+Colour ColourOf(const GearOfCar& gear)
+{
+  return kGearColours.at(static_cast<std::size_t>(gear.gear - 1) % kGearColours.size());
+}
+
+double MostThrust(const GearingPicture& picture, const Gearing& gearing)
+{
+  double most = 0;
+  for (const auto& gear : gearing.gears)
+    for (const float rpm : picture.curve.rpm)
+      if (gear.speed && rpm >= kIdleRpm && rpm <= static_cast<float>(gearing.maximum_rpm))
+        most = std::max(most, ShownThrust(picture, gear, static_cast<double>(rpm)));
+  return most;
+}
+
+Axis ThrustAxis(const GearingPicture& picture)
+{
+  double most = MostThrust(picture, picture.gearing);
+  if (picture.reference) most = std::max(most, MostThrust(picture, *picture.reference));
+  return RoundAxis(most * kBeyondMost, kMostValueDivisions,
+                   picture.gearing.metric ? kLeastForceStep : kLeastThrustStep);
+}
+
+/// Joins points within the plot box; what lies below it breaks the line.
+class Curve {
+ public:
+  Curve(PictureSurface& surface, const PlotXy& plot, Colour colour, double width)
+      : surface_(surface), plot_(plot), colour_(colour), width_(width)
+  {
+  }
+
+  void To(double speed, double value)
+  {
+    const double x = plot_.PixelX(speed);
+    const double y = plot_.PixelY(value);
+    if (!plot_.Box().Holds(x, y)) return Break();
+    if (started_) surface_.Line(x_, y_, x, y, colour_, width_, LineStyle::kSolid);
+    started_ = true;
+    x_ = x;
+    y_ = y;
+  }
+  void Break() { started_ = false; }
+
+ private:
+  PictureSurface& surface_;
+  const PlotXy& plot_;
+  Colour colour_;
+  double width_;
+  bool started_ = false;
+  double x_ = 0;
+  double y_ = 0;
+};
+
+/// Idle, the samples between, and maximum rpm.
+std::vector<double> DrawnSpeeds(const GearingPicture& picture)
+{
+  const double maximum = picture.gearing.maximum_rpm;
+  std::vector<double> speeds;
+  speeds.reserve(picture.curve.rpm.size());
+  for (const float sample : picture.curve.rpm) {
+    const auto rpm = static_cast<double>(sample);
+    if (rpm >= kIdleRpm && rpm < maximum) speeds.push_back(rpm);
+  }
+  speeds.push_back(maximum);
+  return speeds;
+}
+
+void DrawThrustOf(const GearingPicture& picture, const GearOfCar& gear, Curve curve)
+{
+  for (const double rpm : DrawnSpeeds(picture))
+    curve.To(rpm * gear.per_rpm, ShownThrust(picture, gear, rpm));
+}
+
+void DrawBestGears(PictureSurface& surface, const PlotXy& plot, const GearingPicture& picture,
+                   double letters)
+{
+  Curve line(surface, plot, kBestGear, std::round(letters * 0.6));
+  const double end = SpeedAxis(picture).maximum;
+  const int points = static_cast<int>(plot.Box().Width());
+  for (int point = 0; point <= points; ++point) {
+    const double speed = end * point / points;
+    const auto* const gear = BestGear(picture, speed);
+    if (gear == nullptr)
+      line.Break();
+    else
+      line.To(speed, ShownThrust(picture, *gear, speed / gear->per_rpm));
+  }
+}
+
+/// A text whose letters begin at `x` and stand on `y`, kept within the plot box.
+void DrawLabel(PictureSurface& surface, const PlotBox& box, double x, double y,
+               const std::string& text)
+{
+  const auto extent = surface.Extent(text);
+  const double left = std::clamp(x, box.left, std::max(box.right - extent.width, box.left));
+  const double top = std::clamp(y - extent.baseline, box.top, box.bottom - extent.height);
+  surface.Text(left, top, text);
+}
+
+void DrawMark(PictureSurface& surface, double x, double y, double letters, Colour colour)
+{
+  const double half = std::max(std::round(letters * 0.25), 2.0);
+  surface.Box(x - half, y - half, x + half, y + half, kBlack, colour);
+}
+
+void DrawMaximumSpeed(PictureSurface& surface, const PlotXy& plot, const Gearing& gearing,
+                      double letters)
+{
+  const auto& box = plot.Box();
+  const double x = plot.PixelX(gearing.maximum_speed);
+  surface.Line(x, box.top, x, box.bottom, kRed, 1, LineStyle::kSolid);
+  surface.SetLetterHeight(letters);
+  const auto text = "about " + WholeText(gearing.maximum_speed) + " " + SpeedUnit(gearing);
+  const auto extent = surface.Extent(text);
+  const double gap = kLabelGap * letters;
+  const bool fits = x + gap + extent.width < box.right;
+  surface.Text(fits ? x + gap : x - gap - extent.width, box.top + gap, text);
+}
+
+void DrawTitle(PictureSurface& surface, std::span<const LegendEntry> entries, double letters)
+{
+  DrawLegend(surface, entries, 1,
+             {.left = letters,
+              .right = surface.Width() - letters,
+              .middle = surface.Height() - kTitleMiddle * letters,
+              .largest_letters = letters,
+              .centred = true});
+}
+
+}  // namespace
+
+void DrawThrust(PictureSurface& surface, const GearingPicture& picture)
+{
+  const auto& gearing = picture.gearing;
+  const double letters = GearingLetters(surface.Width(), surface.Height());
+  const PlotXy plot(surface, SpeedAxis(picture), ThrustAxis(picture),
+                    GearingBox(surface.Width(), surface.Height()), letters);
+  const auto& box = plot.Box();
+  if (box.IsEmpty()) return;
+  DrawBestGears(surface, plot, picture, letters);
+  if (picture.reference)
+    for (const auto& gear : picture.reference->gears)
+      if (gear.speed) DrawThrustOf(picture, gear, {surface, plot, kReference, 1});
+  const double stroke = std::max(std::round(letters * 0.17), 2.0);
+  for (const auto& gear : gearing.gears)
+    if (gear.speed) DrawThrustOf(picture, gear, {surface, plot, ColourOf(gear), stroke});
+  DrawMaximumSpeed(surface, plot, gearing, letters);
+
+  surface.SetLetterHeight(letters);
+  const double beside = kLabelGap * letters + stroke;
+  for (const auto& gear : gearing.gears) {
+    if (!gear.speed) continue;
+    const double rpm = gear.shift ? gear.shift->rpm : gearing.maximum_rpm;
+    const double x = plot.PixelX(rpm * gear.per_rpm);
+    const double y = plot.PixelY(ShownThrust(picture, gear, rpm));
+    if (gear.shift && box.Holds(x, y)) DrawMark(surface, x, y, letters, ColourOf(gear));
+    DrawLabel(surface, box, x + beside, y - beside,
+              Ordinal(gear.gear) + (gear.shift ? " " + WholeText(rpm) : ""));
+  }
+  const std::string title = std::string("Thrust at the tires, ") + ThrustUnit(gearing) +
+                            ", versus " + SpeedUnit(gearing) + ", no losses";
+  const std::array<LegendEntry, 4> entries = {{
+      {title, Sample::kNone, kBlack, 0, 0},
+      {"Best gear", Sample::kBox, kBestGear, 1.3, 0.5},
+      {"Best shift, rpm", Sample::kBox, kGearColours[0], 0.5, 0.5},
+      {"Reference", Sample::kStroke, kReference, 1.3, 0.1},
+  }};
+  DrawTitle(surface, std::span(entries).first(picture.reference ? 4 : 3), letters);
+}
+
+void DrawSawTooth(PictureSurface& surface, const GearingPicture& picture)
+{
+  const auto& gearing = picture.gearing;
+  const double letters = GearingLetters(surface.Width(), surface.Height());
+  const auto rpm_axis = RoundAxis(gearing.maximum_rpm + 500.0, 14, 1000);
+  const PlotXy plot(surface, SpeedAxis(picture), rpm_axis,
+                    GearingBox(surface.Width(), surface.Height()), letters);
+  const auto& box = plot.Box();
+  if (box.IsEmpty()) return;
+  const auto band = [&](const Band& shown, Colour colour, double place) {
+    if (shown.high <= shown.low) return;
+    const double left = box.left + place * letters;
+    const double top = std::max(plot.PixelY(shown.high), box.top);
+    surface.Box(left, top, left + letters * 0.4, plot.PixelY(shown.low), colour, colour);
+    surface.Line(box.left, plot.PixelY(shown.low), box.right, plot.PixelY(shown.low), colour, 1,
+                 LineStyle::kDotted);
+  };
+  band(gearing.torque, kBlue, 0.2);
+  band(gearing.power, kGreen, 0.8);
+  const double maximum = plot.PixelY(gearing.maximum_rpm);
+  surface.Line(box.left, maximum, box.right, maximum, kRed, 1, LineStyle::kDotted);
+
+  for (const auto& gear : gearing.gears) {
+    if (!gear.speed) continue;
+    Curve whole(surface, plot, kReference, 1);
+    whole.To(kIdleRpm * gear.per_rpm, kIdleRpm);
+    whole.To(*gear.speed, gearing.maximum_rpm);
+  }
+  DrawMaximumSpeed(surface, plot, gearing, letters);
+  surface.SetLetterHeight(letters);
+  const double stroke = std::max(std::round(letters * 0.2), 2.0);
+  const double beside = kLabelGap * letters + stroke;
+  const GearOfCar* before = nullptr;  // which shifts into the gear
+  for (const auto& gear : gearing.gears) {
+    if (!gear.speed) {
+      before = nullptr;
+      continue;
+    }
+    const double from =
+        before == nullptr ? kIdleRpm : before->shift->rpm * before->per_rpm / gear.per_rpm;
+    const double to = gear.shift ? gear.shift->rpm : gearing.maximum_rpm;
+    const double x = plot.PixelX(to * gear.per_rpm);
+    Curve tooth(surface, plot, ColourOf(gear), stroke);
+    tooth.To(from * gear.per_rpm, from);
+    tooth.To(to * gear.per_rpm, to);
+    if (gear.shift) {
+      const double after = plot.PixelY(
+          to * gear.per_rpm / gearing.gears.at(static_cast<std::size_t>(gear.gear)).per_rpm);
+      surface.Line(x, plot.PixelY(to), x, after, ColourOf(gear), stroke, LineStyle::kSolid);
+      DrawLabel(surface, box, x + beside, after + letters + beside, WholeText(gear.shift->after));
+    }
+    const auto text = Ordinal(gear.gear) + (gear.shift ? " " + WholeText(to) : "");
+    DrawLabel(surface, box, x - surface.Extent(text).width / 2, maximum - beside, text);
+    before = gear.shift ? &gear : nullptr;
+  }
+  const std::string title = "Engine speed, rpm, versus " + SpeedUnit(gearing);
+  const std::array<LegendEntry, 4> entries = {{
+      {title, Sample::kNone, kBlack, 0, 0},
+      {"90% torque", Sample::kBox, kBlue, 0.4, 0.8},
+      {"90% horsepower", Sample::kBox, kGreen, 0.4, 0.8},
+      {"Max rpm", Sample::kStroke, kRed, 1.3, 0.1},
+  }};
+  DrawTitle(surface, entries, letters);
+}
+
+}  // namespace velquist::charts
