@@ -143,7 +143,7 @@ struct FormControls {
   Control MnuEdit, MnuUndo, MnuRedo, MnuCompare, MnuReference, MnuReferenceLoaded,
       MnuReferenceDefault, MnuReferenceFile;
   Control MnuTools, MnuImportChassis, MnuImportDrivetrain, MnuReverse, MnuSaveAsFormat,
-      MnuShortFormat, MnuLongFormat, MnuAddInstall, MnuDeleteInstall;
+      MnuShortFormat, MnuLongFormat, MnuAddInstall, MnuDeleteInstall, MnuGearing;
   Control MnuHelp, MnuHelp2, MnuAbout;
 };
 
@@ -166,6 +166,7 @@ struct MainForm : FormControls {
   std::string status;   ///< what was done last
 
   SideWindowState compare;  ///< the comparison with the reference
+  SideWindowState gearing;  ///< what the gears make of the engine
 
   // What is drawn in the picture boxes.
   PictureRecorder chart;    ///< in PictureChart

@@ -155,6 +155,7 @@ class MainWindow {
   void CompareWithFile(edit::ReferenceSource source, const std::string& path);
 
   // Pictures.cpp: charts, car picture, marquee
+  void MnuGearing_Click() { form_.gearing.Ask(); }
   void MnuAbout_Click();
   void MnuHelp2_Click();
 

@@ -68,6 +68,9 @@ struct MenuRows {
                    .caption = "&Reverse Chassis Settings",
                    .tip = "Swap the left and right sides of the car",
                    .event = On<&MainWindow::MnuReverse_Click>});
+    form.MenuItem({VELQUIST_CONTROL(MnuGearing), .frame = "MnuTools", .caption = "&Gearing...",
+                   .tip = "Show thrust, best shifts and speeds of the gears", .shortcut = "Ctrl+G",
+                   .event = On<&MainWindow::MnuGearing_Click>, .begins_group = true});
     form.Menu({VELQUIST_CONTROL(MnuSaveAsFormat), .frame = "MnuTools", .caption = "Save As &Format",
                .begins_group = true});
     form.MenuItem({VELQUIST_CONTROL(MnuShortFormat), .frame = "MnuSaveAsFormat",

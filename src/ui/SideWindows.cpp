@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "ui/FrmCompare.h"
+#include "ui/FrmGearing.h"
 
 namespace velquist::ui {
 namespace {
@@ -20,8 +21,9 @@ SideWindow* Make(const SideWindow::Setting& setting)
 }
 
 /// One row a window.
-constexpr std::array<Row, 1> kRows = {{
+constexpr std::array<Row, 2> kRows = {{
     {&app::MainForm::compare, Make<FrmCompare>},
+    {&app::MainForm::gearing, Make<FrmGearing>},
 }};
 
 }  // namespace
