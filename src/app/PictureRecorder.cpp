@@ -23,7 +23,6 @@ constexpr double kUnitsPerEm = 2048;
 
 // Of the letter height:
 constexpr double kLineHeight = 1.15;
-constexpr double kBaseline = 0.905;
 constexpr double kCapitalHeight = 0.716;
 
 /// Of one byte of UTF-8 text. A character beyond ASCII counts with its first byte: letters of two
@@ -38,6 +37,12 @@ int AdvanceWidth(char c)
 }
 
 }  // namespace
+
+bool GoesOn(const Primitive& line, const Primitive& next)
+{
+  return next.kind == Primitive::Kind::kLine && next.x1 == line.x2 && next.y1 == line.y2 &&
+         next.colour == line.colour && next.width == line.width && next.style == line.style;
+}
 
 void PictureRecorder::Resize(double width, double height)
 {

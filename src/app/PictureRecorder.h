@@ -23,6 +23,12 @@ struct Primitive {
   double letter_height = 0;  ///< of a text
 };
 
+/// The line `next` begins where `line` ends and looks alike: both are parts of one curve.
+[[nodiscard]] bool GoesOn(const Primitive& line, const Primitive& next);
+
+/// What letters stand on, from the top of a text's line, in letter heights.
+inline constexpr double kBaseline = 0.905;
+
 /// A picture box that remembers what was drawn, so that the window repaints it at any time.
 /// Text is measured with the advance widths of Arial, which its metric twins share, so that every
 /// platform places labels alike.

@@ -58,13 +58,6 @@ std::string Point(double x, double y)
   return Number(x) + "," + Number(y);
 }
 
-/// The next line begins where this one ends and looks alike.
-bool GoesOn(const Primitive& line, const Primitive& next)
-{
-  return next.kind == Primitive::Kind::kLine && next.x1 == line.x2 && next.y1 == line.y2 &&
-         next.colour == line.colour && next.width == line.width && next.style == line.style;
-}
-
 /// The lines from `first` on that make one curve; `first` becomes the last of them.
 std::string LineElement(const std::vector<Primitive>& drawn, std::size_t& first)
 {
@@ -96,7 +89,6 @@ std::string DotElement(const Primitive& dot)
 /// As wide as it was measured, whatever letters the viewer has.
 std::string TextElement(const Primitive& text)
 {
-  constexpr double kBaseline = 0.905;  // of the letter height
   return "<text" + Attribute("x", text.x1) +
          Attribute("y", text.y1 + kBaseline * text.letter_height) +
          Attribute("font-size", text.letter_height) + Attribute("textLength", text.x2 - text.x1) +

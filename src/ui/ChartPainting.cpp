@@ -96,12 +96,6 @@ void DrawStraightLine(wxGraphicsContext& context, const Primitive& line)
                   std::round(std::max(line.x1, line.x2)) - left, line.width);
 }
 
-bool GoesOn(const Primitive& line, const Primitive& next)
-{
-  return next.kind == Primitive::Kind::kLine && next.x1 == line.x2 && next.y1 == line.y2 &&
-         next.colour == line.colour && next.width == line.width && next.style == line.style;
-}
-
 /// Draws the lines from `first` on that make one curve and returns the last of them.
 std::size_t DrawCurve(wxGraphicsContext& context, const std::vector<Primitive>& drawn,
                       std::size_t first)
@@ -110,7 +104,7 @@ std::size_t DrawCurve(wxGraphicsContext& context, const std::vector<Primitive>& 
   path.MoveToPoint(drawn[first].x1, drawn[first].y1);
   path.AddLineToPoint(drawn[first].x2, drawn[first].y2);
   std::size_t last = first;
-  for (; last + 1 < drawn.size() && GoesOn(drawn[last], drawn[last + 1]); ++last)
+  for (; last + 1 < drawn.size() && app::GoesOn(drawn[last], drawn[last + 1]); ++last)
     path.AddLineToPoint(drawn[last + 1].x2, drawn[last + 1].y2);
   context.SetPen(context.CreatePen(wxGraphicsPenInfo(ToWx(drawn[first].colour))
                                        .Width(drawn[first].width)
@@ -143,7 +137,7 @@ void DrawShapes(wxGraphicsContext& context, const std::vector<Primitive>& drawn)
         if (drawn[i].style == platform::LineStyle::kDotted)
           DrawDottedLine(context, drawn[i]);
         else if (IsAlongPixels(drawn[i]) &&
-                 !(i + 1 < drawn.size() && GoesOn(drawn[i], drawn[i + 1])))
+                 !(i + 1 < drawn.size() && app::GoesOn(drawn[i], drawn[i + 1])))
           DrawStraightLine(context, drawn[i]);
         else
           i = DrawCurve(context, drawn, i);

@@ -2,16 +2,16 @@
 #include "ui/Clipboard.h"
 
 #include <wx/clipbrd.h>
-#include <wx/dataobj.h>
+#include <wx/image.h>
+#include <wx/imagpng.h>
 
-#include <memory>
+#include <utility>
 
 #include "platform_wx/WxText.h"
 
 namespace velquist::ui {
-namespace {
 
-void Put(std::unique_ptr<wxDataObject> copied)
+void Copy(std::unique_ptr<wxDataObject> copied)
 {
   const wxClipboardLocker clipboard;
   if (!clipboard) return;
@@ -19,16 +19,16 @@ void Put(std::unique_ptr<wxDataObject> copied)
   wxTheClipboard->Flush();
 }
 
-}  // namespace
-
 void CopyText(const wxString& text)
 {
-  Put(std::make_unique<wxTextDataObject>(text));
+  Copy(std::make_unique<wxTextDataObject>(text));
 }
 
 void CopyPicture(const wxBitmap& picture)
 {
-  Put(std::make_unique<wxBitmapDataObject>(picture));
+  // The form in which it is handed on.
+  if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) wxImage::AddHandler(new wxPNGHandler);
+  Copy(std::make_unique<wxBitmapDataObject>(picture));
 }
 
 void CopySvg(std::string_view svg)
@@ -38,7 +38,7 @@ void CopySvg(std::string_view svg)
   auto copied = std::make_unique<wxDataObjectComposite>();
   copied->Add(drawing.release(), true);
   copied->Add(new wxTextDataObject(platform::FromText(svg)));
-  Put(std::move(copied));
+  Copy(std::move(copied));
 }
 
 }  // namespace velquist::ui

@@ -2,13 +2,16 @@
 #pragma once
 
 #include <wx/bitmap.h>
+#include <wx/dataobj.h>
 #include <wx/string.h>
 
+#include <memory>
 #include <string_view>
 
 namespace velquist::ui {
 
-/// What is put on the clipboard stays there when the program ends.
+/// Puts `copied` on the clipboard, where it stays when the program ends.
+void Copy(std::unique_ptr<wxDataObject> copied);
 void CopyText(const wxString& text);
 void CopyPicture(const wxBitmap& picture);
 /// As a drawing, and as text for programs that take none.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/FrmCompare.h"
 
-#include <wx/clipbrd.h>
 #include <wx/dataobj.h>
 
 #include <algorithm>
@@ -11,6 +10,7 @@
 
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/WxText.h"
+#include "ui/Clipboard.h"
 
 namespace velquist::ui {
 namespace {
@@ -209,8 +209,7 @@ void FrmCompare::EnableButtons()
   take_all_->Enable(Program().DifferenceCount() > 0);
   copy_->Enable(!lines_->Rows().empty());
   // A button that cannot be pressed any more must not keep the focus.
-  if (focused != nullptr && IsDescendant(focused) && !focused->IsEnabled())
-    table_->SetFocus();
+  if (focused != nullptr && IsDescendant(focused) && !focused->IsEnabled()) table_->SetFocus();
 }
 
 void FrmCompare::Choose(std::string_view item)
@@ -273,10 +272,7 @@ void FrmCompare::Copy()
   auto copied = std::make_unique<wxDataObjectComposite>();
   copied->Add(new wxTextDataObject(platform::FromText(app::ComparisonText(rows, name))), true);
   copied->Add(new wxHTMLDataObject(platform::FromText(app::ComparisonHtml(rows, name))));
-  const wxClipboardLocker clipboard;
-  if (!clipboard) return;
-  wxTheClipboard->SetData(copied.release());
-  wxTheClipboard->Flush();  // it stays when the program ends
+  ui::Copy(std::move(copied));
 }
 
 }  // namespace velquist::ui

@@ -35,6 +35,8 @@ constexpr double kTableFrame = 1.2;
 constexpr double kRemarkHeight = 1.45;
 constexpr int kRemarkLines = 4;
 
+constexpr char kBetweenReadings[] = "; ";
+
 constexpr std::array<const char*, 2> kPages = {"Thrust", "Engine speed"};
 
 /// Words in the middle, numbers at their last digit.
@@ -128,10 +130,10 @@ wxSizer* FrmGearing::MakeButtons(wxPanel* panel)
     button->Bind(wxEVT_BUTTON, [pressed = std::move(pressed)](wxCommandEvent&) { pressed(); });
     row->Add(button, beside);
   };
-  add(MakeButton(panel, "StepUp", "Gear &+", "Increase gear",
+  add(MakeButton(panel, "StepUp", "Gear +", "Increase gear",
                  "Take the next ratio for the selected gear (+)"),
       [this] { StepGear("CmdInc"); });
-  add(MakeButton(panel, "StepDown", "Gear &-", "Decrease gear",
+  add(MakeButton(panel, "StepDown", "Gear -", "Decrease gear",
                  "Take the ratio before for the selected gear (-)"),
       [this] { StepGear("CmdDec"); });
   row->AddStretchSpacer();
@@ -202,12 +204,13 @@ void FrmGearing::BringInLine()
   auto input = app::GearingInputOf(Program().Car(), Program().State().Units);
   if (input == input_) return;
   view_ = app::ViewGearing(input);
-  const bool metric_before = std::exchange(input_, std::move(input)).metric;
-  if (metric_before != input_.metric) cursor_ = 0;
+  input_ = std::move(input);
   heading_->SetLabelText(FromText(app::GearingHeading(input_)));
   ShowRows();
   ShowRemarks();
   for (auto* const chart : charts_) chart->ShowView(view_);
+  if (reads_cursor_)
+    reading_->SetLabelText(FromText(app::ReadingText(view_, cursor_, kBetweenReadings)));
 }
 
 /// Touches only what differs, so that the selection stays.
@@ -249,7 +252,8 @@ void FrmGearing::MoveCursor(double speed)
 {
   cursor_ = std::clamp(std::round(speed), 0.0, charts::SpeedAxis(view_.picture).maximum);
   for (auto* const chart : charts_) chart->ShowCursor(cursor_);
-  Say(app::ReadingText(view_, cursor_, "; "));
+  reads_cursor_ = true;
+  Say(app::ReadingText(view_, cursor_, kBetweenReadings));
 }
 
 void FrmGearing::Say(std::string_view text)
@@ -262,6 +266,7 @@ void FrmGearing::StepGear(std::string_view button)
 {
   const int row = table_->GetSelectedRow();
   if (row == wxNOT_FOUND) return;
+  reads_cursor_ = false;
   GiveEvent([&] { Program().Click(button, app::SlotOfGearingRow(row)); });
   const auto rows = app::GearingRows(view_);
   const auto at = static_cast<std::size_t>(row);

@@ -56,8 +56,9 @@ class FrmGearing final : public SideWindow {
   wxTextCtrl* remarks_ = nullptr;
   app::GearingInput input_;  ///< that `view_` was made from
   app::GearingView view_;
-  double cursor_ = 0;  ///< road speed, mph or km/h
-  int letters_ = 0;    ///< pixels
+  double cursor_ = 0;          ///< road speed, mph or km/h
+  bool reads_cursor_ = false;  ///< the line under the charts says what there is at the cursor
+  int letters_ = 0;            ///< pixels
 };
 
 }  // namespace velquist::ui

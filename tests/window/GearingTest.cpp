@@ -156,6 +156,9 @@ TEST_F(GearingWindow, ArrowKeysMoveTheCursorAndTheReadingIsShown)
   Press(WXK_LEFT);
   Press(WXK_LEFT);
   EXPECT_TRUE(Reading().starts_with("59 mph")) << Reading();
+  editor.Play("check OptUnits(1)\n");
+  EXPECT_TRUE(Reading().starts_with("59 km/h; ")) << Reading();
+  editor.Play("check OptUnits(0)\n");
   Press(WXK_END);
   EXPECT_EQ(Reading(), "220 mph");
   Press(WXK_RIGHT);
