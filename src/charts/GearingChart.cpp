@@ -26,8 +26,13 @@ constexpr Colour kReference{150, 150, 150};
 // Letter heights.
 constexpr double kTitleMiddle = 0.8;  ///< above the bottom
 constexpr double kLabelGap = 0.3;
+constexpr double kBandWidth = 0.4;
+constexpr double kTooth = 0.2;
+constexpr double kThrustStroke = 0.17;
 
 constexpr int kMostValueDivisions = 10;
+constexpr int kMostRpmDivisions = 15;
+constexpr double kRpmForLabels = 1000;    ///< above maximum rpm
 constexpr double kBeyondMost = 1.06;      ///< how far the thrust axis goes on, at least
 constexpr double kLeastThrustStep = 100;  ///< of the axis, lb
 constexpr double kLeastForceStep = 500;   ///< the same in N
@@ -121,15 +126,48 @@ void DrawBestGears(PictureSurface& surface, const PlotXy& plot, const GearingPic
   }
 }
 
-/// A text whose letters begin at `x` and stand on `y`, kept within the plot box.
-void DrawLabel(PictureSurface& surface, const PlotBox& box, double x, double y,
-               const std::string& text)
-{
-  const auto extent = surface.Extent(text);
-  const double left = std::clamp(x, box.left, std::max(box.right - extent.width, box.left));
-  const double top = std::clamp(y - extent.baseline, box.top, box.bottom - extent.height);
-  surface.Text(left, top, text);
-}
+/// Texts within a plot box, none over another.
+class Labels {
+ public:
+  Labels(PictureSurface& surface, const PlotBox& box) : surface_(surface), box_(box) {}
+
+  /// The letters begin at `x` and stand on `y`, or where there is room above or beside that.
+  void Put(double x, double y, const std::string& text)
+  {
+    const auto extent = surface_.Extent(text);
+    Place place = {std::clamp(x, box_.left, std::max(box_.right - extent.width, box_.left)),
+                   std::clamp(y - extent.baseline, box_.top, box_.bottom - extent.height),
+                   extent.width, extent.height};
+    const double lowest = place.top;
+    while (std::ranges::any_of(places_, [&](const Place& other) { return place.Covers(other); })) {
+      place.top -= extent.height;
+      if (place.top >= box_.top) continue;
+      place.top = lowest;
+      place.left -= extent.width;
+      if (place.left < box_.left) break;
+    }
+    places_.push_back(place);
+    surface_.Text(place.left, place.top, text);
+  }
+
+ private:
+  struct Place {
+    double left;
+    double top;
+    double width;
+    double height;
+
+    [[nodiscard]] bool Covers(const Place& other) const
+    {
+      return left < other.left + other.width && other.left < left + width &&
+             top < other.top + other.height && other.top < top + height;
+    }
+  };
+
+  PictureSurface& surface_;
+  const PlotBox& box_;
+  std::vector<Place> places_;
+};
 
 void DrawMark(PictureSurface& surface, double x, double y, double letters, Colour colour)
 {
@@ -149,6 +187,57 @@ void DrawMaximumSpeed(PictureSurface& surface, const PlotXy& plot, const Gearing
   const double gap = kLabelGap * letters;
   const bool fits = x + gap + extent.width < box.right;
   surface.Text(fits ? x + gap : x - gap - extent.width, box.top + gap, text);
+}
+
+/// "1st 8400", "5th" where there is no shift.
+std::string ShiftText(const GearOfCar& gear)
+{
+  return Ordinal(gear.gear) + (gear.shift ? " " + std::to_string(gear.shift->rpm) : "");
+}
+
+/// The bands beside the axis, with a line where each begins.
+void DrawBands(PictureSurface& surface, const PlotXy& plot, const Gearing& gearing, double letters)
+{
+  const auto& box = plot.Box();
+  const auto draw = [&](const Band& band, Colour colour, double place) {
+    if (band.high <= band.low) return;
+    const double left = box.left + place * letters;
+    const double top = std::max(plot.PixelY(band.high), box.top);
+    const double bottom = plot.PixelY(band.low);
+    surface.Box(left, top, left + kBandWidth * letters, bottom, colour, colour);
+    surface.Line(box.left, bottom, box.right, bottom, colour, 1, LineStyle::kDotted);
+  };
+  draw(gearing.torque, kBlue, kBandWidth / 2);
+  draw(gearing.power, kGreen, kBandWidth * 2);
+}
+
+/// Up in each gear and down at its shift. A gear that nothing shifts into has no tooth.
+void DrawTeeth(PictureSurface& surface, const PlotXy& plot, const Gearing& gearing, double letters)
+{
+  const double stroke = std::max(std::round(letters * kTooth), 2.0);
+  const double beside = kLabelGap * letters + stroke;
+  Labels labels(surface, plot.Box());
+  double from = kIdleRpm;  // engine speed that a gear is entered with
+  for (std::size_t at = 0; at < gearing.gears.size(); ++at) {
+    const auto& gear = gearing.gears[at];
+    if (!gear.speed) {
+      from = kIdleRpm;
+      continue;
+    }
+    const double to = gear.shift ? gear.shift->rpm : gearing.maximum_rpm;
+    const double x = plot.PixelX(to * gear.per_rpm);
+    const bool entered = at == 0 || !gearing.gears[at - 1].speed || gearing.gears[at - 1].shift;
+    Curve tooth(surface, plot, ColourOf(gear), stroke);
+    if (entered) tooth.To(from * gear.per_rpm, from);
+    tooth.To(to * gear.per_rpm, to);
+    const auto text = ShiftText(gear);
+    labels.Put(x - surface.Extent(text).width / 2, plot.PixelY(gearing.maximum_rpm) - beside, text);
+    if (!gear.shift) continue;
+    from = to * gear.per_rpm / gearing.gears[at + 1].per_rpm;
+    const double after = plot.PixelY(from);
+    surface.Line(x, plot.PixelY(to), x, after, ColourOf(gear), stroke, LineStyle::kSolid);
+    labels.Put(x + beside, after + letters + beside, std::to_string(gear.shift->after));
+  }
 }
 
 void DrawTitle(PictureSurface& surface, std::span<const LegendEntry> entries, double letters)
@@ -175,12 +264,13 @@ void DrawThrust(PictureSurface& surface, const GearingPicture& picture)
   if (picture.reference)
     for (const auto& gear : picture.reference->gears)
       if (gear.speed) DrawThrustOf(picture, gear, {surface, plot, kReference, 1});
-  const double stroke = std::max(std::round(letters * 0.17), 2.0);
+  const double stroke = std::max(std::round(letters * kThrustStroke), 2.0);
   for (const auto& gear : gearing.gears)
     if (gear.speed) DrawThrustOf(picture, gear, {surface, plot, ColourOf(gear), stroke});
   DrawMaximumSpeed(surface, plot, gearing, letters);
 
   surface.SetLetterHeight(letters);
+  Labels labels(surface, box);
   const double beside = kLabelGap * letters + stroke;
   for (const auto& gear : gearing.gears) {
     if (!gear.speed) continue;
@@ -188,8 +278,7 @@ void DrawThrust(PictureSurface& surface, const GearingPicture& picture)
     const double x = plot.PixelX(rpm * gear.per_rpm);
     const double y = plot.PixelY(ShownThrust(picture, gear, rpm));
     if (gear.shift && box.Holds(x, y)) DrawMark(surface, x, y, letters, ColourOf(gear));
-    DrawLabel(surface, box, x + beside, y - beside,
-              Ordinal(gear.gear) + (gear.shift ? " " + WholeText(rpm) : ""));
+    labels.Put(x + beside, y - beside, ShiftText(gear));
   }
   const std::string title = std::string("Thrust at the tires, ") + ThrustUnit(gearing) +
                             ", versus " + SpeedUnit(gearing) + ", no losses";
@@ -206,21 +295,12 @@ void DrawSawTooth(PictureSurface& surface, const GearingPicture& picture)
 {
   const auto& gearing = picture.gearing;
   const double letters = GearingLetters(surface.Width(), surface.Height());
-  const auto rpm_axis = RoundAxis(gearing.maximum_rpm + 500.0, 14, 1000);
+  const auto rpm_axis = RoundAxis(gearing.maximum_rpm + kRpmForLabels, kMostRpmDivisions, 1000);
   const PlotXy plot(surface, SpeedAxis(picture), rpm_axis,
                     GearingBox(surface.Width(), surface.Height()), letters);
   const auto& box = plot.Box();
   if (box.IsEmpty()) return;
-  const auto band = [&](const Band& shown, Colour colour, double place) {
-    if (shown.high <= shown.low) return;
-    const double left = box.left + place * letters;
-    const double top = std::max(plot.PixelY(shown.high), box.top);
-    surface.Box(left, top, left + letters * 0.4, plot.PixelY(shown.low), colour, colour);
-    surface.Line(box.left, plot.PixelY(shown.low), box.right, plot.PixelY(shown.low), colour, 1,
-                 LineStyle::kDotted);
-  };
-  band(gearing.torque, kBlue, 0.2);
-  band(gearing.power, kGreen, 0.8);
+  DrawBands(surface, plot, gearing, letters);
   const double maximum = plot.PixelY(gearing.maximum_rpm);
   surface.Line(box.left, maximum, box.right, maximum, kRed, 1, LineStyle::kDotted);
 
@@ -232,31 +312,7 @@ void DrawSawTooth(PictureSurface& surface, const GearingPicture& picture)
   }
   DrawMaximumSpeed(surface, plot, gearing, letters);
   surface.SetLetterHeight(letters);
-  const double stroke = std::max(std::round(letters * 0.2), 2.0);
-  const double beside = kLabelGap * letters + stroke;
-  const GearOfCar* before = nullptr;  // which shifts into the gear
-  for (const auto& gear : gearing.gears) {
-    if (!gear.speed) {
-      before = nullptr;
-      continue;
-    }
-    const double from =
-        before == nullptr ? kIdleRpm : before->shift->rpm * before->per_rpm / gear.per_rpm;
-    const double to = gear.shift ? gear.shift->rpm : gearing.maximum_rpm;
-    const double x = plot.PixelX(to * gear.per_rpm);
-    Curve tooth(surface, plot, ColourOf(gear), stroke);
-    tooth.To(from * gear.per_rpm, from);
-    tooth.To(to * gear.per_rpm, to);
-    if (gear.shift) {
-      const double after = plot.PixelY(
-          to * gear.per_rpm / gearing.gears.at(static_cast<std::size_t>(gear.gear)).per_rpm);
-      surface.Line(x, plot.PixelY(to), x, after, ColourOf(gear), stroke, LineStyle::kSolid);
-      DrawLabel(surface, box, x + beside, after + letters + beside, WholeText(gear.shift->after));
-    }
-    const auto text = Ordinal(gear.gear) + (gear.shift ? " " + WholeText(to) : "");
-    DrawLabel(surface, box, x - surface.Extent(text).width / 2, maximum - beside, text);
-    before = gear.shift ? &gear : nullptr;
-  }
+  DrawTeeth(surface, plot, gearing, letters);
   const std::string title = "Engine speed, rpm, versus " + SpeedUnit(gearing);
   const std::array<LegendEntry, 4> entries = {{
       {title, Sample::kNone, kBlack, 0, 0},

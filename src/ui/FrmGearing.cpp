@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/FrmGearing.h"
 
+#include <wx/display.h>
 #include <wx/wupdlock.h>
 
 #include <algorithm>
@@ -12,7 +13,6 @@
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/WxText.h"
 #include "ui/Clipboard.h"
-#include "ui/FitToDesktop.h"
 #include "ui/Widgets.h"
 
 namespace velquist::ui {
@@ -22,8 +22,11 @@ using platform::FromText;
 
 constexpr int kClientWidth = 900;
 constexpr int kClientHeight = 760;
-constexpr int kLeastClientWidth = 460;
-constexpr int kLeastClientHeight = 380;
+constexpr int kLeastClientWidth = 560;
+constexpr int kLeastClientHeight = 400;
+// Of the desktop.
+constexpr int kUsualPercent = 72;
+constexpr int kMostPercent = 92;
 constexpr int kGap = 8;
 
 constexpr int kLeastLetters = 11;
@@ -50,8 +53,8 @@ wxAlignment AlignmentOf(std::size_t column)
 wxButton* MakeButton(wxWindow* parent, const char* name, const char* caption, const char* spoken,
                      const char* tip)
 {
-  auto* const button = new wxButton(parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize,
-                                    wxBU_EXACTFIT, wxDefaultValidator, name);
+  auto* const button = new wxButton(parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0,
+                                    wxDefaultValidator, name);
   button->SetToolTip(tip);
   platform::SetSpoken(*button, spoken, tip);
   return button;
@@ -87,9 +90,13 @@ FrmGearing::FrmGearing(const Setting& setting)
   panel_->SetSizer(rows);
 
   SetMinClientSize(FromDIP(wxSize(kLeastClientWidth, kLeastClientHeight)));
-  SetClientSize(FromDIP(wxSize(kClientWidth, kClientHeight)));
+  const wxSize desktop = wxDisplay(setting.parent).GetClientArea().GetSize();
+  const int height = std::max(FromDIP(kClientHeight), desktop.y * kUsualPercent / 100);
+  wxSize client(height * kClientWidth / kClientHeight, height);
+  // With room for the title, which has no size before it is shown.
+  client.DecTo(wxSize(desktop.x * kMostPercent / 100, desktop.y * kMostPercent / 100));
+  SetClientSize(client);
   CentreOnParent();
-  FitToDesktop(*this);
   BindEvents();
   ScaleLetters();
   table_->SetFocus();

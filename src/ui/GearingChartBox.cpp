@@ -109,15 +109,17 @@ void GearingChartBox::OnPaint()
     line_at(pointer_->x);
   }
   if (HasFocus()) {
-    const double x = charts::PixelOfSpeed(box, view_->picture, cursor_);
     paint.SetPen(wxPen(*wxBLACK, 1));
-    line_at(x);
+    line_at(charts::PixelOfSpeed(box, view_->picture, cursor_));
     paint.SetBrush(*wxTRANSPARENT_BRUSH);
     paint.SetPen(wxPen(wxColour(0, 90, 200), 2));
     paint.DrawRectangle(wxRect(size).Deflate(1, 1));
+    // At the right, where no curve is so high.
+    const double below_label = 2 * charts::GearingLetters(size.x, size.y);
     if (!pointed)
       DrawReading(paint, platform::FromText(app::ReadingText(*view_, cursor_, "\n")),
-                  wxPoint(static_cast<int>(std::lround(x)), static_cast<int>(box.top)), size);
+                  wxPoint(static_cast<int>(box.right), static_cast<int>(box.top + below_label)),
+                  size);
   }
   if (pointed)
     DrawReading(paint, platform::FromText(app::ReadingText(*view_, *pointed, "\n")), *pointer_,

@@ -124,6 +124,33 @@ TEST(GearingChart, SawToothGoesDownAtEachShift)
   EXPECT_NEAR((box.bottom - down->y2) / box.Height(), 7200 / 10000.0, 1e-9);
 }
 
+TEST(GearingChart, LabelsOfGearsAlikeDoNotCoverEachOther)
+{
+  const auto picture = Picture({2.5F, 2.0F, 1.5F, 1.5F, 1.5F});
+  for (const auto draw : {DrawThrust, DrawSawTooth}) {
+    const auto surface = Drawn(draw, picture);
+    std::vector<Primitive> labels;
+    for (const auto& drawn : surface.Drawn())
+      if (drawn.kind == Primitive::Kind::kText &&
+          (drawn.text == "3rd" || drawn.text == "4th" || drawn.text == "5th"))
+        labels.push_back(drawn);
+    ASSERT_EQ(labels.size(), 3U);
+    for (const auto& one : labels)
+      for (const auto& other : labels)
+        EXPECT_TRUE(one.text == other.text || one.y2 <= other.y1 || other.y2 <= one.y1 ||
+                    one.x2 <= other.x1 || other.x2 <= one.x1)
+            << one.text << " and " << other.text;
+  }
+}
+
+TEST(GearingChart, AGearThatNothingShiftsIntoHasNoTooth)
+{
+  const auto surface = Drawn(DrawSawTooth, Picture({2.5F, 2.5F, 2.0F}));
+  EXPECT_EQ(Lines(surface, kFirstGear), 1);    // up, and no shift
+  EXPECT_EQ(Lines(surface, {213, 94, 0}), 1);  // down at the shift alone
+  EXPECT_EQ(Lines(surface, {0, 128, 96}), 1);
+}
+
 TEST(GearingChart, GearsWithoutRatioAreLeftOut)
 {
   const auto picture = Picture({2.5F, 0.0F, 1.5F});

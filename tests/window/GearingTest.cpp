@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <gtk/gtk.h>
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
 #include <wx/dataview.h>
@@ -165,6 +166,30 @@ TEST_F(GearingWindow, ArrowKeysMoveTheCursorAndTheReadingIsShown)
   EXPECT_EQ(Reading(), "220 mph");
 }
 
+TEST_F(GearingWindow, ScreenReadersAreToldWhatEachPartIsAndWhatTheCursorSays)
+{
+  StartWithGearing();
+  const auto spoken = [](const char* name) {
+    const char* const text =
+        atk_object_get_name(gtk_widget_get_accessible(Part<wxWindow>(name).GetHandle()));
+    return std::string(text == nullptr ? "" : text);
+  };
+  EXPECT_EQ(spoken("ThrustChart"), "Thrust");
+  EXPECT_EQ(spoken("SawToothChart"), "Engine speed");
+  EXPECT_EQ(spoken("Gears"), "Gears");
+  EXPECT_EQ(spoken("Remarks"), "What the numbers show");
+  EXPECT_EQ(spoken("StepUp"), "Increase gear");
+  EXPECT_EQ(spoken("StepDown"), "Decrease gear");
+  for (const char* const name :
+       {"StepUp", "StepDown", "CopyTable", "CopyPicture", "CopySvg", "CloseButton"})
+    EXPECT_FALSE(Part<wxWindow>(name).GetToolTipText().empty()) << name;
+  auto& chart = Part<ui::GearingChartBox>("ThrustChart");
+  chart.SetFocus();
+  ASSERT_TRUE(WaitUntil([&] { return chart.HasFocus(); }));
+  Press(WXK_HOME);
+  EXPECT_EQ(spoken("Reading"), "0 mph");
+}
+
 TEST_F(GearingWindow, TheTabKeyLeavesTheChart)
 {
   StartWithGearing();
@@ -200,7 +225,7 @@ TEST_F(GearingWindow, LettersGrowWithTheWindowAndNothingIsCut)
 {
   StartWithGearing({3840, 2160});
   int before = 0;
-  for (const wxSize size : {wxSize(520, 430), wxSize(900, 700), wxSize(1800, 1500)}) {
+  for (const wxSize size : {wxSize(580, 440), wxSize(900, 700), wxSize(1800, 1500)}) {
     Gearing().SetClientSize(size);
     LetTimePass(300);
     EXPECT_GT(Table().GetFont().GetPixelSize().y, before);
