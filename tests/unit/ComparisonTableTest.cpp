@@ -40,7 +40,7 @@ click MnuOpen
   {
     const auto rows = Rows(ComparedRows::kAll);
     const auto found = std::ranges::find(rows, slot, &ComparisonRow::slot);
-    return found == rows.end() ? ComparisonRow{.slot = -1} : *found;
+    return found == rows.end() ? ComparisonRow() : *found;
   }
 
   testing::ScriptedEditor editor_;
