@@ -54,7 +54,7 @@ TEST_F(Comparison, HasNoRowsWhileNothingDiffers)
 
 TEST_F(Comparison, HasARowForEachValueThatDiffers)
 {
-  editor_.Play("click CmdInc(4)\nclick CmdInc(4)\nclick CmdDec(30)\n");
+  editor_.Play("click CmdInc(4)\nclick CmdInc(4)\nclick CmdInc(30)\n");
   const auto rows = Rows();
   ASSERT_EQ(rows.size(), 2U);
   EXPECT_EQ(editor_.Window().DifferenceCount(), 2);
