@@ -70,7 +70,7 @@ library::Walk Session::WalkPaths()
 
 void Session::WriteNew(const std::string& path, std::span<const std::byte> bytes) const
 {
-  const auto host = platform::PathFromText(path);
+  const auto host = platform::Lengthened(platform::PathFromText(path));
   std::error_code unknown;
   if (!options_.force && std::filesystem::exists(platform::StatusOf(host, unknown)))
     throw FileError(path, "It exists already; --force writes over it");

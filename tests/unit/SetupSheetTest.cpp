@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "export/SetupSheet.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "edit/CarSetup.h"
+#include "edit/Display.h"
+#include "export/SvgSurface.h"
+#include "platform/HostFileSystem.h"
+#include "platform/SystemFiles.h"
+#include "runner/SourceDirectory.h"
+
+namespace velquist::text_export {
+namespace {
+
+std::string Shipped(std::string_view name)
+{
+  return platform::PathText(velquist::testing::SourceDirectory() / "assets" / "program" / name);
+}
+
+/// The default setup of 1967.
+void Load(edit::CarSetup& car)
+{
+  const platform::HostFileSystem files;
+  ASSERT_FALSE(car.ReadDataFiles(files, Shipped("")));
+  ASSERT_TRUE(car.ReadFile(files, Shipped("67 Velquist Default.vqset")));
+  car.LoadValues();
+  car.LoadLists();
+}
+
+std::size_t Count(std::string_view text, std::string_view part)
+{
+  std::size_t count = 0;
+  for (auto at = text.find(part); at != std::string_view::npos; at = text.find(part, at + 1))
+    ++count;
+  return count;
+}
+
+TEST(SvgSurface, EscapesWhatMarksUpAndWhatAPageCannotHold)
+{
+  EXPECT_EQ(Escaped("a<b>&\"c\""), "a&lt;b&gt;&amp;&quot;c&quot;");
+  EXPECT_EQ(Escaped("M\xC3\xBCnchen"), "M\xC3\xBCnchen");
+  EXPECT_EQ(Escaped("M\xFCnchen"), "M\xC3\xBCnchen") << "as in Windows-1252";
+  EXPECT_EQ(Escaped("\x01"), "\xEF\xBF\xBD");
+}
+
+TEST(SvgSurface, DrawsEachPrimitiveAsAnElement)
+{
+  SvgSurface surface(100, 50);
+  surface.Clear({255, 255, 255});
+  surface.Line(0, 1.005, 10, 20, {0, 0, 128}, 1, platform::LineStyle::kDotted);
+  surface.Box(1, 2, 3, 5, {255, 0, 0}, std::nullopt);
+  surface.SetLetterHeight(10);
+  surface.Text(5, 0, "<1");
+  const auto element = surface.Element("both & more");
+  EXPECT_NE(element.find("viewBox=\"0 0 100 50\""), std::string::npos) << element;
+  EXPECT_NE(element.find("<title>both &amp; more</title>"), std::string::npos) << element;
+  EXPECT_NE(element.find("stroke=\"#000080\" stroke-width=\"1\" stroke-dasharray"),
+            std::string::npos)
+      << element;
+  EXPECT_NE(element.find("<rect x=\"1\" y=\"2\" width=\"2\" height=\"3\" stroke=\"#ff0000\" "
+                         "fill=\"none\"/>"),
+            std::string::npos)
+      << element;
+  EXPECT_NE(element.find(">&lt;1</text>"), std::string::npos) << element;
+  surface.Clear({255, 255, 255});
+  EXPECT_EQ(surface.Element("").find("<line"), std::string::npos) << "all is dropped";
+}
+
+TEST(SetupSheet, HasEveryPart)
+{
+  edit::CarSetup car;
+  Load(car);
+  const SheetSubject subject = {.file_name = "x & y.bb1",
+                                .chassis_name = "Brabham",
+                                .player = "Jim",
+                                .track = "monza",
+                                .reference = "other.bb1",
+                                .layout = "short"};
+  const auto page = SetupSheet(car, subject, nullptr, edit::kMetric);
+  EXPECT_TRUE(page.starts_with("<!DOCTYPE html>\n"));
+  for (const auto* part : {"<h1>x &amp; y.bb1</h1>", "1967 Brabham F1, symmetric, short layout",
+                           "Track monza, player Jim", "Front wheels", "Rear wheels", "Axles",
+                           "Differential", "Gears", "km/h at 8700 rpm"})
+    EXPECT_NE(page.find(part), std::string::npos) << part;
+  EXPECT_EQ(Count(page, "<svg "), 2U);
+  EXPECT_EQ(page.find("Differences"), std::string::npos);
+  EXPECT_NE(SetupSheet(car, subject, nullptr, edit::kEnglish).find("mph at"), std::string::npos);
+}
+
+TEST(SetupSheet, TellsTheDifferencesFromAReference)
+{
+  edit::CarSetup car;
+  Load(car);
+  const auto reference = edit::ReferenceOf(car, edit::ReferenceSource::kFile, "other.bb1", 5);
+  const SheetSubject subject = {.file_name = "x.bb1",
+                                .chassis_name = "Brabham",
+                                .player = {},
+                                .track = {},
+                                .reference = "other.bb1",
+                                .layout = {}};
+  auto page = SetupSheet(car, subject, &reference, edit::kEnglish);
+  EXPECT_NE(page.find("<h2>Differences from other.bb1</h2>\n<p>None</p>"), std::string::npos);
+  (void)car.Step(30, edit::Direction::kIncrease, false);
+  page = SetupSheet(car, subject, &reference, edit::kEnglish);
+  EXPECT_NE(page.find("<td>fuel level</td><td>20</td><td>\xE2\x86\x92</td><td>21</td>"),
+            std::string::npos)
+      << page;
+}
+
+TEST(SetupSheet, IsNamedAfterTheSetup)
+{
+  EXPECT_EQ(SheetFileName("monza.lo1"), "monza.html");
+  EXPECT_EQ(SheetFileName("monza"), "monza.html");
+}
+
+}  // namespace
+}  // namespace velquist::text_export
