@@ -103,27 +103,21 @@ TEST_F(GearingTable, TheManualsExampleIsRight)
     EXPECT_NE(manual.find(text), std::string::npos) << text;
   };
   auto view = View();
-  const auto* gearing = &view.picture.gearing;
-  const auto shift = [&](std::size_t gear) { return gearing->gears.at(gear).shift.value(); };
-  says("from 1st to 2nd at " + std::to_string(shift(0).rpm) + " rpm, which leaves " +
-       std::to_string(shift(0).after));
-  says("from 2nd to 3rd at " + std::to_string(shift(1).rpm) + ", which leaves " +
-       std::to_string(shift(1).after));
-  says("from " + std::to_string(gearing->power.low) + " to " + std::to_string(gearing->power.high) +
-       " rpm, so both land in the power band");
-  EXPECT_TRUE(shift(0).in_power_band && shift(1).in_power_band);
-  says("5th reaches the maximum of " + std::to_string(gearing->maximum_rpm) + " rpm at " +
-       charts::WholeText(gearing->gears[4].speed.value()) + " mph");
-  const auto before = app::GearingRows(view)[1][1];
-  const auto step = app::GearingRows(view)[0][5];
+  const auto band = view.picture.gearing.power;
+  auto shift = view.picture.gearing.gears[0].shift.value();
+  says("in 1966 the default setup shifts from 1st to 2nd at " + std::to_string(shift.rpm) +
+       " rpm, which leaves " + std::to_string(shift.after) + ".");
+  says("90% of the horsepower reach from " + std::to_string(band.low) + " to " +
+       std::to_string(band.high) + " rpm.");
+  EXPECT_TRUE(shift.in_power_band);
+  const auto before = Row(1)[1];
 
   editor_.Play("click CmdDec(43)");
   view = View();
-  gearing = &view.picture.gearing;
-  says("From " + before + " it goes to " + app::GearingRows(view)[1][1]);
-  says("grows from " + step + " to " + app::GearingRows(view)[0][5] + " percent");
-  says("moves up to " + std::to_string(shift(0).rpm) + " rpm, but leaves " +
-       std::to_string(shift(0).after));
+  shift = view.picture.gearing.gears[0].shift.value();
+  says("press Minus on 2nd: from " + before + " it goes to " + Row(1)[1] +
+       ", the shift moves up to " + std::to_string(shift.rpm) + " rpm but leaves " +
+       std::to_string(shift.after) + ", out of the power band.");
   EXPECT_TRUE(view.remarks.front().text.starts_with("1st to 2nd falls out of the power band"));
 }
 
