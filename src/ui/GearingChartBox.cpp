@@ -31,10 +31,8 @@ GearingChartBox::GearingChartBox(wxWindow* parent, const wxString& name, app::Ge
   Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) { OnPointer(std::nullopt); });
   Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
     SetFocus();
-    const auto box = charts::GearingBox(recorded_.Width(), recorded_.Height());
-    if (view_ == nullptr) return;
-    if (const auto speed = charts::SpeedAt(box, view_->picture, event.GetX(), event.GetY()))
-      moved_(*speed);
+    pointer_ = event.GetPosition();
+    if (const auto speed = PointedSpeed()) moved_(*speed);
   });
   Bind(wxEVT_KEY_DOWN, &GearingChartBox::OnKey, this);
   for (const auto focus : {wxEVT_SET_FOCUS, wxEVT_KILL_FOCUS})
@@ -90,40 +88,56 @@ void GearingChartBox::OnPointer(std::optional<wxPoint> pointer)
   Refresh(false);
 }
 
+charts::PlotBox GearingChartBox::Plot() const
+{
+  const wxSize size = GetClientSize();
+  return charts::GearingBox(size.x, size.y);
+}
+
+std::optional<double> GearingChartBox::PointedSpeed() const
+{
+  if (!pointer_ || view_ == nullptr) return std::nullopt;
+  return charts::SpeedAt(Plot(), view_->picture, pointer_->x, pointer_->y);
+}
+
+std::string GearingChartBox::Reading() const
+{
+  const auto pointed = PointedSpeed();
+  if (view_ == nullptr || !(pointed || HasFocus())) return {};
+  return app::ReadingText(*view_, pointed.value_or(cursor_), "\n");
+}
+
 void GearingChartBox::OnPaint()
 {
+  static const wxColour kFocusColour(0, 90, 200);
+  static const wxColour kPointerColour(118, 118, 118);
   wxAutoBufferedPaintDC paint(this);
   const wxSize size = GetClientSize();
   if (size.x < 1 || size.y < 1 || view_ == nullptr) return;
   paint.DrawBitmap(Painted(), 0, 0);
-  const auto box = charts::GearingBox(size.x, size.y);
+  const auto box = Plot();
   if (box.IsEmpty()) return;
   const auto line_at = [&](double x) {
     const int at = static_cast<int>(std::lround(x));
     paint.DrawLine(at, static_cast<int>(box.top) + 1, at, static_cast<int>(box.bottom));
   };
-  const auto pointed = pointer_ ? charts::SpeedAt(box, view_->picture, pointer_->x, pointer_->y)
-                                : std::optional<double>();
-  if (pointed) {
-    paint.SetPen(wxPen(wxColour(118, 118, 118), 1, wxPENSTYLE_DOT));
-    line_at(pointer_->x);
-  }
   if (HasFocus()) {
     paint.SetPen(wxPen(*wxBLACK, 1));
     line_at(charts::PixelOfSpeed(box, view_->picture, cursor_));
     paint.SetBrush(*wxTRANSPARENT_BRUSH);
-    paint.SetPen(wxPen(wxColour(0, 90, 200), 2));
+    paint.SetPen(wxPen(kFocusColour, 2));
     paint.DrawRectangle(wxRect(size).Deflate(1, 1));
-    // At the right, where no curve is so high.
-    const double below_label = 2 * charts::GearingLetters(size.x, size.y);
-    if (!pointed)
-      DrawReading(paint, platform::FromText(app::ReadingText(*view_, cursor_, "\n")),
-                  wxPoint(static_cast<int>(box.right), static_cast<int>(box.top + below_label)),
-                  size);
   }
-  if (pointed)
-    DrawReading(paint, platform::FromText(app::ReadingText(*view_, *pointed, "\n")), *pointer_,
-                size);
+  // That of the cursor at the right, where no curve is so high.
+  wxPoint beside(static_cast<int>(box.right),
+                 static_cast<int>(box.top + 2 * charts::GearingLetters(size.x, size.y)));
+  if (PointedSpeed()) {
+    beside = *pointer_;
+    paint.SetPen(wxPen(kPointerColour, 1, wxPENSTYLE_DOT));
+    line_at(beside.x);
+  }
+  if (const auto reading = Reading(); !reading.empty())
+    DrawReading(paint, platform::FromText(reading), beside, size);
 }
 
 void GearingChartBox::OnKey(wxKeyEvent& event)

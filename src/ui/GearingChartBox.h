@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "app/GearingTable.h"
 #include "app/PictureRecorder.h"
@@ -29,7 +30,13 @@ class GearingChartBox final : public wxWindow {
   [[nodiscard]] const app::PictureRecorder& Recorded();
   [[nodiscard]] wxBitmap Painted();
 
+  /// What stands beside the pointer, else at the cursor while the box has the focus; else empty.
+  [[nodiscard]] std::string Reading() const;
+
  private:
+  [[nodiscard]] charts::PlotBox Plot() const;
+  /// The road speed that the pointer is at.
+  [[nodiscard]] std::optional<double> PointedSpeed() const;
   void OnPaint();
   void OnPointer(std::optional<wxPoint> pointer);
   void OnKey(wxKeyEvent& event);

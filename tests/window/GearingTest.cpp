@@ -190,6 +190,24 @@ TEST_F(GearingWindow, ScreenReadersAreToldWhatEachPartIsAndWhatTheCursorSays)
   EXPECT_EQ(spoken("Reading"), "0 mph");
 }
 
+TEST_F(GearingWindow, ThePointerReadsTheSpeedThatItIsAt)
+{
+  StartWithGearing();
+  auto& chart = Part<ui::GearingChartBox>("ThrustChart");
+  EXPECT_EQ(chart.Reading(), "");
+  const wxSize size = chart.GetClientSize();
+  const auto box = charts::GearingBox(size.x, size.y);
+  const auto x = static_cast<int>(charts::PixelOfSpeed(box, Gearing().View().picture, 100));
+  const wxPoint at = chart.ClientToScreen(wxPoint(x, size.y / 2));
+  user_.MouseMove(at.x - 1, at.y);
+  LetTimePass(50);
+  user_.MouseMove(at.x, at.y);
+  EXPECT_TRUE(WaitUntil([&] { return chart.Reading().starts_with("100 mph\n2nd: "); }))
+      << chart.Reading();
+  user_.MouseClick();
+  EXPECT_TRUE(WaitUntil([&] { return Reading().starts_with("100 mph; 2nd: "); })) << Reading();
+}
+
 TEST_F(GearingWindow, TheTabKeyLeavesTheChart)
 {
   StartWithGearing();

@@ -37,8 +37,8 @@ TEST_F(Rows, GroupTheMenusAndMarkWhatIsExclusive)
       {"New", "Open...", "-", "Save", "Save As...", "-", "Revert to Default", "Export Text", "-",
        "Exit"},
       {"Undo", "Redo", "-", "Reference", "[Setup as Loaded]", "[Default Setup]", "[Setup File...]"},
-      {"Import Chassis...", "Import Drivetrain...", "Reverse Chassis Settings", "-",
-       "Save As Format", "(Short Format)", "(Long Format)", "-", "Add Installation...",
+      {"Import Chassis...", "Import Drivetrain...", "Reverse Chassis Settings", "-", "Gearing...",
+       "-", "Save As Format", "(Short Format)", "(Long Format)", "-", "Add Installation...",
        "Delete Installation..."},
       {"Manual", "About"}};
   ASSERT_EQ(bar.GetMenuCount(), expected.size());
