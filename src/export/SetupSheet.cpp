@@ -41,8 +41,8 @@ tr + tr { border-top: 0.1mm solid #ddd }
 .pair > div { display: table-cell; vertical-align: top; padding-right: 3mm }
 .pair > div + div { padding: 0 0 0 3mm }
 .differences { column-count: 3; column-gap: 4mm; font-size: 7pt }
-.differences td { padding: 0.1mm 0.5mm }
-.differences td.unit { width: 8mm }
+.differences div { display: flex; justify-content: space-between; white-space: nowrap;
+  break-inside: avoid; border-bottom: 0.1mm solid #ddd }
 svg { width: 100%; height: auto; display: block }
 svg text { font-family: Helvetica, Arial, "Liberation Sans", sans-serif }
 svg line, svg rect { shape-rendering: crispEdges }
@@ -131,15 +131,15 @@ std::string DifferencesFrom(const edit::Reference& reference, const edit::CarSet
   const auto differences = edit::Differences(reference, car);
   auto part = Element("h2", "Differences from " + std::string(name)) + "\n";
   if (differences.empty()) return part + Element("p", "None") + "\n";
-  part += "<div class=\"differences\">\n<table>\n";
+  part += "<div class=\"differences\">\n";
   for (const auto& difference : differences) {
     const int slot = difference.slot;
-    part += "<tr>" + Element("td", setup::SlotName(slot)) +
-            Element("td", edit::ReferenceText(reference, car, slot, units)) +
-            Element("td", "\u2192") + Element("td", edit::CurrentText(car, slot, units)) +
-            Element("td", UnitOf(slot, units), "class=\"unit\"") + "</tr>\n";
+    auto values = edit::ReferenceText(reference, car, slot, units) + " \u2192 " +
+                  edit::CurrentText(car, slot, units);
+    if (const auto unit = UnitOf(slot, units); !unit.empty()) values.append(" ").append(unit);
+    part += "<div>" + Element("span", setup::SlotName(slot)) + Element("span", values) + "</div>\n";
   }
-  return part + "</table>\n</div>\n";
+  return part + "</div>\n";
 }
 
 std::string Heading(const edit::CarSetup& car, const SheetSubject& subject)

@@ -107,7 +107,7 @@ TEST(SetupSheet, TellsTheDifferencesFromAReference)
   EXPECT_NE(page.find("<h2>Differences from other.bb1</h2>\n<p>None</p>"), std::string::npos);
   (void)car.Step(30, edit::Direction::kIncrease, false);
   page = SetupSheet(car, subject, &reference, edit::kEnglish);
-  EXPECT_NE(page.find("<td>fuel level</td><td>20</td><td>\xE2\x86\x92</td><td>21</td>"),
+  EXPECT_NE(page.find("<span>fuel level</span><span>20 \xE2\x86\x92 21 gal</span>"),
             std::string::npos)
       << page;
 }
