@@ -2,6 +2,8 @@
 #include "app/MainForm.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "app/FormControlSettings.h"
 #include "edit/Drivetrain.h"
@@ -14,6 +16,19 @@ std::string WithoutMnemonic(std::string_view caption)
   std::string text(caption);
   std::erase(text, '&');
   return text;
+}
+
+std::pair<std::string_view, int> NameOf(const ControlDesign* design)
+{
+  return {design->name, design->index};
+}
+
+std::vector<const ControlDesign*> RowsByName()
+{
+  std::vector<const ControlDesign*> rows;
+  for (const auto& design : FormControlSettings()) rows.push_back(&design);
+  std::ranges::sort(rows, {}, NameOf);
+  return rows;
 }
 
 }  // namespace
@@ -40,11 +55,10 @@ MainForm::MainForm()
 
 Control* MainForm::Find(std::string_view name, int index) noexcept
 {
-  const auto rows = FormControlSettings();
-  const auto row = std::ranges::find_if(rows, [name, index](const ControlDesign& design) {
-    return design.index == index && design.name == name;
-  });
-  return row == rows.end() ? nullptr : &row->In(*this);
+  static const auto kRows = RowsByName();
+  const std::pair wanted(name, index);
+  const auto row = std::ranges::lower_bound(kRows, wanted, {}, NameOf);
+  return row == kRows.end() || NameOf(*row) != wanted ? nullptr : &(*row)->In(*this);
 }
 
 const Control* MainForm::Find(std::string_view name, int index) const noexcept

@@ -81,6 +81,8 @@ struct ControlDesign {
   PictureRecorder MainForm::*chart = nullptr;  ///< of a chart
   /// Of a chart: what it shows at a place in its box, pixels.
   std::string (MainWindow::*reading)(double x, double y) const = nullptr;
+  /// Of a chart: the same of the reference; nothing drawn where both are the same.
+  PictureRecorder (MainWindow::*reference)() const = nullptr;
 
   /// The control itself.
   [[nodiscard]] Control& In(MainForm& form) const noexcept;

@@ -15,11 +15,13 @@ inline constexpr double kTyreCircumference = 84.8232;  ///< inches, of a 27-inch
 struct Band {
   int low = 0;
   int high = 0;
+  friend bool operator==(const Band&, const Band&) = default;
 };
 
 struct GearSpeed {
   int gear = 1;              ///< 1 for the first
   double speed_per_rpm = 0;  ///< mph, or km/h, per rpm
+  friend bool operator==(const GearSpeed&, const GearSpeed&) = default;
 };
 
 /// What the speed bands chart shows.
@@ -31,6 +33,7 @@ struct SpeedBands {
   std::vector<GearSpeed> gears;  ///< without gears that have no ratio
   int gear_rows = 0;
   bool metric = false;
+  friend bool operator==(const SpeedBands&, const SpeedBands&) = default;
 };
 
 /// Finds the band around the first highest value among the samples below maximum rpm + 1000. The

@@ -16,6 +16,7 @@ struct EngineCurve {
   std::array<float, kSamples> rpm{};
   std::array<float, kSamples> power{};   ///< horsepower
   std::array<float, kSamples> torque{};  ///< lb-ft
+  friend bool operator==(const EngineCurve&, const EngineCurve&) = default;
 };
 
 /// Fills every sample of `curve`. 1967, 1965 and 1969 engines show no torque at 0 rpm, 1966 and

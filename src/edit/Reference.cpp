@@ -6,6 +6,7 @@
 #include <cmath>
 #include <utility>
 
+#include "data/ChassisCatalogue.h"
 #include "data/Numbers.h"
 #include "edit/CarSetup.h"
 #include "edit/Display.h"
@@ -97,6 +98,8 @@ Reference ReferenceOf(const CarSetup& car, ReferenceSource source, std::string p
   reference.gears = car.GearTable();
   reference.has_wings = car.ModYearIndex() == data::ModYear::k1969;
   reference.gear_count = gear_count;
+  if (source == ReferenceSource::kLoaded || gear_count)
+    reference.car = {car.ModYearIndex(), car.ChassisIndex(), car.EngineSlot()};
   return reference;
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "data/GearData.h"
+#include "data/ModYear.h"
 #include "edit/Drivetrain.h"
 #include "setup/SlotTable.h"
 
@@ -19,6 +20,13 @@ class CarSetup;
 /// Where a reference comes from.
 enum class ReferenceSource { kLoaded, kDefault, kFile };
 
+/// A car with its engine.
+struct CarWithEngine {
+  data::ModYear year{};
+  int chassis = 0;
+  int engine_slot = 0;  ///< of the catalogue
+};
+
 /// The setup that the one being edited is compared with.
 struct Reference {
   ReferenceSource source = ReferenceSource::kLoaded;
@@ -26,7 +34,8 @@ struct Reference {
   std::array<float, setup::kSlots> values{};  ///< as its file holds them, see ValueInFile
   std::shared_ptr<const data::GearData> gears = std::make_shared<data::GearData>();
   bool has_wings = false;
-  std::optional<int> gear_count{};  ///< forward gears of its car where that is known
+  std::optional<int> gear_count{};     ///< forward gears of its car where the file's name tells it
+  std::optional<CarWithEngine> car{};  ///< nothing where any car may have it
 };
 
 /// The values of `car`, whose lists have been loaded, as a reference.

@@ -152,6 +152,29 @@ void DrawShapes(wxGraphicsContext& context, const std::vector<Primitive>& drawn)
   }
 }
 
+/// The coloured shapes of a chart as thin outlines, paler than what is drawn over them. Axes, grid
+/// and texts are those of the other chart.
+std::vector<Primitive> Outlines(const std::vector<Primitive>& drawn)
+{
+  const auto pale = [](platform::Colour colour) {
+    const auto part = [](unsigned char value) {
+      return static_cast<unsigned char>(value + (255 - value) / 4);
+    };
+    return platform::Colour{part(colour.red), part(colour.green), part(colour.blue)};
+  };
+  std::vector<Primitive> outlines;
+  for (auto shape : drawn) {
+    const auto& [red, green, blue] = shape.colour;
+    const bool grey = red == green && green == blue;
+    if (grey || shape.kind == Primitive::Kind::kText) continue;
+    shape.colour = pale(shape.colour);
+    shape.fill.reset();
+    shape.width = 1;
+    outlines.push_back(std::move(shape));
+  }
+  return outlines;
+}
+
 /// Above all shapes, with the system's own text, which finds a font in place of a missing one.
 void DrawTexts(wxDC& dc, const std::vector<Primitive>& drawn)
 {
@@ -173,12 +196,15 @@ void DrawTexts(wxDC& dc, const std::vector<Primitive>& drawn)
 
 }  // namespace
 
-void DrawPicture(wxMemoryDC& dc, const app::PictureRecorder& picture)
+void DrawPicture(wxMemoryDC& dc, const app::PictureRecorder& picture,
+                 const app::PictureRecorder& outlined)
 {
   dc.SetBackground(wxBrush(ToWx(picture.Background())));
   dc.Clear();
-  if (const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc)); context)
+  if (const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc)); context) {
+    DrawShapes(*context, Outlines(outlined.Drawn()));
     DrawShapes(*context, picture.Drawn());
+  }
   DrawTexts(dc, picture.Drawn());
 }
 

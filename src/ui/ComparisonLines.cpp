@@ -16,6 +16,7 @@ bool ComparisonLines::Show(std::vector<ComparisonRow> rows)
   const bool same_slots =
       std::ranges::equal(rows, rows_, {}, &ComparisonRow::slot, &ComparisonRow::slot);
   const auto before = std::exchange(rows_, std::move(rows));
+  all_differ_ = std::ranges::all_of(rows_, &ComparisonRow::differs);
   if (same_slots) {
     for (unsigned line = 0; line < lines_.size(); ++line) {
       const int row = lines_[line].row;
@@ -88,11 +89,12 @@ void ComparisonLines::GetValueByRow(wxVariant& value, unsigned line, unsigned co
   value = column == kParameter ? "    " + text : text;
 }
 
-/// What a frame is called is set off, and where all rows are shown what differs.
+/// What a frame is called is set off, and what differs among rows that do not.
 bool ComparisonLines::GetAttrByRow(unsigned line, unsigned column, wxDataViewItemAttr& attr) const
 {
   const auto* const row = RowOf(line);
-  const bool set_off = row == nullptr || (row->differs && (column == kNow || column == kAdded));
+  const bool difference = column == kNow || column == kAdded;
+  const bool set_off = row == nullptr || (!all_differ_ && row->differs && difference);
   if (set_off) attr.SetBold(true);
   return set_off;
 }

@@ -53,6 +53,7 @@ class ComparisonLines final : public wxDataViewVirtualListModel {
 
   std::vector<app::ComparisonRow> rows_;
   std::vector<Line> lines_;
+  bool all_differ_ = true;
 };
 
 }  // namespace velquist::ui

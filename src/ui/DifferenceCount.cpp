@@ -47,11 +47,17 @@ void DifferenceCount::Place()
   if (line_->GetFieldRect(kField, field)) SetSize(field);
 }
 
+void DifferenceCount::ShowColour()
+{
+  SetMarked(*this, count_ > 0);
+}
+
 void DifferenceCount::BringInLine(int count, const std::string& reference_name)
 {
   if (count == count_ && reference_name == reference_name_) return;
-  if ((count > 0) != (count_ > 0)) SetMarked(*this, count > 0);
+  const bool other_mark = (count > 0) != (count_ > 0);
   count_ = count;
+  if (other_mark) ShowColour();
   reference_name_ = reference_name;
   SetLabel(CountText(count));
   const wxString tip = "Compare with " + platform::FromText(reference_name) + " (Ctrl+D)";

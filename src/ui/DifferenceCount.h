@@ -17,6 +17,8 @@ class DifferenceCount final : public wxButton {
   DifferenceCount(wxStatusBar* line, const std::function<void()>& compare);
 
   void BringInLine(int count, const std::string& reference_name);
+  /// In the theme that the desktop has now.
+  void ShowColour();
 
  private:
   void Place();

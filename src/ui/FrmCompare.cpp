@@ -17,7 +17,6 @@ namespace {
 
 constexpr int kClientWidth = 620;
 constexpr int kClientHeight = 520;
-constexpr int kLeastClientWidth = 420;
 constexpr int kLeastClientHeight = 260;
 constexpr int kGap = 8;
 
@@ -51,9 +50,16 @@ FrmCompare::FrmCompare(const Setting& setting)
   rows->Add(buttons, wxSizerFlags(wide).Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kGap)));
   panel->SetSizer(rows);
 
-  SetMinClientSize(FromDIP(wxSize(kLeastClientWidth, kLeastClientHeight)));
-  SetClientSize(FromDIP(wxSize(kClientWidth, kClientHeight)));
+  // Room for the buttons and some rows; at first for many, as far as the main window allows.
+  const int width = std::max(rows->GetMinSize().x, FromDIP(kClientWidth));
+  const wxRect around = GetParent()->GetScreenRect();
+  SetMinClientSize(wxSize(rows->GetMinSize().x, FromDIP(kLeastClientHeight)));
+  SetClientSize(width, std::clamp(around.height * 3 / 5, FromDIP(kLeastClientHeight),
+                                  FromDIP(kClientHeight)));
   CentreOnParent();
+  // The step buttons of the wheels stay in sight.
+  SetSize(std::max(around.GetRight() - GetSize().x, around.x), wxDefaultCoord, wxDefaultCoord,
+          wxDefaultCoord, wxSIZE_USE_EXISTING);
   BindEvents();
   table_->SetFocus();
 }
@@ -249,8 +255,7 @@ std::vector<int> FrmCompare::SelectedSlots(bool whole_groups) const
     slots.insert(slots.end(), more.begin(), more.end());
   }
   std::ranges::sort(slots);
-  const auto twice = std::ranges::unique(slots);
-  slots.erase(twice.begin(), twice.end());
+  slots.erase(std::unique(slots.begin(), slots.end()), slots.end());
   return slots;
 }
 

@@ -17,6 +17,7 @@
 #include "platform_wx/ProgramIcons.h"
 #include "platform_wx/WxText.h"
 #include "ui/FileDrop.h"
+#include "ui/MarkColour.h"
 #include "ui/StepButton.h"
 
 namespace velquist::ui {
@@ -115,7 +116,8 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id,
     case Shape::kChart:
       return charts_.emplace_back(new ChartBox(
           panel_, id, name, form.*design.chart,
-          [this, read = design.reading](double x, double y) { return (window_.*read)(x, y); }));
+          [this, read = design.reading](double x, double y) { return (window_.*read)(x, y); },
+          [this, outline = design.reference] { return (window_.*outline)(); }));
     case Shape::kCarPicture: return car_ = new CarPictureBox(panel_, id, name, pictures);
     case Shape::kMarquee: return marquee_ = new MarqueeBox(panel_, id, name, form.LblMarquee);
     case Shape::kNone: return nullptr;
@@ -161,6 +163,12 @@ void FrmMain::BindEvents()
   Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
     event.Skip();
     if (event.GetActive()) Handle([this] { window_.Activated(); });
+  });
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+    event.Skip();
+    for (auto& widget : widgets_)
+      if (widget.Shown().marked) SetMarked(widget.Window(), true);
+    count_->ShowColour();
   });
   Bind(wxEVT_ICONIZE, [this](wxIconizeEvent& event) {
     SetTimer();
@@ -220,7 +228,7 @@ void FrmMain::ShowChanges()
   count_->BringInLine(window_.DifferenceCount(), app::ReferenceName(window_));
   ShowFile();
   menus_.BringInLine();
-  for (auto* const chart : charts_) chart->BringInLine();
+  for (auto* const chart : charts_) chart->BringInLine(window_.Car().SharedReference());
   car_->ShowPicture(form.car_picture);
   marquee_->BringInLine();
   beside_.BringInLine();

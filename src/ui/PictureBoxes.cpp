@@ -32,10 +32,11 @@ wxBitmap Fitted(const wxImage& image, wxSize box, double scale)
 }  // namespace
 
 ChartBox::ChartBox(wxWindow* parent, wxWindowID id, const wxString& name,
-                   const app::PictureRecorder& picture, Read read)
+                   const app::PictureRecorder& picture, Read read, Outline outline)
     : wxWindow(parent, id, wxDefaultPosition, wxSize(1, 1), wxFULL_REPAINT_ON_RESIZE, name),
       picture_(picture),
-      read_(std::move(read))
+      read_(std::move(read)),
+      outline_(std::move(outline))
 {
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   SetCanFocus(false);
@@ -44,9 +45,13 @@ ChartBox::ChartBox(wxWindow* parent, wxWindowID id, const wxString& name,
   Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) { OnPointer(std::nullopt); });
 }
 
-void ChartBox::BringInLine()
+void ChartBox::BringInLine(const std::shared_ptr<const void>& reference)
 {
-  if (picture_.Version() == version_) return;
+  if (picture_.Version() == outlined_ && reference == reference_) return;
+  outlined_ = picture_.Version();
+  reference_ = reference;
+  outlines_ = outline_();
+  painted_ = wxBitmap();
   OnPointer(pointer_);  // which may point at something else now
   Refresh(false);
 }
@@ -69,7 +74,7 @@ void ChartBox::OnPaint()
   if (picture_.Version() != version_ || !painted_.IsOk() || painted_.GetSize() != size * scale) {
     painted_.CreateScaled(size.x, size.y, wxBITMAP_SCREEN_DEPTH, scale);
     wxMemoryDC memory(painted_);
-    DrawPicture(memory, picture_);
+    DrawPicture(memory, picture_, outlines_);
     version_ = picture_.Version();
   }
   paint.DrawBitmap(painted_, 0, 0);

@@ -6,6 +6,7 @@
 #include <wx/panel.h>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -15,18 +16,21 @@
 
 namespace velquist::ui {
 
-/// A picture box that shows what a recorder has recorded, and beside the pointer what the picture
-/// says there.
+/// A picture box that shows what a recorder has recorded, beneath it the outlines of what the
+/// reference would, and beside the pointer what both say there.
 class ChartBox final : public wxWindow {
  public:
   /// The text to show for a place in the box; empty for none.
   using Read = std::function<std::string(double x, double y)>;
 
-  ChartBox(wxWindow* parent, wxWindowID id, const wxString& name,
-           const app::PictureRecorder& picture, Read read);
+  /// The picture of the reference.
+  using Outline = std::function<app::PictureRecorder()>;
 
-  /// Repaints when there is another picture than the one painted last.
-  void BringInLine();
+  ChartBox(wxWindow* parent, wxWindowID id, const wxString& name,
+           const app::PictureRecorder& picture, Read read, Outline outline);
+
+  /// Repaints when there is another picture than the one painted last, or another reference.
+  void BringInLine(const std::shared_ptr<const void>& reference);
 
   /// The text beside the pointer; empty when there is none.
   [[nodiscard]] const std::string& Reading() const noexcept { return reading_; }
@@ -39,8 +43,12 @@ class ChartBox final : public wxWindow {
 
   const app::PictureRecorder& picture_;
   Read read_;
-  unsigned version_ = 0;  ///< of the picture painted last
-  wxBitmap painted_;      ///< that picture
+  Outline outline_;
+  app::PictureRecorder outlines_;
+  std::shared_ptr<const void> reference_;  ///< that they are of
+  unsigned outlined_ = 0;                  ///< version of the picture that they are for
+  unsigned version_ = 0;                   ///< of the picture painted last
+  wxBitmap painted_;                       ///< that picture
   std::optional<wxPoint> pointer_;
   std::string reading_;  ///< shown beside the pointer
 };

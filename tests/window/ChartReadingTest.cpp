@@ -62,6 +62,25 @@ TEST_F(ChartReading, FollowsAnEditUnderAStillPointer)
   EXPECT_TRUE(WaitForReading("PictureChart2", metric));
 }
 
+TEST_F(ChartReading, OutlinesOfTheReferenceArePaintedWhileItDiffers)
+{
+  Start();
+  PointAt("CmdInc(0)", {5, 5});
+  LetTimePass(500);
+  const auto bands = [&] { return Pixels("PictureChart2"); };
+  const auto engine = [&] { return Pixels("PictureChart"); };
+  const auto plain = bands();
+  const auto plain_engine = engine();
+  // Another reference under the same picture.
+  editor.Play(
+      "setup $T/other.bb1 short 35=2.5 42=65 43=60 44=50 45=40 46=30 48=80 49=45 50=60 51=3\n"
+      "on open -> $T/other.bb1\non FrmModYear2 -> 1967\nclick MnuReferenceFile\n");
+  EXPECT_TRUE(WaitUntil([&] { return bands() != plain; }));
+  editor.Play("click MnuReferenceLoaded\n");
+  EXPECT_TRUE(WaitUntil([&] { return bands() == plain; }));
+  EXPECT_EQ(engine(), plain_engine);
+}
+
 TEST_F(ChartReading, IsPaintedAndLeavesNoTrace)
 {
   Start();

@@ -36,7 +36,8 @@ TEST_F(Rows, GroupTheMenusAndMarkWhatIsExclusive)
   const std::vector<Names> expected = {
       {"New", "Open...", "-", "Save", "Save As...", "-", "Revert to Default", "Export Text", "-",
        "Exit"},
-      {"Undo", "Redo", "-", "Reference", "[Setup as Loaded]", "[Default Setup]", "[Setup File...]"},
+      {"Undo", "Redo", "-", "Compare...", "Reference", "[Setup as Loaded]", "[Default Setup]",
+       "[Setup File...]"},
       {"Import Chassis...", "Import Drivetrain...", "Reverse Chassis Settings", "-", "Gearing...",
        "-", "Save As Format", "(Short Format)", "(Long Format)", "-", "Add Installation...",
        "Delete Installation..."},

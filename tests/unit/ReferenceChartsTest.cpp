@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+// What the charts show of the reference.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "ChartPictures.h"
+#include "ScriptedEditor.h"
+#include "charts/PlotXy.h"
+
+namespace velquist::testing {
+namespace {
+
+class ReferenceCharts : public ::testing::Test {
+ protected:
+  ReferenceCharts() { editor_.StartWithGame(); }
+
+  [[nodiscard]] bool OutlinesEngine() const
+  {
+    return !editor_.Window().ReferenceOfPictureChart().Drawn().empty();
+  }
+  [[nodiscard]] bool OutlinesGears() const
+  {
+    return !editor_.Window().ReferenceOfPictureChart2().Drawn().empty();
+  }
+  /// The ends of the torque bands, pixels.
+  [[nodiscard]] static std::vector<double> Bands(const app::PictureRecorder& picture)
+  {
+    std::vector<double> ends;
+    for (const auto& box : Having(picture, Primitive::Kind::kBox, charts::kBlue)) {
+      ends.push_back(box.x1);
+      ends.push_back(box.x2);
+    }
+    return ends;
+  }
+
+  ScriptedEditor editor_;
+};
+
+TEST_F(ReferenceCharts, ShowNothingWhileNothingDiffers)
+{
+  EXPECT_FALSE(OutlinesEngine());
+  EXPECT_FALSE(OutlinesGears());
+  editor_.Play("click CmdInc(4)\ncheck OptUnits(1)\n");
+  EXPECT_FALSE(OutlinesEngine());
+  EXPECT_FALSE(OutlinesGears());
+}
+
+TEST_F(ReferenceCharts, ShowTheGearsAsTheyWere)
+{
+  const auto before = Bands(editor_.Window().Form().chart2);
+  ASSERT_FALSE(before.empty());
+  editor_.Play("click CmdInc(43)\n");
+  EXPECT_NE(Bands(editor_.Window().Form().chart2), before);
+  EXPECT_EQ(Bands(editor_.Window().ReferenceOfPictureChart2()), before);
+  EXPECT_FALSE(OutlinesEngine());
+  editor_.Play("click MnuUndo\n");
+  EXPECT_FALSE(OutlinesGears());
+}
+
+TEST_F(ReferenceCharts, ShowTheFinalDriveAsItWas)
+{
+  const auto before = Bands(editor_.Window().Form().chart2);
+  const int drive = editor_.Window().Form().Combo1[0].selection;
+  editor_.Play("select Combo1(0) #" + std::to_string(drive == 0 ? 1 : drive - 1) + "\n");
+  EXPECT_EQ(Bands(editor_.Window().ReferenceOfPictureChart2()), before);
+}
+
+TEST_F(ReferenceCharts, ShowTheEngineThatTheSetupWasLoadedFor)
+{
+  const auto curve = Having(editor_.Window().Form().chart, Primitive::Kind::kLine, charts::kBlue);
+  editor_.Play("select Combo3 #1\n");
+  EXPECT_TRUE(OutlinesGears());
+  const auto shown =
+      Having(editor_.Window().ReferenceOfPictureChart(), Primitive::Kind::kLine, charts::kBlue);
+  ASSERT_EQ(shown.size(), curve.size());
+  for (std::size_t i = 0; i < curve.size(); ++i) EXPECT_EQ(shown[i].y1, curve[i].y1);
+  // The default setup is for any car.
+  editor_.Play("click MnuReferenceDefault\n");
+  EXPECT_FALSE(OutlinesEngine());
+  EXPECT_FALSE(OutlinesGears());
+}
+
+TEST_F(ReferenceCharts, LeaveThePicturesAsTheyAre)
+{
+  editor_.Play(
+      "setup $T/other.bb1 short 35=2.5 42=65 43=60 44=50 45=40 46=30 48=80 49=45 50=60 51=3\n");
+  const auto version = editor_.Window().Form().chart2.Version();
+  const auto drawn = editor_.Window().Form().chart2.Drawn().size();
+  editor_.Play("on open -> $T/other.bb1\non FrmModYear2 -> 1967\nclick MnuReferenceFile\n");
+  EXPECT_TRUE(OutlinesGears());
+  EXPECT_EQ(editor_.Window().Form().chart2.Version(), version);
+  EXPECT_EQ(editor_.Window().Form().chart2.Drawn().size(), drawn);
+}
+
+TEST_F(ReferenceCharts, AreReadBesideTheCurrentOnesWhereTheyDiffer)
+{
+  const auto& window = editor_.Window();
+  const auto before = window.PictureChart2_Comparison(200, 100);
+  ASSERT_EQ(before.find("Reference"), std::string::npos);
+  const int gear = before.front() - '1';
+  editor_.Play("click CmdInc(" + std::to_string(42 + gear) + ")\n");
+  const auto after = window.PictureChart2_Comparison(200, 100);
+  const auto rest = before.substr(before.find('\n'));
+  EXPECT_TRUE(after.ends_with("\nReference:" + rest)) << after;
+  EXPECT_EQ(after.find(rest), after.rfind(rest)) << "both are the same: " << after;
+  EXPECT_EQ(window.PictureChart_Comparison(150, 60).find("Reference"), std::string::npos);
+  editor_.Play("select Combo3 #1\n");
+  EXPECT_NE(window.PictureChart_Comparison(150, 60).find("\nReference:\n"), std::string::npos);
+  EXPECT_EQ(window.PictureChart2_Comparison(2, 2), "");
+}
+
+}  // namespace
+}  // namespace velquist::testing
