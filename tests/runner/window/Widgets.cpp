@@ -86,6 +86,9 @@ SeenControl Look(const wxWindow& widget, const wxWindow* top)
   seen.shown = IsShownWithin(widget, top);
   seen.enabled = widget.IsEnabled();
   seen.place = PlaceWithin(widget, top);
+  seen.marked = widget.GetFont().GetWeight() >= wxFONTWEIGHT_BOLD &&
+                widget.UseForegroundColour() &&
+                widget.GetForegroundColour() != widget.GetParent()->GetForegroundColour();
   switch (seen.kind) {
     case ControlKind::kList: {
       const auto& list = static_cast<const wxChoice&>(widget);

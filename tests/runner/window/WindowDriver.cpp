@@ -108,10 +108,7 @@ class WindowDriver final : public Driver {
     if (name == "LblMarquee") return LookAtMarquee(Get<ui::MarqueeBox>(frame_, "Picture1"), frame_);
     const auto* const widget = wxWindow::FindWindowByName(NameText(name, index), frame_);
     if (widget == nullptr) return std::nullopt;
-    auto seen = Look(*widget, frame_);
-    const auto* const control = window_->Form().Find(name, index);
-    seen.marked = control != nullptr && control->marked;
-    return seen;
+    return Look(*widget, frame_);
   }
 
   [[nodiscard]] std::string Caption() override
