@@ -89,6 +89,20 @@ void DrawUpTo(float top, PlotXy& plot, std::span<const float> rpm, std::span<con
   plot.DrawSeries(x, y, colour, width);
 }
 
+/// rpm and what the chart shows of the values there, each behind a `separator`.
+std::string SampleText(const EngineAxes& axes, const data::EngineCurve& curve, std::size_t sample,
+                       std::string_view separator)
+{
+  std::string text = WholeText(curve.rpm[sample]) + " RPM";
+  const auto value = [&](float shown, std::string_view unit) {
+    if (shown >= 0 && shown <= static_cast<float>(axes.value_maximum))
+      text.append(separator).append(WholeText(shown)).append(unit);
+  };
+  value(curve.power[sample], " horsepower");
+  value(curve.torque[sample], " lb-ft torque");
+  return text;
+}
+
 }  // namespace
 
 void DrawEngineChart(platform::PictureSurface& surface, data::ModYear ModYearIndex,
@@ -125,13 +139,18 @@ std::string ReadEngineChart(double width, double height, data::ModYear ModYearIn
   const double rpm = (x - box.left) / box.Width() * axes->rpm_maximum;
   const auto sample =
       std::min(static_cast<std::size_t>(std::lround(rpm / kRpmPerSample)), SampleCount(*axes) - 1);
-  std::string text = WholeText(curve.rpm[sample]) + " RPM";
-  const auto line = [&](float value, std::string_view unit) {
-    if (value >= 0 && value <= static_cast<float>(axes->value_maximum))
-      text.append("\n").append(WholeText(value)).append(unit);
-  };
-  line(curve.power[sample], " horsepower");
-  line(curve.torque[sample], " lb-ft torque");
+  return SampleText(*axes, curve, sample, "\n");
+}
+
+std::string TellEngineChart(data::ModYear ModYearIndex, const data::EngineCurve& curve,
+                            int maximum_rpm)
+{
+  const auto* const axes = AxesOf(ModYearIndex);
+  if (axes == nullptr) return {};
+  constexpr std::size_t kTold = 1000 / kRpmPerSample;
+  std::string text = "Max RPM " + WholeText(maximum_rpm) + ".";
+  for (std::size_t sample = kTold; sample < SampleCount(*axes); sample += kTold)
+    text.append(" ").append(SampleText(*axes, curve, sample, ", ")).append(".");
   return text;
 }
 

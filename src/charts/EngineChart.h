@@ -22,4 +22,9 @@ void DrawEngineChart(platform::PictureSurface& surface, data::ModYear ModYearInd
 [[nodiscard]] std::string ReadEngineChart(double width, double height, data::ModYear ModYearIndex,
                                           const data::EngineCurve& curve, double x, double y);
 
+/// The figures of the chart in one line, each 1,000 rpm: "Max RPM 9500. 1000 RPM, 51 horsepower,
+/// ...".
+[[nodiscard]] std::string TellEngineChart(data::ModYear ModYearIndex,
+                                          const data::EngineCurve& curve, int maximum_rpm);
+
 }  // namespace velquist::charts

@@ -108,6 +108,28 @@ std::string Ordinal(int number)
   return std::to_string(number) + (at < kEndings.size() ? kEndings[at] : kEndings[0]);
 }
 
+std::string UnitOf(const SpeedBands& bands)
+{
+  return bands.metric ? " KPH" : " MPH";
+}
+
+/// The figures of a gear's row, each behind a `separator`.
+std::string GearText(const SpeedBands& bands, int row, std::string_view separator)
+{
+  std::string text = Ordinal(row + 1) + " gear";
+  const auto gear = std::ranges::find(bands.gears, row + 1, &GearSpeed::gear);
+  if (gear == bands.gears.end()) return text.append(separator).append("no ratio");
+  const auto speed = [&](int rpm) { return WholeText(rpm * gear->speed_per_rpm); };
+  const auto range = [&](std::string_view name, const Band& band) {
+    text.append(separator).append(name).append(speed(band.low)).append(" to ");
+    text.append(speed(band.high)).append(UnitOf(bands));
+  };
+  range("Torque ", bands.torque);
+  range("Horsepower ", bands.power);
+  text.append(separator).append("Max RPM ").append(speed(bands.maximum_rpm));
+  return text.append(UnitOf(bands));
+}
+
 }  // namespace
 
 void DrawSpeedBands(platform::PictureSurface& surface, data::ModYear ModYearIndex,
@@ -142,15 +164,14 @@ std::string ReadSpeedBands(double width, double height, const SpeedBands& bands,
   if (y < rows.top) return {};
   int row = 0;
   while (row + 1 < rows.count && y >= rows.Top(row + 1)) ++row;
-  const auto gear = std::ranges::find(bands.gears, row + 1, &GearSpeed::gear);
-  if (gear == bands.gears.end()) return Ordinal(row + 1) + " gear\nno ratio";
-  const auto speed = [&](int rpm) { return WholeText(rpm * gear->speed_per_rpm); };
-  const std::string unit = bands.metric ? " KPH" : " MPH";
-  const auto range = [&](const Band& band) {
-    return speed(band.low) + " to " + speed(band.high) + unit;
-  };
-  return Ordinal(row + 1) + " gear\nTorque " + range(bands.torque) + "\nHorsepower " +
-         range(bands.power) + "\nMax RPM " + speed(bands.maximum_rpm) + unit;
+  return GearText(bands, row, "\n");
+}
+
+std::string TellSpeedBands(const SpeedBands& bands)
+{
+  std::string text;
+  for (int row = 0; row < bands.gear_rows; ++row) text += GearText(bands, row, ", ") + ". ";
+  return text + "Max Speed " + WholeText(bands.maximum_speed) + UnitOf(bands) + ".";
 }
 
 }  // namespace velquist::charts

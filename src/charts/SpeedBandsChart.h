@@ -20,4 +20,7 @@ void DrawSpeedBands(platform::PictureSurface& surface, data::ModYear ModYearInde
 [[nodiscard]] std::string ReadSpeedBands(double width, double height, const SpeedBands& bands,
                                          double x, double y);
 
+/// All figures of the chart in one line, gear by gear: "1st gear, Torque 31 to 44 MPH, ...".
+[[nodiscard]] std::string TellSpeedBands(const SpeedBands& bands);
+
 }  // namespace velquist::charts

@@ -50,11 +50,29 @@ void LoadStyleOnce()
 
 class LabelledFrame final : public wxStaticBox {
  public:
-  using wxStaticBox::wxStaticBox;
+  LabelledFrame(wxWindow* parent, wxWindowID id, const wxString& name)
+      : wxStaticBox(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), 0, name)
+  {
+    ShowLabel(wxString());
+  }
+
+  void SetLabel(const wxString& label) override
+  {
+    wxStaticBox::SetLabel(label);
+    ShowLabel(label);
+  }
 
  protected:
   /// The toolkit would give the label to the control behind.
   bool GTKWidgetNeedsMnemonic() const override { return false; }
+
+ private:
+  /// An empty one is nothing for a screen reader to come upon.
+  void ShowLabel(const wxString& label)
+  {
+    GtkWidget* const text = gtk_frame_get_label_widget(GTK_FRAME(m_widget));
+    if (text != nullptr) gtk_widget_set_visible(text, label.empty() ? FALSE : TRUE);
+  }
 };
 
 }  // namespace
@@ -91,7 +109,7 @@ void SetSpoken(wxWindow& control, const wxString& name, const wxString& descript
 
 wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name)
 {
-  return new LabelledFrame(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), 0, name);
+  return new LabelledFrame(parent, id, name);
 }
 
 void Announce(wxWindow& line, const wxString& text)

@@ -13,6 +13,7 @@
 #include "app/ComparisonTable.h"
 #include "app/Flag.h"
 #include "app/FormControlSettings.h"
+#include "app/SpokenTexts.h"
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/ProgramIcons.h"
 #include "platform_wx/WxText.h"
@@ -81,7 +82,7 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
   int id = kFirstId;
   for (const auto& design : app::FormControlSettings()) {
     if (wxWindow* const made = MakeWindow(design, id, pictures)) {
-      Describe(*made, design, {});
+      Describe(*made, design, {}, {});
       const auto& control = design.In(window_.Form());
       if (&control == &window_.Form().Label4) file_label_ = made;
       widgets_.emplace_back(control, *made);
@@ -111,7 +112,6 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id,
   switch (design.shape) {
     case Shape::kStepButton:
       return new StepButton(panel_, id, name,
-                            form.Label1.at(static_cast<std::size_t>(design.index)),
                             [this, slot = design.index] { return window_.Car().Value(slot); });
     case Shape::kChart:
       return charts_.emplace_back(new ChartBox(
@@ -221,9 +221,7 @@ void FrmMain::ShowChanges()
   for (auto& widget : widgets_) {
     const auto& difference = differences_.Of(widget.Design());
     widget.BringInLine(form.IsShown(widget.Shown()));
-    widget.SayDifference(difference);
-    if (widget.Design().shape == Shape::kStepButton)
-      static_cast<StepButton&>(widget.Window()).SayValue(widget.Design(), difference);
+    widget.Say(app::SpokenText(window_, widget.Design()), difference);
   }
   count_->BringInLine(window_.DifferenceCount(), app::ReferenceName(window_));
   ShowFile();

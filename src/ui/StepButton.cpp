@@ -6,8 +6,6 @@
 #include <utility>
 
 #include "app/Flag.h"
-#include "platform_wx/NativeLook.h"
-#include "platform_wx/WxText.h"
 
 namespace velquist::ui {
 namespace {
@@ -17,10 +15,8 @@ constexpr int kInterval = 50;  ///< milliseconds between repeats
 
 }  // namespace
 
-StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& name,
-                       const app::Control& label, Value value)
+StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& name, Value value)
     : wxButton(parent, id, " ", wxDefaultPosition, wxSize(1, 1), 0, wxDefaultValidator, name),
-      label_(label),
       value_(std::move(value)),
       held_(this)
 {
@@ -33,14 +29,6 @@ StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& name,
     LetGo();  // the release may go to a box that the step has brought up
     event.Skip();
   });
-}
-
-void StepButton::SayValue(const app::ControlDesign& design, const std::string& difference)
-{
-  const auto& text = difference.empty() ? label_.text : difference;
-  if (text == said_) return;
-  said_ = text;
-  platform::SetSpoken(*this, platform::FromText(design.spoken), platform::FromText(said_));
 }
 
 bool StepButton::Step(bool repeated)

@@ -5,9 +5,6 @@
 #include <wx/timer.h>
 
 #include <functional>
-#include <string>
-
-#include "app/MainForm.h"
 
 namespace velquist::ui {
 
@@ -19,13 +16,7 @@ class StepButton final : public wxButton {
   /// The current value itself, which moves in finer steps than its label may show.
   using Value = std::function<float()>;
 
-  /// `label` shows the value that the steps change; it outlives the button.
-  StepButton(wxWindow* parent, wxWindowID id, const wxString& name, const app::Control& label,
-             Value value);
-
-  /// Lets a screen reader tell the value beside the button's name, and how it differs from the
-  /// reference where it does.
-  void SayValue(const app::ControlDesign& design, const std::string& difference);
+  StepButton(wxWindow* parent, wxWindowID id, const wxString& name, Value value);
 
  private:
   /// One step; false when it moved nothing.
@@ -36,9 +27,7 @@ class StepButton final : public wxButton {
   void OnHeld(wxTimerEvent& event);
   void OnClicked(wxCommandEvent& event);
 
-  const app::Control& label_;
   Value value_;
-  std::string said_;
   wxTimer held_;
   bool down_ = false;      ///< the mouse holds the button down
   bool pressed_ = false;   ///< and a click of the system's own belongs to that

@@ -7,6 +7,8 @@
 #include <wx/radiobut.h>
 #include <wx/stattext.h>
 
+#include <utility>
+
 #include "app/FormControlSettings.h"
 #include "platform_wx/ListChoice.h"
 #include "platform_wx/NativeLook.h"
@@ -122,11 +124,12 @@ void ControlWidget::BringInLine(bool shown)
   }
 }
 
-void ControlWidget::SayDifference(const std::string& difference)
+void ControlWidget::Say(std::string more, const std::string& difference)
 {
-  if (difference == said_) return;
-  said_ = difference;
-  Describe(*window_, Design(), said_);
+  if (more == said_ && difference == difference_) return;
+  said_ = std::move(more);
+  difference_ = difference;
+  Describe(*window_, Design(), said_, difference_);
 }
 
 void ControlWidget::TakeUserChange()
@@ -221,17 +224,23 @@ wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindo
   }
 }
 
-void Describe(wxWindow& window, const app::ControlDesign& design, const std::string& difference)
+void Describe(wxWindow& window, const app::ControlDesign& design, const std::string& more,
+              const std::string& difference)
 {
-  wxString tip = platform::FromText(design.tip);
-  const wxString more = platform::FromText(difference);
-  platform::SetSpoken(window, platform::FromText(design.spoken), more.empty() ? tip : more);
-  if (!tip.empty() && !more.empty()) tip += '\n';
-  tip += more;
-  if (!tip.empty())
-    window.SetToolTip(tip);
-  else if (window.GetToolTip() != nullptr)
+  const auto join = [](wxString text, const char* between, const wxString& behind) {
+    if (!text.empty() && !behind.empty()) text += between;
+    return text + behind;
+  };
+  const wxString tip = platform::FromText(design.tip);
+  const wxString changed = platform::FromText(difference);
+  platform::SetSpoken(window, platform::FromText(design.spoken),
+                      join(more.empty() ? tip : platform::FromText(more), ", ", changed));
+  const wxString shown = join(tip, "\n", changed);
+  if (shown == window.GetToolTipText()) return;
+  if (shown.empty())
     window.UnsetToolTip();
+  else
+    window.SetToolTip(shown);
 }
 
 }  // namespace velquist::ui

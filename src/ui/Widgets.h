@@ -30,9 +30,9 @@ class ControlWidget {
   /// `shown` is that of the control and everything around it.
   void BringInLine(bool shown);
 
-  /// Lets tool tip and screen reader say how the value differs from the reference, or nothing more
-  /// about that when `difference` is empty.
-  void SayDifference(const std::string& difference);
+  /// Lets a screen reader add `more` to the control's name, in place of its tip, and behind it how
+  /// the value differs from the reference, which the tool tip says, too. Empty texts add nothing.
+  void Say(std::string more, const std::string& difference);
 
   /// The user has changed the widget itself: what it shows now counts as the last time.
   void TakeUserChange();
@@ -45,8 +45,9 @@ class ControlWidget {
 
   const app::Control* control_;
   wxWindow* window_;
-  app::Control last_;  ///< as last shown; an empty text, no items and no place at first
-  std::string said_;   ///< difference as last said
+  app::Control last_;       ///< as last shown; an empty text, no items and no place at first
+  std::string said_;        ///< beside its name
+  std::string difference_;  ///< as last said
 };
 
 /// Makes the empty widget that the control's kind says: a button, label, list, check box, option
@@ -54,8 +55,8 @@ class ControlWidget {
 [[nodiscard]] wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent,
                                    wxWindowID id);
 
-/// What a screen reader and a tool tip say about the control, and how its value differs from the
-/// reference where it does.
-void Describe(wxWindow& window, const app::ControlDesign& design, const std::string& difference);
+/// What a screen reader and a tool tip say about the control, see ControlWidget::Say.
+void Describe(wxWindow& window, const app::ControlDesign& design, const std::string& more,
+              const std::string& difference);
 
 }  // namespace velquist::ui

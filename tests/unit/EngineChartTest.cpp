@@ -273,6 +273,19 @@ TEST_F(EngineChartReading, LeavesOutWhatTheChartDoesNotShow)
   EXPECT_EQ(At(4000, kGT, curve, 10000), "4000 RPM\n100 horsepower");
 }
 
+TEST_F(EngineChartReading, AllFiguresAreToldInOneLine)
+{
+  auto curve = LevelCurve();
+  curve.power[5] = -1;
+  const auto told = TellEngineChart(kGT, curve, 7600);
+  EXPECT_TRUE(
+      told.starts_with("Max RPM 7600. 1000 RPM, 50 lb-ft torque. 2000 RPM, 100 horsepower, "
+                       "50 lb-ft torque. 3000 RPM, "))
+      << told;
+  EXPECT_TRUE(told.ends_with(" 10000 RPM, 100 horsepower, 50 lb-ft torque.")) << told;
+  EXPECT_EQ(TellEngineChart(static_cast<data::ModYear>(9), curve, 7600), "");
+}
+
 TEST_F(EngineChartReading, IsEmptyOutsideThePlotBox)
 {
   const auto read = [](double x, double y) {

@@ -268,6 +268,24 @@ TEST(SpeedBandsChart, ReadingAGearWithoutSpeedSaysSo)
   EXPECT_EQ(Read(bands, 3), "3rd gear\nno ratio");
 }
 
+TEST(SpeedBandsChart, AllFiguresAreToldInOneLine)
+{
+  auto bands = Bands();
+  bands.gear_rows = 2;
+  bands.maximum_speed = 187.4;
+  const std::string first =
+      "1st gear, Torque 32 to 64 MPH, Horsepower 48 to 72 MPH, Max RPM 76 MPH. ";
+  EXPECT_EQ(TellSpeedBands(bands),
+            first +
+                "2nd gear, Torque 44 to 88 MPH, Horsepower 66 to 99 MPH, Max RPM 104 MPH. "
+                "Max Speed 187 MPH.");
+  bands.gears.resize(1);
+  EXPECT_EQ(TellSpeedBands(bands), first + "2nd gear, no ratio. Max Speed 187 MPH.");
+  bands.gear_rows = 0;
+  bands.metric = true;
+  EXPECT_EQ(TellSpeedBands(bands), "Max Speed 187 KPH.");
+}
+
 TEST(SpeedBandsChart, ReadingIsEmptyOutsideTheRows)
 {
   const auto read = [](double x, double y) {

@@ -124,17 +124,32 @@ TEST_F(Accessibility, PicturesHaveNames)
     EXPECT_FALSE(NameOf(Spoken(*Widget(name))).empty()) << name;
 }
 
+TEST_F(Accessibility, TheRampAnglesTellTheLockingPercentBesideThem)
+{
+  Start();
+  for (const int position : {0, 1}) {
+    editor.Play("select Combo1(1) #" + std::to_string(position) + "\nselect Combo1(2) #0\n");
+    for (const auto& [list, percent] :
+         {std::pair("Combo1(1)", "Label2(50)"), std::pair("Combo1(2)", "Label2(49)")}) {
+      const auto beside = Widget(percent)->GetLabel().utf8_string();
+      EXPECT_NE(beside, "");
+      const std::string told = atk_object_get_description(Spoken(*Widget(list)));
+      EXPECT_NE((told + ",").find("locking percent " + beside + ","), std::string::npos) << told;
+    }
+  }
+}
+
 TEST_F(Accessibility, StepButtonsTellTheValueThatTheyHaveChanged)
 {
   Start();
   const auto description = [&](const char* name) {
     return std::string(atk_object_get_description(Spoken(*Widget(name))));
   };
-  EXPECT_EQ(description("CmdInc(4)"), "90");
+  EXPECT_EQ(description("CmdInc(4)"), "90 lbs/in");
   editor.Play("click CmdInc(4)\nexpect Label1(4) \"95\"\n");
   for (const char* const name : {"CmdInc(4)", "CmdDec(4)"}) {
     AtkObject* const spoken = Spoken(*Widget(name));
-    EXPECT_EQ(description(name), "was 90, now 95 (+5)");
+    EXPECT_EQ(description(name), "95 lbs/in, was 90, now 95 (+5)");
     EXPECT_NE(NameOf(spoken).find("left front wheel rate"), std::string::npos);
   }
 }

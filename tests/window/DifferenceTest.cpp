@@ -34,10 +34,10 @@ TEST_F(DifferenceWords, AValueThatDiffersSaysWhatItWas)
 {
   Start();
   EXPECT_EQ(Tip("Label1(4)"), "");
-  EXPECT_EQ(Spoken("Label1(4)"), "");
+  EXPECT_EQ(Spoken("Label1(4)"), "left front wheel rate, lbs/in");
   editor.Play("click CmdInc(4)\nclick CmdInc(4)\n");
   EXPECT_EQ(Tip("Label1(4)"), "was 90, now 100 (+10)");
-  EXPECT_EQ(Spoken("Label1(4)"), "was 90, now 100 (+10)");
+  EXPECT_EQ(Spoken("Label1(4)"), "left front wheel rate, lbs/in, was 90, now 100 (+10)");
   EXPECT_EQ(SpokenName("Label1(4)"), "100");
 }
 
@@ -48,7 +48,7 @@ TEST_F(DifferenceWords, ItsButtonsSayItBesideWhatTheyDo)
   EXPECT_EQ(Tip("CmdInc(4)"), "Increase left front wheel rate\nwas 90, now 85 (-5)");
   EXPECT_EQ(Tip("CmdDec(4)"), "Decrease left front wheel rate\nwas 90, now 85 (-5)");
   for (const char* const name : {"CmdInc(4)", "CmdDec(4)"})
-    EXPECT_EQ(Spoken(name), "was 90, now 85 (-5)");
+    EXPECT_EQ(Spoken(name), "85 lbs/in, was 90, now 85 (-5)");
   EXPECT_EQ(SpokenName("CmdInc(4)"), "Increase left front wheel rate");
   EXPECT_EQ(Tip("CmdInc(6)"), "Increase left rear wheel rate");
 }
@@ -62,7 +62,7 @@ TEST_F(DifferenceWords, AListSaysItBesideWhatItIs)
   const auto clutches = std::to_string(at + 1);
   const auto text = "was " + clutches + ", now " + std::to_string(at + 2) + " (+1)";
   EXPECT_EQ(Tip("Combo1(3)"), "Clutch plates of the differential\n" + text);
-  EXPECT_EQ(Spoken("Combo1(3)"), text);
+  EXPECT_EQ(Spoken("Combo1(3)"), "Clutch plates of the differential, " + text);
 }
 
 TEST_F(DifferenceWords, AreGoneWhenTheValueIsTheReferencesAgain)
@@ -70,9 +70,9 @@ TEST_F(DifferenceWords, AreGoneWhenTheValueIsTheReferencesAgain)
   Start();
   editor.Play("click CmdInc(4)\nclick MnuUndo\n");
   EXPECT_EQ(Tip("Label1(4)"), "");
-  EXPECT_EQ(Spoken("Label1(4)"), "");
+  EXPECT_EQ(Spoken("Label1(4)"), "left front wheel rate, lbs/in");
   EXPECT_EQ(Tip("CmdInc(4)"), "Increase left front wheel rate");
-  EXPECT_EQ(Spoken("CmdInc(4)"), "90");
+  EXPECT_EQ(Spoken("CmdInc(4)"), "90 lbs/in");
   const int at = editor.Window().Form().Combo1[3].selection;
   editor.Play("select Combo1(3) #" + std::to_string(at + 1) + "\nclick MnuUndo\n");
   EXPECT_EQ(Tip("Combo1(3)"), "Clutch plates of the differential");
