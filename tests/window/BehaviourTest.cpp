@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <wx/choice.h>
+#include <wx/display.h>
 #include <wx/dnd.h>
 #include <wx/modalhook.h>
 #include <wx/uiaction.h>
@@ -10,11 +11,18 @@
 #include <utility>
 
 #include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
 
 #include "RealWindow.h"
+#include "TemporaryFolder.h"
 #include "platform_wx/NativeLook.h"
+#include "platform_wx/WxSystem.h"
 #include "platform_wx/WxText.h"
 #include "setup/SlotTable.h"
+#include "ui/FitToDesktop.h"
 
 namespace velquist::testing {
 namespace {
@@ -208,6 +216,37 @@ TEST_F(Behaviour, AResizedWindowKeepsItsProportions)
   Frame().SetClientSize(app::kDesignClientWidth * 3 / 4, app::kDesignClientHeight * 3 / 4);
   const auto expected = wxRect(492, 252, 450, 198);
   EXPECT_TRUE(WaitUntil([&] { return Widget("PictureChart2")->GetRect() == expected; }));
+}
+
+TEST_F(Behaviour, ACopyOfTheWindowStandsWhereItIsTold)
+{
+  Start({1024, 768});
+  const wxRect desktop = wxDisplay(0U).GetClientArea();
+  ui::FitToDesktop(Frame(), wxPoint(desktop.x + 48, desktop.y + 99));
+  EXPECT_TRUE(WaitUntil([&] {
+    return Frame().GetPosition() == desktop.GetPosition() + wxPoint(48, 99);
+  })) << Frame().GetPosition().x
+      << " " << Frame().GetPosition().y;
+  EXPECT_TRUE(desktop.Contains(Frame().GetRect()));
+  ui::FitToDesktop(Frame(), desktop.GetBottomRight() - wxPoint(50, 50));
+  EXPECT_TRUE(WaitUntil([&] { return Frame().GetPosition() == desktop.GetPosition(); }));
+}
+
+TEST_F(Behaviour, ACopyIsOfThisVeryProgramWhateverLiesInTheDirectory)
+{
+  Start();
+  const samples::TemporaryFolder folder;
+  const auto other = folder / "Velquist.exe";
+  std::ofstream(other) << "#!/bin/sh\necho other > " << (folder / "other").string() << '\n';
+  std::filesystem::permissions(other, std::filesystem::perms(0755));
+  // This program reports that it was started so, and has no such test.
+  const auto report = folder / "report.xml";
+  platform::WxProcess process([&]() -> std::vector<std::string> {
+    return {"--gtest_filter=None.*", "--gtest_output=xml:" + report.string()};
+  });
+  process.Start(folder.Text() + "\\Velquist.exe");
+  EXPECT_TRUE(WaitUntil([&] { return std::filesystem::exists(report); }, 20000));
+  EXPECT_FALSE(std::filesystem::exists(folder / "other"));
 }
 
 TEST_F(Behaviour, ALongListIsFilledAtOnce)
