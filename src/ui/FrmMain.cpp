@@ -162,6 +162,7 @@ void FrmMain::BindEvents()
   Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTick(); });
   Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
     event.Skip();
+    const wxBusyCursor busy;  // a setup that was changed on the disk may be read again
     if (event.GetActive()) Handle([this] { window_.Activated(); });
   });
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {

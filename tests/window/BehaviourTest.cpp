@@ -89,6 +89,22 @@ TEST_F(Behaviour, ThePointerIsBusyWhileADroppedFileIsReadAndNoOtherEventIsTaken)
   EXPECT_FALSE(wxIsBusy());
 }
 
+TEST_F(Behaviour, ThePointerIsBusyWhileASetupThatAnotherProgramChangedIsReadAgain)
+{
+  Start();
+  const std::string file = "$G/Players/Jim/Setups/monza/fast.br2";
+  editor.Play("setup " + file + " short 48=80 49=45 50=60 51=3\non open -> " + file +
+              "\non FrmModYear2 -> 1967\nclick MnuOpen\nremove " + file + "\nsetup " + file +
+              " long 0=25 48=80 49=45 50=60 51=3\n");
+  bool busy = false;
+  const AtBox at_box([&] { busy = wxIsBusy(); });  // which asks for the mod year
+  editor.Play("on message \"Another program has changed the open setup file:\\n" + file +
+              "\\nDo you want to read it again?\" question -> yes\non FrmModYear1 -> 1967\n"
+              "focus\nexpect slot 0 = 25\n");
+  EXPECT_TRUE(busy);
+  EXPECT_FALSE(wxIsBusy());
+}
+
 TEST_F(Behaviour, AStepThatThrowsLeavesItsButtonToAnswerThePressOnce)
 {
   Start();
