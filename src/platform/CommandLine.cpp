@@ -2,16 +2,16 @@
 #include "platform/CommandLine.h"
 
 #include <charconv>
+#include <filesystem>
 #include <system_error>
+#include <utility>
 
+#include "platform/HostFileSystem.h"
+#include "platform/HostPath.h"
 #include "platform/Paths.h"
 
 #ifdef _WIN32
 #include <windows.h>
-
-#include <filesystem>
-
-#include "platform/HostFileSystem.h"
 #endif
 
 namespace velquist::platform {
@@ -70,6 +70,12 @@ bool TakeOption(std::string_view word, CommandLine& line)
   return true;
 }
 
+CommandLine WithWholePath(CommandLine line)
+{
+  line.text = WholePath(std::move(line.text));
+  return line;
+}
+
 }  // namespace
 
 CommandLine FromWords(const std::vector<std::string>& words)
@@ -95,6 +101,15 @@ CommandLine FromWholeText(std::string_view text)
   return line;
 }
 
+std::string WholePath(std::string text)
+{
+  const auto path = HostPath(text);
+  if (path.empty() || path.has_root_path()) return text;
+  std::error_code error;
+  const auto here = std::filesystem::current_path(error);
+  return error ? text : PathText((here / path).lexically_normal());
+}
+
 #ifdef _WIN32
 
 CommandLine ReadCommandLine(int /*argc*/, char** /*argv*/)
@@ -102,14 +117,14 @@ CommandLine ReadCommandLine(int /*argc*/, char** /*argv*/)
   const std::string whole = PathText(std::filesystem::path(::GetCommandLineW()));
   std::string_view text = whole;
   (void)TakeWord(text);
-  return FromWholeText(text);
+  return WithWholePath(FromWholeText(text));
 }
 
 #else
 
 CommandLine ReadCommandLine(int argc, char** argv)
 {
-  return FromWords({argv + 1, argv + argc});
+  return WithWholePath(FromWords({argv + 1, argv + argc}));
 }
 
 #endif

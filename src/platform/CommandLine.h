@@ -30,7 +30,11 @@ struct CommandLine {
 /// quotes around the path is taken off.
 [[nodiscard]] CommandLine FromWholeText(std::string_view text);
 
-/// The command line of this process.
+/// A path relative to the directory that the program was started in, made whole; others as they
+/// are.
+[[nodiscard]] std::string WholePath(std::string text);
+
+/// The command line of this process, its path made whole.
 [[nodiscard]] CommandLine ReadCommandLine(int argc, char** argv);
 
 }  // namespace velquist::platform

@@ -3,6 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
+#include "TemporaryFolder.h"
+#include "platform/HostFileSystem.h"
+
 namespace velquist::platform {
 namespace {
 
@@ -80,6 +85,23 @@ TEST(CommandLineText, CanBeginWithTheProgramDirectory)
   const auto inside = FromWholeText("--program-directory=\"C:\\My Files\"");
   EXPECT_EQ(inside.program_directory, "C:\\My Files");
   EXPECT_EQ(inside.text, "");
+}
+
+TEST(CommandLinePath, IsMadeWholeFromTheCurrentDirectory)
+{
+  const samples::TemporaryFolder folder;
+  const auto before = std::filesystem::current_path();
+  std::filesystem::create_directories(folder / "GPL/Players/Jim/Setups/spa");
+  std::filesystem::current_path(folder / "GPL/Players/Jim");
+  const auto whole = [&](const char* path) { return PathText((folder / path).lexically_normal()); };
+  EXPECT_EQ(WholePath("Setups/spa/fast.lo1"), whole("GPL/Players/Jim/Setups/spa/fast.lo1"));
+  EXPECT_EQ(WholePath("./low drag.lo1"), whole("GPL/Players/Jim/low drag.lo1"));
+  EXPECT_EQ(WholePath("../Tom/fast.lo1"), whole("GPL/Players/Tom/fast.lo1"));
+  EXPECT_EQ(WholePath("Setups\\spa\\fast.lo1"), whole("GPL/Players/Jim/Setups/spa/fast.lo1"));
+  const auto given = folder.Text() + "/Players/../fast.lo1";
+  EXPECT_EQ(WholePath(given), given) << "a whole path stays as it was given";
+  EXPECT_EQ(WholePath(""), "");
+  std::filesystem::current_path(before);
 }
 
 }  // namespace
