@@ -45,4 +45,10 @@ bool ModYearFromFile(std::string_view file_name, std::span<const std::byte> Setu
   return false;
 }
 
+std::string RemarkOnEnding(data::ModYear ModYearIndex, std::string_view file_name)
+{
+  if (setup::ChassisIndexOf(ModYearIndex, setup::ChassisCodeOf(file_name))) return {};
+  return ", an ending that no car of " + std::string(data::ModYearText(ModYearIndex)) + " has";
+}
+
 }  // namespace velquist::app

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "app/Dialogs.h"
@@ -25,5 +26,9 @@ namespace velquist::app {
                                    std::span<const std::byte> SetupBuffer,
                                    std::string_view installation, const platform::FileSystem& files,
                                    Dialogs& dialogs, data::ModYear& ModYearIndex);
+
+/// What is said of a file whose ending is that of no car of the year, behind its name; else empty.
+/// Codes of cars are spelled exactly: "fast.LO1" is of no car that "fast.lo1" is of.
+[[nodiscard]] std::string RemarkOnEnding(data::ModYear ModYearIndex, std::string_view file_name);
 
 }  // namespace velquist::app

@@ -143,6 +143,7 @@ void MainWindow::Opening::TakeOpened(const std::string& path, const std::string&
   }
   window_.StartEditing();
   window_.Say("Opened", path);
+  form_.status += RemarkOnEnding(car_.ModYearIndex(), name);
 }
 
 void MainWindow::Opening::EnterInstallation(const std::string& path)

@@ -6,6 +6,7 @@
 #include "app/EventEntry.h"
 #include "app/FormControlSettings.h"
 #include "app/MainWindow.h"
+#include "app/ModYearFromFile.h"
 #include "data/ReadText.h"
 #include "edit/Display.h"
 #include "install/Installations.h"
@@ -228,6 +229,7 @@ void MainWindow::Session::LoadStartingSetup()
         window_.ReadDataFiles();
         TakeStartingSetup();
         window_.Say("Opened", globals_.command_line);
+        form_.status += RemarkOnEnding(car_.ModYearIndex(), car_.FileName());
       });
       return;
     } catch (const BoundsError&) {
