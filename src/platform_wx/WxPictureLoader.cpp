@@ -6,6 +6,7 @@
 #include <wx/mstream.h>
 
 #include <algorithm>
+#include <chrono>
 #include <functional>
 #include <utility>
 
@@ -15,7 +16,8 @@
 namespace velquist::platform {
 namespace {
 
-constexpr std::size_t kMostKept = 8;
+constexpr std::size_t kMostKept = 20;  ///< all cars of a mod year, and the built-in one
+constexpr std::chrono::milliseconds kPatience(300);
 constexpr int kMostShrunk = 8;  ///< the decoder goes no further
 
 /// The factor by which a picture can be decoded smaller and still fills the box in one direction.
@@ -28,16 +30,39 @@ int ShrunkFor(PictureLoader::Size size, wxSize box)
   return factor;
 }
 
-/// An invalid image when the bytes are broken.
+/// Ends when the decoder has taken too long. It then fills up the picture and is done.
+class ImpatientStream final : public wxMemoryInputStream {
+ public:
+  using wxMemoryInputStream::wxMemoryInputStream;
+
+  [[nodiscard]] bool GaveUp() const { return gave_up_; }
+
+ protected:
+  std::size_t OnSysRead(void* buffer, std::size_t size) override
+  {
+    gave_up_ = gave_up_ || Clock::now() > end_;
+    if (!gave_up_) return wxMemoryInputStream::OnSysRead(buffer, size);
+    m_lasterror = wxSTREAM_EOF;
+    return 0;
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  Clock::time_point end_ = Clock::now() + kPatience;
+  bool gave_up_ = false;
+};
+
+/// An invalid image when the bytes are broken or take too long.
 wxImage Shrunk(std::span<const std::byte> bytes, PictureLoader::Size size, int factor)
 {
   const wxLogNull quiet;  // a broken picture is no news to the user
-  wxMemoryInputStream stream(bytes.data(), bytes.size());
+  ImpatientStream stream(bytes.data(), bytes.size());
   wxImage image;
   image.SetOption(wxIMAGE_OPTION_MAX_WIDTH, size.width / factor);
   image.SetOption(wxIMAGE_OPTION_MAX_HEIGHT, size.height / factor);
   wxJPEGHandler handler;
-  if (!handler.LoadFile(&image, stream, false)) return {};
+  if (!handler.LoadFile(&image, stream, false) || stream.GaveUp()) return {};
   return image;
 }
 

@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <cstddef>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
+#include <random>
 #include <span>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <wx/imagjpeg.h>
+#include <wx/mstream.h>
 
 #include "ScriptedEditor.h"
 #include "platform/EmbeddedResources.h"
@@ -72,6 +76,22 @@ Bytes GreyInScans(unsigned side, int scans)
     bytes.insert(bytes.end(), (blocks / 16384 + 1) * 2, std::byte{0});
   }
   Append(bytes, {0xFF, 0xD9});
+  return bytes;
+}
+
+/// As many bytes as a picture of that many pixels in each direction can have.
+Bytes Noise(int side)
+{
+  wxImage image(side, side, false);
+  std::mt19937 random(1);
+  const auto size = static_cast<std::size_t>(side) * static_cast<std::size_t>(side) * 3;
+  std::generate_n(image.GetData(), size, [&] { return static_cast<unsigned char>(random()); });
+  image.SetOption(wxIMAGE_OPTION_QUALITY, 90);
+  wxMemoryOutputStream out;
+  wxJPEGHandler handler;
+  EXPECT_TRUE(handler.SaveFile(&image, out, false));
+  Bytes bytes(out.GetSize());
+  out.CopyTo(bytes.data(), bytes.size());
   return bytes;
 }
 
@@ -191,6 +211,20 @@ TEST_F(PicturesOfCars, PicturesThatTakeSecondsToDecodeGiveWayToTheBuiltInOne)
   ExpectRefused(GreyInScans(6400, 1));
 }
 
+TEST_F(PicturesOfCars, NoPictureIsDecodedForLong)
+{
+  // The most that the header may promise, in few bytes and in many.
+  for (const auto& slow :
+       {GreyInScans(4000, 6), GreyInScans(1600, 39), GreyInScans(160, 3900), Noise(4000)}) {
+    SCOPED_TRACE(slow.size());
+    Put(slow);
+    const auto begin = std::clock();
+    (void)pictures_.Load(Path());
+    EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, 0.5);
+    EXPECT_TRUE(pictures_.Picture(Path(), kLargeBox).IsOk());
+  }
+}
+
 TEST_F(PicturesOfCars, AreDecodedNoLargerThanTheyAreShown)
 {
   Put(GreyInScans(1600, 1));
@@ -211,6 +245,19 @@ TEST_F(PicturesOfCars, AreDecodedOnceWhileTheyAreTheSame)
   EXPECT_EQ(pictures_.Picture(Path(), kLargeBox).GetWidth(), 800);
   Put(WholePicture());
   EXPECT_TRUE(pictures_.Picture(Path(), kLargeBox).IsSameAs(first));
+}
+
+TEST_F(PicturesOfCars, ThoseOfAllCarsOfAYearAreKept)
+{
+  constexpr unsigned kCars = 16;
+  const auto show = [&](unsigned car) {
+    Put(GreyInScans(80 + 8 * car, 1));
+    return pictures_.Picture(Path(), kLargeBox);
+  };
+  std::vector<wxImage> first;
+  for (unsigned car = 0; car < kCars; ++car) first.push_back(show(car));
+  (void)pictures_.Picture("", kLargeBox);
+  for (unsigned car = 0; car < kCars; ++car) EXPECT_TRUE(show(car).IsSameAs(first[car])) << car;
 }
 
 TEST_F(PicturesOfCars, PicturesOfMoreThanSixteenMillionPixelsAreNotDecoded)
