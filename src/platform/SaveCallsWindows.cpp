@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <string>
+#include <vector>
 
 #include "platform/SaveCalls.h"
 #include "platform/SystemFiles.h"
@@ -56,6 +58,28 @@ Error Write(int file, std::span<const std::byte> bytes, std::size_t& written)
   return ErrorOf(count < 0 ? -1 : 0);
 }
 
+HANDLE HandleOf(int file)
+{
+  // The runtime library gives handles as numbers. NOLINTNEXTLINE(performance-no-int-to-ptr)
+  return reinterpret_cast<HANDLE>(::_get_osfhandle(file));
+}
+
+/// Here too, not by taking the old file's place alone: that may fail and become a plain renaming.
+/// What the user may not read or give stays with the file system.
+Error KeepAccessList(const fs::path& old, int file)
+{
+  DWORD size = 0;
+  ::GetFileSecurityW(old.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+  std::vector<std::byte> list(size);
+  if (size == 0 ||
+      !::GetFileSecurityW(old.c_str(), DACL_SECURITY_INFORMATION, list.data(), size, &size))
+    return {};
+  std::wstring name(::GetFinalPathNameByHandleW(HandleOf(file), nullptr, 0, 0), L'\0');
+  ::GetFinalPathNameByHandleW(HandleOf(file), name.data(), static_cast<DWORD>(name.size()), 0);
+  (void)::SetFileSecurityW(name.c_str(), DACL_SECURITY_INFORMATION, list.data());
+  return {};
+}
+
 Error KeepAttributes(const fs::path& old, int file)
 {
   const auto attributes = ::GetFileAttributesW(old.c_str());
@@ -63,9 +87,7 @@ Error KeepAttributes(const fs::path& old, int file)
   FILE_BASIC_INFO kept{};  // times of 0 stay as they are
   kept.FileAttributes = attributes & kKeptAttributes;
   if (kept.FileAttributes == 0) kept.FileAttributes = FILE_ATTRIBUTE_NORMAL;
-  // The runtime library gives handles as numbers. NOLINTNEXTLINE(performance-no-int-to-ptr)
-  const auto handle = reinterpret_cast<HANDLE>(::_get_osfhandle(file));
-  if (::SetFileInformationByHandle(handle, FileBasicInfo, &kept, sizeof kept)) return {};
+  if (::SetFileInformationByHandle(HandleOf(file), FileBasicInfo, &kept, sizeof kept)) return {};
   return LastError();
 }
 
@@ -132,7 +154,7 @@ SaveCalls SystemSaveCalls()
       .write = Write,
       .keep_owner = Nothing,
       .keep_rights = Nothing,
-      .keep_access_list = Nothing,
+      .keep_access_list = KeepAccessList,
       .keep_attributes = KeepAttributes,
       .flush = [](int file) { return ErrorOf(::_commit(file)); },
       .give_name =

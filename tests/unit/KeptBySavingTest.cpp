@@ -16,7 +16,10 @@
 
 #ifdef _WIN32
 #include <windows.h>
+// What needs that one first.
+#include <sddl.h>
 
+#include <cstddef>
 #include <thread>
 #else
 #include <sys/stat.h>
@@ -61,6 +64,38 @@ TEST_F(SavedFile, StaysHiddenAndOfTheSystem)
     ASSERT_TRUE(::SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL));
     EXPECT_EQ(ContentOf(target), "new");
   }
+}
+
+/// The access list as text.
+std::string AccessOf(const fs::path& path)
+{
+  DWORD size = 0;
+  ::GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+  std::vector<std::byte> list(size);
+  EXPECT_TRUE(
+      ::GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, list.data(), size, &size));
+  char* text = nullptr;
+  EXPECT_TRUE(::ConvertSecurityDescriptorToStringSecurityDescriptorA(
+      list.data(), SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text, nullptr));
+  std::string access = text == nullptr ? "" : text;
+  ::LocalFree(text);
+  return access;
+}
+
+TEST_F(SavedFile, KeepsAnAccessListOfItsOwn)
+{
+  // Everyone may read a new file in the directory, but not this one.
+  WriteFile(folder / "usual.lo1", "new");
+  PSECURITY_DESCRIPTOR list = nullptr;
+  ASSERT_TRUE(::ConvertStringSecurityDescriptorToSecurityDescriptorA(
+      "D:P(A;;FA;;;SY)(A;;FA;;;BA)", SDDL_REVISION_1, &list, nullptr));
+  ASSERT_TRUE(::SetFileSecurityW(target.c_str(), DACL_SECURITY_INFORMATION, list));
+  ::LocalFree(list);
+  const auto before = AccessOf(target);
+  ASSERT_NE(before, AccessOf(folder / "usual.lo1"));
+  Save();
+  EXPECT_EQ(ContentOf(target), "new");
+  EXPECT_EQ(AccessOf(target), before);
 }
 
 TEST_F(SavedFile, WaitsForAProgramThatHoldsItForAMoment)
