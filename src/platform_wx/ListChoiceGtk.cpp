@@ -11,6 +11,53 @@
 namespace velquist::platform {
 namespace {
 
+/// The item that the user chooses of `combo` in a window; -1 for none. Rows of one height, of which
+/// only those in sight are measured, make it as quick with thousands as with three.
+int AskInWindow(GtkComboBox* combo, const wxString& title, int current)
+{
+  constexpr int kWidth = 480;
+  constexpr int kHeight = 360;
+  auto* const owner = GTK_WINDOW(gtk_widget_get_toplevel(GTK_WIDGET(combo)));
+  GtkWidget* const window =
+      gtk_dialog_new_with_buttons(title.utf8_str(), owner, GTK_DIALOG_MODAL, "_Cancel",
+                                  GTK_RESPONSE_CANCEL, "_OK", GTK_RESPONSE_OK, nullptr);
+  gtk_dialog_set_default_response(GTK_DIALOG(window), GTK_RESPONSE_OK);
+  gtk_window_set_default_size(GTK_WINDOW(window), kWidth, kHeight);
+  GtkWidget* const rows = gtk_tree_view_new_with_model(gtk_combo_box_get_model(combo));
+  auto* const view = GTK_TREE_VIEW(rows);
+  GtkTreeViewColumn* const column = gtk_tree_view_column_new_with_attributes(
+      "", gtk_cell_renderer_text_new(), "text", 0, nullptr);
+  gtk_tree_view_column_set_sizing(column, GTK_TREE_VIEW_COLUMN_FIXED);
+  gtk_tree_view_append_column(view, column);
+  gtk_tree_view_set_headers_visible(view, FALSE);
+  gtk_tree_view_set_fixed_height_mode(view, TRUE);
+  gtk_tree_view_set_search_column(view, 0);
+  atk_object_set_name(gtk_widget_get_accessible(rows), title.utf8_str());
+  g_signal_connect_swapped(
+      rows, "row-activated",
+      G_CALLBACK(+[](GtkDialog* dialog) { gtk_dialog_response(dialog, GTK_RESPONSE_OK); }), window);
+  GtkWidget* const scrolled = gtk_scrolled_window_new(nullptr, nullptr);
+  gtk_container_add(GTK_CONTAINER(scrolled), rows);
+  gtk_box_pack_start(GTK_BOX(gtk_dialog_get_content_area(GTK_DIALOG(window))), scrolled, TRUE, TRUE,
+                     0);
+  gtk_widget_show_all(scrolled);
+  if (current >= 0) {
+    GtkTreePath* const path = gtk_tree_path_new_from_indices(current, -1);
+    gtk_tree_view_set_cursor(view, path, nullptr, FALSE);
+    gtk_tree_view_scroll_to_cell(view, path, nullptr, TRUE, 0.5F, 0);
+    gtk_tree_path_free(path);
+  }
+  int chosen = -1;
+  GtkTreePath* path = nullptr;
+  if (gtk_dialog_run(GTK_DIALOG(window)) == GTK_RESPONSE_OK) {
+    gtk_tree_view_get_cursor(view, &path, nullptr);
+    if (path != nullptr) chosen = gtk_tree_path_get_indices(path)[0];
+    gtk_tree_path_free(path);
+  }
+  gtk_widget_destroy(window);
+  return chosen;
+}
+
 /// The list's own keys are the arrows alone, and it tells only of a choice that differs. Goes away
 /// with the list.
 class Chooser {
@@ -18,6 +65,8 @@ class Chooser {
   Chooser(wxChoice& list, ListKeys keys) : list_(list), keys_(keys)
   {
     g_signal_connect(list.GetHandle(), "notify::popup-shown", G_CALLBACK(OnPopupShown), this);
+    g_signal_connect(list.GetHandle(), "popup", G_CALLBACK(OnPopup), this);
+    WatchButton(list.GetHandle(), this);
   }
 
   void OnKeyDown(wxKeyEvent& event)
@@ -54,6 +103,60 @@ class Chooser {
   [[nodiscard]] GtkComboBox* Combo() const { return GTK_COMBO_BOX(list_.GetHandle()); }
 
   void Open() { gtk_combo_box_popup(Combo()); }
+
+  /// The system makes a widget of every item when a list is opened: thousands take it seconds.
+  [[nodiscard]] bool IsLong() const
+  {
+    constexpr unsigned kMost = 300;
+    return list_.GetCount() > kMost;
+  }
+
+  /// Lets the user choose from a long list in a window of its own, once this event is over.
+  void ChooseInWindow()
+  {
+    list_.CallAfter([this] {
+      const int current = list_.GetSelection();
+      const int chosen = AskInWindow(Combo(), list_.GetToolTipText(), current);
+      if (chosen >= 0 && chosen != current) Choose(chosen);
+    });
+  }
+
+  /// Asked for by keys.
+  static void OnPopup(GtkComboBox* combo, gpointer self)
+  {
+    auto& chooser = *static_cast<Chooser*>(self);
+    if (!chooser.IsLong()) return;
+    g_signal_stop_emission_by_name(combo, "popup");
+    Release(GTK_WIDGET(combo), nullptr);
+    chooser.ChooseInWindow();
+  }
+
+  /// Asked for by the mouse.
+  static gboolean OnButtonEvent(GtkWidget* /*button*/, GdkEvent* event, gpointer self)
+  {
+    auto& chooser = *static_cast<Chooser*>(self);
+    if (gdk_event_get_event_type(event) != GDK_BUTTON_PRESS || !chooser.IsLong()) return FALSE;
+    chooser.ChooseInWindow();
+    return TRUE;
+  }
+
+  /// The button stands somewhere in the list.
+  static void WatchButton(GtkWidget* widget, gpointer self)
+  {
+    if (GTK_IS_TOGGLE_BUTTON(widget))
+      g_signal_connect(widget, "event", G_CALLBACK(OnButtonEvent), self);
+    else if (GTK_IS_CONTAINER(widget))
+      gtk_container_forall(GTK_CONTAINER(widget), WatchButton, self);
+  }
+
+  /// Lets the button come up again that a key has pressed.
+  static void Release(GtkWidget* widget, gpointer self)
+  {
+    if (GTK_IS_TOGGLE_BUTTON(widget))
+      gtk_toggle_button_set_active(GTK_TOGGLE_BUTTON(widget), FALSE);
+    else if (GTK_IS_CONTAINER(widget))
+      gtk_container_forall(GTK_CONTAINER(widget), Release, self);
+  }
 
   int Find(wxChar letter, long milliseconds, int current)
   {

@@ -4,9 +4,13 @@
 #include <wx/choice.h>
 #include <wx/uiaction.h>
 
+#include <ctime>
+#include <initializer_list>
 #include <string>
 
+#include "NativeBox.h"
 #include "RealWindow.h"
+#include "platform_wx/NativeLook.h"
 #include "setup/SlotTable.h"
 
 namespace velquist::testing {
@@ -183,6 +187,62 @@ TEST_F(ListsByKey, WhatIsTypedIsChosenFromTheOtherLists)
   LetTimePass(1100);
   Type("x");
   editor.Play("expect Combo5 \"monza\"\n");
+}
+
+TEST_F(ListsByKey, ThreeThousandInstallationsOpenAtOnceByKeyAndMouse)
+{
+  constexpr int kMany = 3000;
+  StartWithAChange();
+  auto& list = List("Combo7");
+  wxArrayString items;
+  for (int i = 0; i < kMany; ++i) items.Add(wxString::Format("/games/installation %d/GPL", i));
+  platform::SetItems(list, items);
+  list.SetSelection(7);
+  int chosen = -1;
+  list.Bind(wxEVT_CHOICE, [&](wxCommandEvent& event) { chosen = event.GetInt(); });
+  const auto answer = [&](std::initializer_list<int> keys, const auto& open) {
+    const AtNativeBox at_window([&](GtkWidget* box) {
+      EXPECT_STREQ(gtk_window_get_title(GTK_WINDOW(box)), "Game installation");
+      for (const int key : keys) user_.Char(key);
+    });
+    open();
+    LetTimePass(500);
+  };
+  const auto by_key = [&](int key) {
+    return [this, key] {
+      Focus("Combo7");
+      Press(key);
+    };
+  };
+  for (const int key : {WXK_RETURN + 0, WXK_DOWN + 0, WXK_SPACE + 0})
+    answer({WXK_ESCAPE}, by_key(key));
+  answer({WXK_ESCAPE}, [&] {
+    const auto at = list.GetScreenRect();
+    user_.MouseMove(at.x + at.width / 2, at.y + at.height / 2);
+    LetTimePass(100);
+    user_.MouseClick();
+  });
+  answer({WXK_RETURN}, by_key(WXK_RETURN));  // the one that is chosen
+  EXPECT_EQ(list.GetSelection(), 7);
+  EXPECT_EQ(chosen, -1);
+  answer({WXK_END, WXK_RETURN}, by_key(WXK_RETURN));
+  EXPECT_TRUE(WaitUntil([&] { return chosen == kMany - 1; })) << chosen;
+  EXPECT_EQ(list.GetSelection(), kMany - 1);
+
+  const auto seconds = [](const auto& open) {
+    const auto begin = std::clock();
+    open();
+    return static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
+  };
+  const double many = seconds([&] { answer({WXK_ESCAPE}, by_key(WXK_RETURN)); });
+  items.resize(3);
+  platform::SetItems(list, items);
+  const double three = seconds([&] {
+    by_key(WXK_RETURN)();
+    LetTimePass(500);
+    Close("Combo7");
+  });
+  EXPECT_LT(many, three + 0.5);
 }
 
 }  // namespace
