@@ -26,8 +26,9 @@ void CopyText(const wxString& text)
 
 void CopyPicture(const wxBitmap& picture)
 {
-  // The form in which it is handed on.
+#if wxUSE_LIBPNG  // the form in which it is handed on, where the system has none of its own
   if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) wxImage::AddHandler(new wxPNGHandler);
+#endif
   Copy(std::make_unique<wxBitmapDataObject>(picture));
 }
 
