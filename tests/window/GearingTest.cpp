@@ -245,6 +245,8 @@ TEST_F(GearingWindow, LettersGrowWithTheWindowAndNothingIsCut)
   int before = 0;
   for (const wxSize size : {wxSize(580, 440), wxSize(900, 700), wxSize(1800, 1500)}) {
     Gearing().SetClientSize(size);
+    auto& panel = *Part<wxWindow>("Heading").GetParent();
+    ASSERT_TRUE(WaitUntil([&] { return panel.GetClientSize() == size; }, 30000));
     LetTimePass(300);
     EXPECT_GT(Table().GetFont().GetPixelSize().y, before);
     before = Table().GetFont().GetPixelSize().y;
