@@ -123,6 +123,40 @@ void AddOwnOptions(CLI::App& app, Command command, Words& words)
   }
 }
 
+/// What ends the options. CLI11 knows it, but not behind the last path that a command needs: the
+/// words behind it are given to it under names that are no options.
+class EndOfOptions {
+ public:
+  explicit EndOfOptions(const std::vector<std::string>& words)
+      : end_(std::ranges::find(words, "--")), words_(words)
+  {
+  }
+
+  [[nodiscard]] std::vector<std::string> Renamed() const
+  {
+    std::vector<std::string> renamed(words_.begin(), end_);
+    if (end_ == words_.end()) return renamed;
+    for (auto word = end_ + 1; word != words_.end(); ++word)
+      renamed.push_back(std::string(kName) + std::to_string(word - words_.begin()));
+    return renamed;
+  }
+  void GiveBack(std::vector<std::string>& paths) const
+  {
+    if (end_ == words_.end()) return;
+    auto word = end_ + 1;
+    for (auto& path : paths)
+      if (word != words_.end() &&
+          path == std::string(kName) + std::to_string(word - words_.begin()))
+        path = *word++;
+  }
+
+ private:
+  static constexpr const char* kName = "\x01 path ";
+
+  std::vector<std::string>::const_iterator end_;
+  const std::vector<std::string>& words_;
+};
+
 /// Where a file name is wanted, this is none: nothing is read from standard input.
 void RefuseStandardInput(const Words& words)
 {
@@ -160,6 +194,7 @@ Options FromWords(Command command, Words words)
 std::optional<Answer> ReadOptions(const std::vector<std::string>& words, Options& options)
 {
   Words read;
+  const EndOfOptions end(words);
   CLI::App app("The command line beside Velquist, for chassis setups of the racing simulation GPL.",
                "velquist-cli");
   AddCommonOptions(app, read);
@@ -176,14 +211,16 @@ std::optional<Answer> ReadOptions(const std::vector<std::string>& words, Options
     paths->option_text(std::string(design.paths) + (design.most == 0 ? "..." : ""));
     paths->expected(design.fewest,
                     design.most == 0 ? CLI::detail::expected_max_vector_size : design.most);
-    command->callback([&options, &read, command = design.command] {
+    command->callback([&options, &read, &end, command = design.command] {
+      end.GiveBack(read.paths);
       RefuseStandardInput(read);
       options = FromWords(command, std::move(read));
     });
   }
   try {
-    std::vector<std::string> reversed(words.rbegin(), words.rend());
-    app.parse(reversed);
+    auto renamed = end.Renamed();
+    std::ranges::reverse(renamed);
+    app.parse(renamed);
     return std::nullopt;
   } catch (const CLI::ParseError& error) {
     std::ostringstream said;

@@ -64,6 +64,7 @@ void PrepareOutput()
 {
   ::SetConsoleOutputCP(CP_UTF8);
   ::_setmode(::_fileno(stdout), _O_BINARY);
+  ::_setmode(::_fileno(stderr), _O_BINARY);
 }
 
 #else
