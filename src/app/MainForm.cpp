@@ -18,9 +18,10 @@ std::string WithoutMnemonic(std::string_view caption)
   return text;
 }
 
-std::pair<std::string_view, int> NameOf(const ControlDesign* design)
+/// By index first, which is compared faster.
+std::pair<int, std::string_view> NameOf(const ControlDesign* design)
 {
-  return {design->name, design->index};
+  return {design->index, design->name};
 }
 
 std::vector<const ControlDesign*> RowsByName()
@@ -56,7 +57,7 @@ MainForm::MainForm()
 Control* MainForm::Find(std::string_view name, int index) noexcept
 {
   static const auto kRows = RowsByName();
-  const std::pair wanted(name, index);
+  const std::pair wanted(index, name);
   const auto row = std::ranges::lower_bound(kRows, wanted, {}, NameOf);
   return row == kRows.end() || NameOf(*row) != wanted ? nullptr : &(*row)->In(*this);
 }

@@ -159,7 +159,13 @@ void CarSetup::WriteFile(platform::FileSystem& files, std::string_view path,
 
 float CarSetup::Value(int slot) const
 {
-  return setup_data_.Value(RowOf(slot), data::kCurrent);
+  // Asked for several times at every press.
+  const auto at = static_cast<std::size_t>(slot);
+  const auto row = at < setup::SlotRow.size() ? static_cast<std::size_t>(setup::SlotRow[at])
+                                              : setup_data_.SetupDataValues.size();
+  if (row < setup_data_.SetupDataValues.size())
+    return setup_data_.SetupDataValues[row][data::kCurrent];
+  return setup_data_.Value(RowOf(slot), data::kCurrent);  // which throws
 }
 
 void CarSetup::SetAsymmetric(bool on) noexcept
@@ -192,9 +198,10 @@ ShownSlots CarSetup::Step(int slot, Direction direction, bool repeated)
   }
   std::array<SlotChange, 4> changes;
   std::size_t moved = 0;
-  for (int at = 0; at < count; ++at) {
-    const float after = Value(first + at);
-    if (!SameBits(before[At(at)], after)) changes[moved++] = {first + at, before[At(at)], after};
+  for (const int each : shown) {  // what has moved is among them
+    const float was = before[At(each - first)];
+    const float after = Value(each);
+    if (!SameBits(was, after)) changes[moved++] = {each, was, after};
   }
   if (moved > 0)
     history_->AddPress(slot, direction, repeated, std::span(changes).first(moved));
