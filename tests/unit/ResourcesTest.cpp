@@ -73,8 +73,8 @@ TEST(Manual, SaysHowWorkIsKept)
   for (const char* const wanted :
        {"A dot before the name of the setup file", "The line at the foot of the window",
         "whole path that Save writes to", "When another program writes the setup",
-        ".LO1 is not .lo1", "Players and players", "No to a question",
-        "The setup was not saved.", "renews the data files and default setups"})
+        ".LO1 is not .lo1", "Players and players", "No to a question", "The setup was not saved.",
+        "renews the data files and default setups"})
     ExpectMentioned(wanted);
 }
 

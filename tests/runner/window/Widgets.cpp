@@ -86,8 +86,7 @@ SeenControl Look(const wxWindow& widget, const wxWindow* top)
   seen.shown = IsShownWithin(widget, top);
   seen.enabled = widget.IsEnabled();
   seen.place = PlaceWithin(widget, top);
-  seen.marked = widget.GetFont().GetWeight() >= wxFONTWEIGHT_BOLD &&
-                widget.UseForegroundColour() &&
+  seen.marked = widget.GetFont().GetWeight() >= wxFONTWEIGHT_BOLD && widget.UseForegroundColour() &&
                 widget.GetForegroundColour() != widget.GetParent()->GetForegroundColour();
   switch (seen.kind) {
     case ControlKind::kList: {
