@@ -45,6 +45,7 @@ std::string AsDirectory(std::string path)
 Walk::Walk(const std::vector<std::string>& paths, Tell tell) : tell_(std::move(tell))
 {
   std::vector<std::string> names;
+  names.reserve(paths.size());
   for (const auto& path : paths) names.push_back(IsDirectory(path) ? AsDirectory(path) : path);
   std::ranges::sort(names);
   std::vector<std::string> kept;
