@@ -20,11 +20,22 @@ bool EndsInSeparator(std::string_view text)
 {
   return !text.empty() && platform::IsSeparator(text.back());
 }
+/// As paths are compared: both separators are one.
+std::string Compared(std::string path)
+{
+  std::ranges::replace(path, '/', kSeparator);
+  return path;
+}
 #else
 constexpr char kSeparator = '/';
 bool EndsInSeparator(std::string_view text)
 {
   return text.ends_with(kSeparator);
+}
+/// As paths are compared.
+const std::string& Compared(const std::string& path)
+{
+  return path;
 }
 #endif
 
@@ -47,14 +58,17 @@ Walk::Walk(const std::vector<std::string>& paths, Tell tell) : tell_(std::move(t
   std::vector<std::string> names;
   names.reserve(paths.size());
   for (const auto& path : paths) names.push_back(IsDirectory(path) ? AsDirectory(path) : path);
-  std::ranges::sort(names);
+  std::ranges::sort(names, {}, Compared);
   std::vector<std::string> kept;
+  std::string last;
   // What is below a directory comes right behind it.
   for (auto& name : names) {
-    const bool is_below =
-        !kept.empty() &&
-        (name == kept.back() || (EndsInSeparator(kept.back()) && name.starts_with(kept.back())));
-    if (!is_below) kept.push_back(std::move(name));
+    const std::string compared = Compared(name);
+    const bool is_below = !kept.empty() && (compared == last ||
+                                            (EndsInSeparator(last) && compared.starts_with(last)));
+    if (is_below) continue;
+    kept.push_back(std::move(name));
+    last = compared;
   }
   std::ranges::reverse(kept);
   open_.push_back({{}, std::nullopt, std::move(kept)});
