@@ -2,10 +2,11 @@
 // Random users who edit, import, undo and redo: at every moment the program agrees, to the last
 // bit, with a list of all states written down beside it, and what is marked with a comparison made
 // from scratch. VELQUIST_HISTORY_EVENTS in the environment says how many events there are.
+#include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -43,8 +44,9 @@ struct State {
   }
   [[nodiscard]] bool Is(const State& other) const
   {
-    return std::memcmp(values.data(), other.values.data(), sizeof values) == 0 &&
-           lists == other.lists && bytes == other.bytes;
+    const auto bits = [](float value) { return std::bit_cast<std::uint32_t>(value); };
+    return std::ranges::equal(values, other.values, {}, bits, bits) && lists == other.lists &&
+           bytes == other.bytes;
   }
 };
 

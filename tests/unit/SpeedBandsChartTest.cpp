@@ -14,7 +14,6 @@ namespace {
 
 using app::PictureRecorder;
 using platform::LineStyle;
-using testing::Area;
 using testing::Having;
 using testing::Lines;
 using testing::Primitive;
