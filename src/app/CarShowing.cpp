@@ -70,6 +70,11 @@ void CarShowing::ShowGear(int slot)
   ShowOverallRatio(slot);
 }
 
+void CarShowing::ShowOverallRatios()
+{
+  for (int slot = setup::kFirstGear; slot <= kLastGear; ++slot) ShowOverallRatio(slot);
+}
+
 void CarShowing::ShowOverallRatio(int slot)
 {
   form_.Label2[At(slot)].text = edit::OverallRatioText(

@@ -24,7 +24,7 @@ class CarShowing {
   void RefreshDisplay();
   void ShowSlotValue(int slot);
   void ShowGear(int slot);
-  void ShowOverallRatio(int slot);
+  void ShowOverallRatios();
   void ShowLockingPercent();
   /// The rows of the gears that the car has; the first three are always there.
   void ShowGearRows();
@@ -43,6 +43,7 @@ class CarShowing {
   void DrawSpeedBands();
 
  private:
+  void ShowOverallRatio(int slot);
   void DrawEngineChart();
 
   const edit::CarSetup& car_;

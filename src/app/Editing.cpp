@@ -6,16 +6,6 @@
 #include "setup/SlotTable.h"
 
 namespace velquist::app {
-namespace {
-
-constexpr int kLastGear = setup::kFirstGear + data::kMostGears - 1;
-
-std::size_t At(int slot)
-{
-  return static_cast<std::size_t>(slot);
-}
-
-}  // namespace
 
 /// Shows the setup whose values were loaded.
 void MainWindow::ShowSetup()
@@ -39,10 +29,10 @@ void MainWindow::Step(int slot, edit::Direction direction)
 
 void MainWindow::Combo1_Click(int list)
 {
-  car_.ChooseInList(list, form_.Combo1[At(list)].selection);
+  car_.ChooseInList(list, form_.Combo1.at(static_cast<std::size_t>(list)).selection);
   showing_.ShowMark(edit::SlotOfList(list));
   if (list == edit::kFinalDriveList) {
-    for (int slot = setup::kFirstGear; slot <= kLastGear; ++slot) showing_.ShowOverallRatio(slot);
+    showing_.ShowOverallRatios();
     showing_.DrawSpeedBands();
   } else {
     showing_.ShowLockingPercent();
