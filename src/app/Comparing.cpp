@@ -91,14 +91,4 @@ std::string MainWindow::DifferenceText(const ControlDesign& design) const
   return edit::DifferenceText(car_.ComparedWith(), car_, *slot, globals_.Units);
 }
 
-int MainWindow::DifferenceCount() const
-{
-  int count = 0;
-  for (int slot = 0; slot < kSlotControls; ++slot) {
-    const auto* const value = form_.ValueOf(slot);
-    if (value != nullptr && value->marked) ++count;
-  }
-  return count;
-}
-
 }  // namespace velquist::app

@@ -80,6 +80,16 @@ const Control* MainForm::ValueOf(int slot) const noexcept
   return const_cast<MainForm*>(this)->ValueOf(slot);
 }
 
+int MainForm::DifferenceCount() const noexcept
+{
+  int count = 0;
+  for (int slot = 0; slot < kSlotControls; ++slot) {
+    const auto* const value = ValueOf(slot);
+    if (value != nullptr && value->marked) ++count;
+  }
+  return count;
+}
+
 std::optional<int> SlotOf(const ControlDesign& design)
 {
   if (design.name == "Combo1") return edit::SlotOfList(design.index);

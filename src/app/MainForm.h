@@ -185,6 +185,8 @@ struct MainForm : FormControls {
   /// The value label or list of a parameter slot; null where it has none.
   [[nodiscard]] Control* ValueOf(int slot) noexcept;
   [[nodiscard]] const Control* ValueOf(int slot) const noexcept;
+  /// How many values are marked.
+  [[nodiscard]] int DifferenceCount() const noexcept;
 
   /// Shown itself and every frame or menu around it.
   [[nodiscard]] bool IsShown(const Control& control) const noexcept;

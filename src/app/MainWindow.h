@@ -75,8 +75,6 @@ class MainWindow {
   /// What has become of a marked value, for its label or list and its step buttons: "was 90, now
   /// 110 (+20)"; empty where none is marked.
   [[nodiscard]] std::string DifferenceText(const ControlDesign& design) const;
-  /// How many values are marked.
-  [[nodiscard]] int DifferenceCount() const;
 
   [[nodiscard]] const MainForm& Form() const noexcept { return form_; }
   [[nodiscard]] const edit::CarSetup& Car() const noexcept { return car_; }

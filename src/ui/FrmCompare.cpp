@@ -199,7 +199,7 @@ void FrmCompare::ShowRows()
 
 void FrmCompare::ShowSummary()
 {
-  const int count = Program().DifferenceCount();
+  const int count = Program().Form().DifferenceCount();
   const wxString name = platform::FromText(app::ReferenceName(Program()));
   const wxString text = count == 0   ? "Nothing differs from " + name
                         : count == 1 ? "1 value differs from " + name
@@ -212,7 +212,7 @@ void FrmCompare::EnableButtons()
   auto* const focused = wxWindow::FindFocus();
   take_selected_->Enable(!SelectedSlots(false).empty());
   take_group_->Enable(!SelectedSlots(true).empty());
-  take_all_->Enable(Program().DifferenceCount() > 0);
+  take_all_->Enable(Program().Form().DifferenceCount() > 0);
   copy_->Enable(!lines_->Rows().empty());
   // A button that cannot be pressed any more must not keep the focus.
   if (focused != nullptr && IsDescendant(focused) && !focused->IsEnabled()) table_->SetFocus();

@@ -224,7 +224,7 @@ void FrmMain::ShowChanges()
     widget.BringInLine(form.IsShown(widget.Shown()));
     widget.Say(app::SpokenText(window_, widget.Design()), difference);
   }
-  count_->BringInLine(window_.DifferenceCount(), app::ReferenceName(window_));
+  count_->BringInLine(window_.Form().DifferenceCount(), app::ReferenceName(window_));
   ShowFile();
   menus_.BringInLine();
   for (auto* const chart : charts_) chart->BringInLine(window_.Car().SharedReference());

@@ -49,7 +49,7 @@ click MnuOpen
 TEST_F(Comparison, HasNoRowsWhileNothingDiffers)
 {
   EXPECT_TRUE(Rows().empty());
-  EXPECT_EQ(editor_.Window().DifferenceCount(), 0);
+  EXPECT_EQ(editor_.Window().Form().DifferenceCount(), 0);
 }
 
 TEST_F(Comparison, HasARowForEachValueThatDiffers)
@@ -57,7 +57,7 @@ TEST_F(Comparison, HasARowForEachValueThatDiffers)
   editor_.Play("click CmdInc(4)\nclick CmdInc(4)\nclick CmdInc(30)\n");
   const auto rows = Rows();
   ASSERT_EQ(rows.size(), 2U);
-  EXPECT_EQ(editor_.Window().DifferenceCount(), 2);
+  EXPECT_EQ(editor_.Window().Form().DifferenceCount(), 2);
   const auto fuel = editor_.Window().Form().Label1[30].text;
   EXPECT_EQ(rows[0],
             (ComparisonRow{4, "Front", "Left front wheel rate, lbs/in", "90", "100", "+10", true}));
@@ -174,7 +174,7 @@ TEST_F(Comparison, IsATableOfHtml)
 TEST_F(Comparison, ValuesAreTakenFromTheReferenceAsOneStep)
 {
   editor_.Play("click CmdInc(4)\nclick CmdInc(0)\nclick CmdInc(42)\n");
-  const auto marked = [&] { return editor_.Window().DifferenceCount(); };
+  const auto marked = [&] { return editor_.Window().Form().DifferenceCount(); };
   ASSERT_EQ(marked(), 3);
   const std::vector<int> two = {4, 42};
   const_cast<MainWindow&>(editor_.Window()).TakeFromReference(two);

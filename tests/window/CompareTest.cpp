@@ -93,7 +93,7 @@ TEST_F(Compare, TheCountOfDifferencesIsInTheStatusLineAndLeadsToTheWindow)
   Start();
   EXPECT_EQ(Count().GetLabel(), "No differences");
   editor.Play("click CmdInc(4)\n");
-  const auto marked = editor.Window().DifferenceCount();
+  const auto marked = editor.Window().Form().DifferenceCount();
   EXPECT_EQ(Count().GetLabel(),
             std::to_string(marked) + (marked == 1 ? " difference" : " differences"));
   editor.Play("click CmdInc(30)\nclick CmdInc(31)\n");
