@@ -6,8 +6,8 @@
 #include <array>
 #include <span>
 
-#include "app/PictureRecorder.h"
 #include "charts/EngineChart.h"
+#include "charts/PictureRecorder.h"
 #include "charts/SpeedBandsChart.h"
 #include "data/ChassisCatalogue.h"
 
@@ -35,9 +35,9 @@ charts::SpeedBands Bands(const Car& car, const data::EngineCurve& curve)
                                    false);
 }
 
-app::PictureRecorder Picture(double width, double height)
+charts::PictureRecorder Picture(double width, double height)
 {
-  app::PictureRecorder picture;
+  charts::PictureRecorder picture;
   picture.Resize(width, height);
   return picture;
 }

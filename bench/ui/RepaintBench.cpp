@@ -12,8 +12,8 @@
 #include <cstdio>
 #include <memory>
 
-#include "app/PictureRecorder.h"
 #include "charts/EngineChart.h"
+#include "charts/PictureRecorder.h"
 #include "charts/SpeedBandsChart.h"
 #include "data/EngineCurve.h"
 #include "ui/ChartPainting.h"
@@ -21,19 +21,19 @@
 namespace {
 
 using namespace velquist;
-using app::Primitive;
+using charts::Primitive;
 using data::ModYear;
 
 constexpr int kWidth = 600;
 constexpr int kHeight = 300;
 
-app::PictureRecorder SpeedBandsPicture()
+charts::PictureRecorder SpeedBandsPicture()
 {
   constexpr int kMaximumRpm = 11200;
   data::EngineCurve curve;
   data::ComputeEngineCurve(ModYear::k1967, 1, curve);
   const std::array<float, 6> ratios = {2.4F, 1.9F, 1.5F, 1.25F, 1.05F, 0.9F};
-  app::PictureRecorder picture;
+  charts::PictureRecorder picture;
   picture.Resize(kWidth, kHeight);
   charts::DrawSpeedBands(
       picture, ModYear::k1967,
@@ -41,17 +41,17 @@ app::PictureRecorder SpeedBandsPicture()
   return picture;
 }
 
-app::PictureRecorder EnginePicture()
+charts::PictureRecorder EnginePicture()
 {
   data::EngineCurve curve;
   data::ComputeEngineCurve(ModYear::k1967, 1, curve);
-  app::PictureRecorder picture;
+  charts::PictureRecorder picture;
   picture.Resize(kWidth, kHeight);
   charts::DrawEngineChart(picture, ModYear::k1967, curve, 11200);
   return picture;
 }
 
-void Repaint(benchmark::State& state, const app::PictureRecorder& picture)
+void Repaint(benchmark::State& state, const charts::PictureRecorder& picture)
 {
   wxBitmap bitmap(kWidth, kHeight);
   for (auto _ : state) {
@@ -66,7 +66,7 @@ wxColour Colour(const platform::Colour& colour)
 }
 
 /// The toolkit's own way of doing the same: pen, brush and font per call, nothing else.
-void DrawStraight(wxMemoryDC& dc, const app::PictureRecorder& picture)
+void DrawStraight(wxMemoryDC& dc, const charts::PictureRecorder& picture)
 {
   dc.SetBackground(*wxWHITE_BRUSH);
   dc.Clear();
@@ -95,7 +95,7 @@ void DrawStraight(wxMemoryDC& dc, const app::PictureRecorder& picture)
                   static_cast<int>(drawn.y1));
 }
 
-void Straight(benchmark::State& state, const app::PictureRecorder& picture)
+void Straight(benchmark::State& state, const charts::PictureRecorder& picture)
 {
   wxBitmap bitmap(kWidth, kHeight);
   for (auto _ : state) {

@@ -10,6 +10,7 @@
 #include "app/FormControlSettings.h"
 #include "data/ModYear.h"
 #include "edit/Display.h"
+#include "export/Markup.h"
 #include "platform/Paths.h"
 #include "setup/SlotNames.h"
 #include "setup/SlotTable.h"
@@ -52,20 +53,6 @@ std::string_view GroupOf(const MainForm& form, const ControlDesign& design)
 {
   const auto& frame = *form.Find(design.frame, design.frame_index)->design;
   return frame.caption.empty() ? frame.spoken : frame.caption;
-}
-
-std::string Escaped(std::string_view text)
-{
-  std::string html;
-  for (const char letter : text) {
-    switch (letter) {
-      case '&': html += "&amp;"; break;
-      case '<': html += "&lt;"; break;
-      case '>': html += "&gt;"; break;
-      default: html += letter;
-    }
-  }
-  return html;
 }
 
 }  // namespace
@@ -120,17 +107,18 @@ std::string ComparisonText(std::span<const ComparisonRow> rows, std::string_view
 
 std::string ComparisonHtml(std::span<const ComparisonRow> rows, std::string_view reference_name)
 {
-  std::string html = "<table>\n<caption>Compared with " + Escaped(reference_name) +
+  std::string html = "<table>\n<caption>Compared with " + text_export::Escaped(reference_name) +
                      "</caption>\n<thead><tr><th>Parameter</th><th>Reference</th><th>Now</th>"
                      "<th>Difference</th></tr></thead>\n<tbody>\n";
   std::string_view group;
   for (const auto& row : rows) {
     if (row.group != group)
-      html += "<tr><th colspan=\"4\" align=\"left\">" + Escaped(row.group) + "</th></tr>\n";
+      html += "<tr><th colspan=\"4\" align=\"left\">" + text_export::Escaped(row.group) +
+              "</th></tr>\n";
     group = row.group;
-    html += "<tr><td>" + Escaped(row.parameter) + "</td>";
+    html += "<tr><td>" + text_export::Escaped(row.parameter) + "</td>";
     for (const auto* const cell : {&row.reference, &row.now, &row.added})
-      html += "<td align=\"right\">" + Escaped(*cell) + "</td>";
+      html += "<td align=\"right\">" + text_export::Escaped(*cell) + "</td>";
     html += "</tr>\n";
   }
   return html + "</tbody>\n</table>\n";

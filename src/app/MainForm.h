@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/PictureRecorder.h"
+#include "charts/PictureRecorder.h"
 
 namespace velquist::app {
 
@@ -78,11 +78,11 @@ struct ControlDesign {
       false;  ///< a long text loses its middle and is whole in the window's tool tip for it
 
   Shape shape = Shape::kOfKind;
-  PictureRecorder MainForm::*chart = nullptr;  ///< of a chart
+  charts::PictureRecorder MainForm::*chart = nullptr;  ///< of a chart
   /// Of a chart: what it shows at a place in its box, pixels.
   std::string (MainWindow::*reading)(double x, double y) const = nullptr;
   /// Of a chart: the same of the reference; nothing drawn where both are the same.
-  PictureRecorder (MainWindow::*reference)() const = nullptr;
+  charts::PictureRecorder (MainWindow::*reference)() const = nullptr;
 
   /// The control itself.
   [[nodiscard]] Control& In(MainForm& form) const noexcept;
@@ -171,9 +171,9 @@ struct MainForm : FormControls {
   SideWindowState gearing;  ///< what the gears make of the engine
 
   // What is drawn in the picture boxes.
-  PictureRecorder chart;    ///< in PictureChart
-  PictureRecorder chart2;   ///< in PictureChart2
-  std::string car_picture;  ///< path of the picture in GEMPic1, empty for the built-in one
+  charts::PictureRecorder chart;   ///< in PictureChart
+  charts::PictureRecorder chart2;  ///< in PictureChart2
+  std::string car_picture;         ///< path of the picture in GEMPic1, empty for the built-in one
 
   /// Every control captioned and placed as at a screen of 1280 x 1024.
   MainForm();

@@ -65,8 +65,8 @@ class MainWindow {
   [[nodiscard]] std::string PictureChart2_Comparison(double x, double y) const;
   /// The charts of the reference's engine and gears, on the axes of the current ones and of their
   /// size; nothing is drawn where both are the same.
-  [[nodiscard]] PictureRecorder ReferenceOfPictureChart() const;
-  [[nodiscard]] PictureRecorder ReferenceOfPictureChart2() const;
+  [[nodiscard]] charts::PictureRecorder ReferenceOfPictureChart() const;
+  [[nodiscard]] charts::PictureRecorder ReferenceOfPictureChart2() const;
 
   /// The path that Save writes to; the file name alone for a default setup, which it refuses.
   [[nodiscard]] std::string SavePath() const;

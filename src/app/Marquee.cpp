@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-#include "app/PictureRecorder.h"
 #include "app/Quotations.h"
+#include "charts/PictureRecorder.h"
 
 namespace velquist::app {
 namespace {
@@ -56,7 +56,7 @@ void Marquee::Resized(int width_before)
 void Marquee::Place()
 {
   Control& label = form_.LblMarquee;
-  PictureRecorder measure;
+  charts::PictureRecorder measure;
   measure.SetLetterHeight(label.font_size);
   label.place.left = form_.Picture1.place.left + state_.left / kUnitsPerPixel;
   label.place.width = static_cast<int>(std::ceil(measure.Extent(label.text).width)) + 2;

@@ -50,14 +50,14 @@ Engine ReferenceEngine(const edit::CarSetup& car, const Globals& globals)
   return engine;
 }
 
-std::string ReadChart(const PictureRecorder& chart, data::ModYear year,
+std::string ReadChart(const charts::PictureRecorder& chart, data::ModYear year,
                       const data::EngineCurve& curve, double x, double y)
 {
   return charts::ReadEngineChart(chart.Width(), chart.Height(), year, curve, x, y);
 }
 
-std::string ReadChart2(const PictureRecorder& chart, const charts::SpeedBands& bands, double x,
-                       double y)
+std::string ReadChart2(const charts::PictureRecorder& chart, const charts::SpeedBands& bands,
+                       double x, double y)
 {
   return charts::ReadSpeedBands(chart.Width(), chart.Height(), bands, x, y);
 }
@@ -87,20 +87,20 @@ std::string MainWindow::PictureChart2_Comparison(double x, double y) const
                        ReadChart2(form_.chart2, ReferenceEngine(car_, globals_).bands, x, y));
 }
 
-PictureRecorder MainWindow::ReferenceOfPictureChart() const
+charts::PictureRecorder MainWindow::ReferenceOfPictureChart() const
 {
   const auto engine = ReferenceEngine(car_, globals_);
-  PictureRecorder picture;
+  charts::PictureRecorder picture;
   picture.Resize(form_.chart.Width(), form_.chart.Height());
   if (engine.curve != globals_.curve || engine.bands.maximum_rpm != globals_.bands.maximum_rpm)
     charts::DrawEngineChart(picture, car_.ModYearIndex(), engine.curve, engine.bands.maximum_rpm);
   return picture;
 }
 
-PictureRecorder MainWindow::ReferenceOfPictureChart2() const
+charts::PictureRecorder MainWindow::ReferenceOfPictureChart2() const
 {
   const auto engine = ReferenceEngine(car_, globals_);
-  PictureRecorder picture;
+  charts::PictureRecorder picture;
   picture.Resize(form_.chart2.Width(), form_.chart2.Height());
   if (engine.bands != globals_.bands)
     charts::DrawSpeedBands(picture, car_.ModYearIndex(), engine.bands);

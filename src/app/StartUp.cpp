@@ -133,7 +133,7 @@ void MainWindow::Form_Load(std::string_view command_line)
 /// Sizes the chart pictures after their boxes and draws them anew.
 void MainWindow::LayOut()
 {
-  const auto resize = [](PictureRecorder& picture, const Control& box) {
+  const auto resize = [](charts::PictureRecorder& picture, const Control& box) {
     picture.Resize(box.place.width, box.place.height);
   };
   resize(form_.chart, form_.PictureChart);

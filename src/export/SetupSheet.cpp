@@ -11,7 +11,8 @@
 #include "edit/Display.h"
 #include "edit/Drivetrain.h"
 #include "export/CarGearing.h"
-#include "export/SvgSurface.h"
+#include "export/Markup.h"
+#include "export/PictureSvg.h"
 #include "export/ValueGroups.h"
 #include "export/Values.h"
 #include "setup/SlotNames.h"
@@ -116,13 +117,16 @@ std::string GearTable(const edit::CarSetup& car, const CarGearing& made)
 
 std::string Charts(const edit::CarSetup& car, const CarGearing& made)
 {
-  SvgSurface engine(kChartWidth, kChartHeight);
+  charts::PictureRecorder engine;
+  engine.Resize(kChartWidth, kChartHeight);
   charts::DrawEngineChart(engine, car.ModYearIndex(), made.curve, made.gearing.maximum_rpm);
-  SvgSurface bands(kChartWidth, kChartHeight);
+  charts::PictureRecorder bands;
+  bands.Resize(kChartWidth, kChartHeight);
   charts::DrawSpeedBands(bands, car.ModYearIndex(), made.bands);
-  return Pair(Element("h2", "Torque and power") + "\n" + engine.Element("Torque and power by rpm"),
-              Element("h2", "90% speed bands") + "\n" +
-                  bands.Element("Speeds at which each gear gives 90% of torque and power"));
+  return Pair(
+      Element("h2", "Torque and power") + "\n" + SvgElement(engine, "Torque and power by rpm"),
+      Element("h2", "90% speed bands") + "\n" +
+          SvgElement(bands, "Speeds at which each gear gives 90% of torque and power"));
 }
 
 std::string DifferencesFrom(const edit::Reference& reference, const edit::CarSetup& car,

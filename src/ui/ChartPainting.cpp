@@ -16,7 +16,7 @@
 namespace velquist::ui {
 namespace {
 
-using app::Primitive;
+using charts::Primitive;
 
 constexpr char kFace[] = "Arial";
 
@@ -104,7 +104,7 @@ std::size_t DrawCurve(wxGraphicsContext& context, const std::vector<Primitive>& 
   path.MoveToPoint(drawn[first].x1, drawn[first].y1);
   path.AddLineToPoint(drawn[first].x2, drawn[first].y2);
   std::size_t last = first;
-  for (; last + 1 < drawn.size() && app::GoesOn(drawn[last], drawn[last + 1]); ++last)
+  for (; last + 1 < drawn.size() && charts::GoesOn(drawn[last], drawn[last + 1]); ++last)
     path.AddLineToPoint(drawn[last + 1].x2, drawn[last + 1].y2);
   context.SetPen(context.CreatePen(wxGraphicsPenInfo(ToWx(drawn[first].colour))
                                        .Width(drawn[first].width)
@@ -137,7 +137,7 @@ void DrawShapes(wxGraphicsContext& context, const std::vector<Primitive>& drawn)
         if (drawn[i].style == platform::LineStyle::kDotted)
           DrawDottedLine(context, drawn[i]);
         else if (IsAlongPixels(drawn[i]) &&
-                 !(i + 1 < drawn.size() && app::GoesOn(drawn[i], drawn[i + 1])))
+                 !(i + 1 < drawn.size() && charts::GoesOn(drawn[i], drawn[i + 1])))
           DrawStraightLine(context, drawn[i]);
         else
           i = DrawCurve(context, drawn, i);
@@ -196,8 +196,8 @@ void DrawTexts(wxDC& dc, const std::vector<Primitive>& drawn)
 
 }  // namespace
 
-void DrawPicture(wxMemoryDC& dc, const app::PictureRecorder& picture,
-                 const app::PictureRecorder& outlined)
+void DrawPicture(wxMemoryDC& dc, const charts::PictureRecorder& picture,
+                 const charts::PictureRecorder& outlined)
 {
   dc.SetBackground(wxBrush(ToWx(picture.Background())));
   dc.Clear();

@@ -9,7 +9,7 @@
 #include <string>
 #include <utility>
 
-#include "app/PictureSvg.h"
+#include "export/PictureSvg.h"
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/WxText.h"
 #include "ui/Clipboard.h"
@@ -151,7 +151,7 @@ wxSizer* FrmGearing::MakeButtons(wxPanel* panel)
       [this] { CopyPicture(ShownChart().Painted()); });
   add(MakeButton(panel, "CopySvg", "Copy S&VG", "",
                  "Copy the chart as a drawing that scales (SVG)"),
-      [this] { CopySvg(app::SvgOf(ShownChart().Recorded(), "Velquist Gearing")); });
+      [this] { CopySvg(text_export::SvgDocument(ShownChart().Recorded(), "Velquist Gearing")); });
   add(MakeButton(panel, "CloseButton", "C&lose", "", "Close this window (Escape)"),
       [this] { Close(); });
   return row;

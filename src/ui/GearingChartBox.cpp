@@ -55,7 +55,7 @@ void GearingChartBox::ShowCursor(double speed)
   Refresh(false);
 }
 
-const app::PictureRecorder& GearingChartBox::Recorded()
+const charts::PictureRecorder& GearingChartBox::Recorded()
 {
   const wxSize size = GetClientSize();
   if (is_recorded_ &&

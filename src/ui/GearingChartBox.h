@@ -9,7 +9,7 @@
 #include <string>
 
 #include "app/GearingTable.h"
-#include "app/PictureRecorder.h"
+#include "charts/PictureRecorder.h"
 
 namespace velquist::ui {
 
@@ -27,7 +27,7 @@ class GearingChartBox final : public wxWindow {
   void ShowCursor(double speed);
 
   /// The picture as recorded for the size of the box.
-  [[nodiscard]] const app::PictureRecorder& Recorded();
+  [[nodiscard]] const charts::PictureRecorder& Recorded();
   [[nodiscard]] wxBitmap Painted();
 
   /// What stands beside the pointer, else at the cursor while the box has the focus; else empty.
@@ -44,7 +44,7 @@ class GearingChartBox final : public wxWindow {
   app::GearingChart chart_;
   Moved moved_;
   const app::GearingView* view_ = nullptr;
-  app::PictureRecorder recorded_;
+  charts::PictureRecorder recorded_;
   bool is_recorded_ = false;  ///< for the size that the box has had
   wxBitmap painted_;          ///< what is recorded; none where it is to be painted anew
   double cursor_ = 0;

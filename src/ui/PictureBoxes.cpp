@@ -32,7 +32,7 @@ wxBitmap Fitted(const wxImage& image, wxSize box, double scale)
 }  // namespace
 
 ChartBox::ChartBox(wxWindow* parent, wxWindowID id, const wxString& name,
-                   const app::PictureRecorder& picture, Read read, Outline outline)
+                   const charts::PictureRecorder& picture, Read read, Outline outline)
     : wxWindow(parent, id, wxDefaultPosition, wxSize(1, 1), wxFULL_REPAINT_ON_RESIZE, name),
       picture_(picture),
       read_(std::move(read)),

@@ -11,7 +11,7 @@
 #include <string>
 
 #include "app/MainForm.h"
-#include "app/PictureRecorder.h"
+#include "charts/PictureRecorder.h"
 #include "platform_wx/WxPictureLoader.h"
 
 namespace velquist::ui {
@@ -24,10 +24,10 @@ class ChartBox final : public wxWindow {
   using Read = std::function<std::string(double x, double y)>;
 
   /// The picture of the reference.
-  using Outline = std::function<app::PictureRecorder()>;
+  using Outline = std::function<charts::PictureRecorder()>;
 
   ChartBox(wxWindow* parent, wxWindowID id, const wxString& name,
-           const app::PictureRecorder& picture, Read read, Outline outline);
+           const charts::PictureRecorder& picture, Read read, Outline outline);
 
   /// Repaints when there is another picture than the one painted last, or another reference.
   void BringInLine(const std::shared_ptr<const void>& reference);
@@ -41,10 +41,10 @@ class ChartBox final : public wxWindow {
   void OnPaint();
   void OnPointer(std::optional<wxPoint> pointer);
 
-  const app::PictureRecorder& picture_;
+  const charts::PictureRecorder& picture_;
   Read read_;
   Outline outline_;
-  app::PictureRecorder outlines_;
+  charts::PictureRecorder outlines_;
   std::shared_ptr<const void> reference_;  ///< that they are of
   unsigned outlined_ = 0;                  ///< version of the picture that they are for
   unsigned version_ = 0;                   ///< of the picture painted last

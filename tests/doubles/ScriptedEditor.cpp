@@ -94,7 +94,7 @@ void Show(std::ostream& out, const app::Control& control)
   out << '\n';
 }
 
-void Show(std::ostream& out, const app::PictureRecorder& chart)
+void Show(std::ostream& out, const charts::PictureRecorder& chart)
 {
   out << "chart " << Shortest(chart.Width()) << ' ' << Shortest(chart.Height()) << '\n';
   for (const auto& drawn : chart.Drawn()) {

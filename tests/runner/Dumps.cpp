@@ -17,7 +17,7 @@ namespace velquist::runner {
 namespace {
 
 using app::ControlKind;
-using app::Primitive;
+using charts::Primitive;
 
 const app::Globals& StateOf(const Play& play)
 {

@@ -218,7 +218,7 @@ Step ExpectChart(WordReader& words)
     const auto& form = play.driver.Window().Form();
     std::string others;
     for (const auto& drawn : (second ? form.chart2 : form.chart).Drawn()) {
-      if (drawn.kind != app::Primitive::Kind::kText) continue;
+      if (drawn.kind != charts::Primitive::Kind::kText) continue;
       if (drawn.text == text) return;
       others += " " + Quoted(drawn.text);
     }

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/PictureRecorder.h"
+#include "charts/PictureRecorder.h"
 
 namespace velquist::platform {
 
@@ -23,7 +23,7 @@ inline std::ostream& operator<<(std::ostream& out, Colour colour)
 /// What chart tests look for among the primitives of a recorded picture.
 namespace velquist::testing {
 
-using app::Primitive;
+using charts::Primitive;
 
 struct PictureSize {
   int width;
@@ -35,7 +35,7 @@ inline constexpr PictureSize kPictureSizes[] = {
     {240, 110}, {222, 128}, {375, 155}, {356, 218}, {600, 264}, {1125, 557}, {2400, 1100},
 };
 
-inline std::vector<Primitive> Having(const app::PictureRecorder& picture, Primitive::Kind kind)
+inline std::vector<Primitive> Having(const charts::PictureRecorder& picture, Primitive::Kind kind)
 {
   std::vector<Primitive> found;
   std::ranges::copy_if(picture.Drawn(), std::back_inserter(found),
@@ -43,7 +43,7 @@ inline std::vector<Primitive> Having(const app::PictureRecorder& picture, Primit
   return found;
 }
 
-inline std::vector<Primitive> Having(const app::PictureRecorder& picture, Primitive::Kind kind,
+inline std::vector<Primitive> Having(const charts::PictureRecorder& picture, Primitive::Kind kind,
                                      platform::Colour colour)
 {
   auto found = Having(picture, kind);
@@ -51,7 +51,7 @@ inline std::vector<Primitive> Having(const app::PictureRecorder& picture, Primit
   return found;
 }
 
-inline std::vector<Primitive> Lines(const app::PictureRecorder& picture, platform::Colour colour,
+inline std::vector<Primitive> Lines(const charts::PictureRecorder& picture, platform::Colour colour,
                                     platform::LineStyle style)
 {
   auto found = Having(picture, Primitive::Kind::kLine, colour);
@@ -59,7 +59,7 @@ inline std::vector<Primitive> Lines(const app::PictureRecorder& picture, platfor
   return found;
 }
 
-inline std::vector<std::string> Texts(const app::PictureRecorder& picture)
+inline std::vector<std::string> Texts(const charts::PictureRecorder& picture)
 {
   std::vector<std::string> texts;
   for (const auto& drawn : Having(picture, Primitive::Kind::kText)) texts.push_back(drawn.text);
@@ -91,7 +91,7 @@ inline bool Overlap(const Area& a, const Area& b)
 }
 
 /// The texts that are not whole within the picture, and the pairs that overlap.
-inline std::vector<std::string> TextFaults(const app::PictureRecorder& picture)
+inline std::vector<std::string> TextFaults(const charts::PictureRecorder& picture)
 {
   std::vector<std::string> faults;
   const auto texts = Having(picture, Primitive::Kind::kText);

@@ -12,7 +12,6 @@
 namespace velquist::charts {
 namespace {
 
-using app::PictureRecorder;
 using data::EngineCurve;
 using platform::LineStyle;
 using testing::Having;

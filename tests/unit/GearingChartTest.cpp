@@ -8,14 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "app/PictureRecorder.h"
-#include "app/PictureSvg.h"
+#include "charts/PictureRecorder.h"
+#include "export/PictureSvg.h"
 
 namespace velquist::charts {
 namespace {
-
-using app::PictureRecorder;
-using app::Primitive;
 
 /// 300 lb-ft everywhere: each gear is taken to 9000 rpm.
 GearingPicture Picture(const std::vector<float>& ratios = {2.5F, 2.0F, 1.5F}, bool metric = false)
@@ -227,31 +224,10 @@ TEST(GearingChart, RoundAxesHoldTheirValueInFewDivisions)
   EXPECT_EQ(RoundAxis(200, 13, 20).divisions, 10);
 }
 
-TEST(PictureSvg, HoldsWhatWasDrawn)
-{
-  PictureRecorder surface;
-  surface.Resize(200, 100);
-  surface.Clear({255, 255, 255});
-  surface.Line(1, 2, 3.5, 4, {255, 0, 0}, 2, platform::LineStyle::kSolid);
-  surface.Line(3.5, 4, 5, 6, {255, 0, 0}, 2, platform::LineStyle::kSolid);
-  surface.Line(0, 0, 0, 9, {0, 0, 0}, 1, platform::LineStyle::kDotted);
-  surface.Box(10, 20, 30, 50, {0, 0, 0}, platform::Colour{1, 2, 3});
-  surface.Dot(7, 8, {0, 0, 0});
-  surface.SetLetterHeight(10);
-  surface.Text(5, 5, "a < b & \"c\"");
-  const auto svg = app::SvgOf(surface, "Thrust & speed");
-  for (const char* const part :
-       {"width=\"200\" height=\"100\"", "<title>Thrust &amp; speed</title>",
-        "points=\"1,2 3.5,4 5,6\"", "stroke-width=\"2\"", "stroke-dasharray",
-        "x=\"10\" y=\"20\" width=\"20\" height=\"30\" fill=\"rgb(1,2,3)\"", "x=\"7\" y=\"8\"",
-        "y=\"14.05\" font-size=\"10\"", ">a &lt; b &amp; &quot;c&quot;</text>", "</svg>"})
-    EXPECT_NE(svg.find(part), std::string::npos) << part << "\n" << svg;
-}
-
 TEST(PictureSvg, HasOneElementForEachTextOfAChart)
 {
   const auto surface = Drawn(DrawThrust, Picture());
-  const auto svg = app::SvgOf(surface, "Gearing");
+  const auto svg = text_export::SvgDocument(surface, "Gearing");
   std::size_t texts = 0;
   for (auto at = svg.find("<text"); at != std::string::npos; at = svg.find("<text", at + 1))
     ++texts;

@@ -11,7 +11,7 @@
 #include "ScriptedEditor.h"
 #include "app/FormControlSettings.h"
 #include "app/MainForm.h"
-#include "app/PictureRecorder.h"
+#include "charts/PictureRecorder.h"
 
 namespace velquist::app {
 namespace {
@@ -60,7 +60,7 @@ bool Overlap(const Place& a, const Place& b)
 
 platform::TextExtent ExtentOf(const std::string& text, int font_size)
 {
-  PictureRecorder measure;
+  charts::PictureRecorder measure;
   measure.SetLetterHeight(font_size);
   return measure.Extent(text);
 }

@@ -95,7 +95,7 @@ TEST_F(Marquee, MovesByOnePixelWheneverItIsDue)
 
 TEST_F(Marquee, IsWideEnoughForItsText)
 {
-  PictureRecorder measure;
+  charts::PictureRecorder measure;
   measure.SetLetterHeight(Label().font_size);
   EXPECT_GE(Label().place.width, measure.Extent(Label().text).width);
 }

@@ -24,7 +24,7 @@ class ReferenceCharts : public ::testing::Test {
     return !editor_.Window().ReferenceOfPictureChart2().Drawn().empty();
   }
   /// The ends of the torque bands, pixels.
-  [[nodiscard]] static std::vector<double> Bands(const app::PictureRecorder& picture)
+  [[nodiscard]] static std::vector<double> Bands(const charts::PictureRecorder& picture)
   {
     std::vector<double> ends;
     for (const auto& box : Having(picture, Primitive::Kind::kBox, charts::kBlue)) {

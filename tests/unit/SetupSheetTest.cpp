@@ -9,7 +9,6 @@
 
 #include "edit/CarSetup.h"
 #include "edit/Display.h"
-#include "export/SvgSurface.h"
 #include "platform/HostFileSystem.h"
 #include "platform/SystemFiles.h"
 #include "runner/SourceDirectory.h"
@@ -38,37 +37,6 @@ std::size_t Count(std::string_view text, std::string_view part)
   for (auto at = text.find(part); at != std::string_view::npos; at = text.find(part, at + 1))
     ++count;
   return count;
-}
-
-TEST(SvgSurface, EscapesWhatMarksUpAndWhatAPageCannotHold)
-{
-  EXPECT_EQ(Escaped("a<b>&\"c\""), "a&lt;b&gt;&amp;&quot;c&quot;");
-  EXPECT_EQ(Escaped("M\xC3\xBCnchen"), "M\xC3\xBCnchen");
-  EXPECT_EQ(Escaped("M\xFCnchen"), "M\xC3\xBCnchen") << "as in Windows-1252";
-  EXPECT_EQ(Escaped("\x01"), "\xEF\xBF\xBD");
-}
-
-TEST(SvgSurface, DrawsEachPrimitiveAsAnElement)
-{
-  SvgSurface surface(100, 50);
-  surface.Clear({255, 255, 255});
-  surface.Line(0, 1.005, 10, 20, {0, 0, 128}, 1, platform::LineStyle::kDotted);
-  surface.Box(1, 2, 3, 5, {255, 0, 0}, std::nullopt);
-  surface.SetLetterHeight(10);
-  surface.Text(5, 0, "<1");
-  const auto element = surface.Element("both & more");
-  EXPECT_NE(element.find("viewBox=\"0 0 100 50\""), std::string::npos) << element;
-  EXPECT_NE(element.find("<title>both &amp; more</title>"), std::string::npos) << element;
-  EXPECT_NE(element.find("stroke=\"#000080\" stroke-width=\"1\" stroke-dasharray"),
-            std::string::npos)
-      << element;
-  EXPECT_NE(element.find("<rect x=\"1\" y=\"2\" width=\"2\" height=\"3\" stroke=\"#ff0000\" "
-                         "fill=\"none\"/>"),
-            std::string::npos)
-      << element;
-  EXPECT_NE(element.find(">&lt;1</text>"), std::string::npos) << element;
-  surface.Clear({255, 255, 255});
-  EXPECT_EQ(surface.Element("").find("<line"), std::string::npos) << "all is dropped";
 }
 
 TEST(SetupSheet, HasEveryPart)

@@ -12,7 +12,6 @@
 namespace velquist::charts {
 namespace {
 
-using app::PictureRecorder;
 using platform::LineStyle;
 using testing::Having;
 using testing::Lines;

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "app/PictureSvg.h"
+#include "export/PictureSvg.h"
 
 #include <array>
 #include <charconv>
 #include <cmath>
 
-namespace velquist::app {
+#include "export/Markup.h"
+
+namespace velquist::text_export {
 namespace {
 
+using charts::Primitive;
 using platform::Colour;
 
 /// Up to two decimals, whatever the locale.
@@ -38,21 +41,6 @@ std::string ColourText(Colour colour)
          std::to_string(colour.blue) + ")";
 }
 
-std::string Escaped(std::string_view text)
-{
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-      case '&': escaped += "&amp;"; break;
-      case '<': escaped += "&lt;"; break;
-      case '>': escaped += "&gt;"; break;
-      case '"': escaped += "&quot;"; break;
-      default: escaped += c;
-    }
-  }
-  return escaped;
-}
-
 std::string Point(double x, double y)
 {
   return Number(x) + "," + Number(y);
@@ -63,7 +51,7 @@ std::string LineElement(const std::vector<Primitive>& drawn, std::size_t& first)
 {
   const auto& line = drawn[first];
   auto points = Point(line.x1, line.y1) + " " + Point(line.x2, line.y2);
-  for (; first + 1 < drawn.size() && GoesOn(drawn[first], drawn[first + 1]); ++first)
+  for (; first + 1 < drawn.size() && charts::GoesOn(drawn[first], drawn[first + 1]); ++first)
     points += " " + Point(drawn[first + 1].x2, drawn[first + 1].y2);
   return "<polyline" + Attribute("points", points) + Attribute("fill", "none") +
          Attribute("stroke", ColourText(line.colour)) + Attribute("stroke-width", line.width) +
@@ -90,7 +78,7 @@ std::string DotElement(const Primitive& dot)
 std::string TextElement(const Primitive& text)
 {
   return "<text" + Attribute("x", text.x1) +
-         Attribute("y", text.y1 + kBaseline * text.letter_height) +
+         Attribute("y", text.y1 + charts::kBaseline * text.letter_height) +
          Attribute("font-size", text.letter_height) + Attribute("textLength", text.x2 - text.x1) +
          Attribute("lengthAdjust", "spacingAndGlyphs") +
          Attribute("fill", ColourText(text.colour)) + ">" + Escaped(text.text) + "</text>\n";
@@ -98,11 +86,11 @@ std::string TextElement(const Primitive& text)
 
 }  // namespace
 
-std::string SvgOf(const PictureRecorder& picture, std::string_view title)
+std::string SvgElement(const charts::PictureRecorder& picture, std::string_view title)
 {
   const auto size = Attribute("width", picture.Width()) + Attribute("height", picture.Height());
   std::string svg =
-      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\"" +
+      "<svg xmlns=\"http://www.w3.org/2000/svg\" role=\"img\"" +
       size +
       Attribute("viewBox", "0 0 " + Number(picture.Width()) + " " + Number(picture.Height())) +
       Attribute("font-family", "Arial, Liberation Sans, Helvetica, sans-serif") + ">\n<title>" +
@@ -120,4 +108,9 @@ std::string SvgOf(const PictureRecorder& picture, std::string_view title)
   return svg + "</svg>\n";
 }
 
-}  // namespace velquist::app
+std::string SvgDocument(const charts::PictureRecorder& picture, std::string_view title)
+{
+  return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + SvgElement(picture, title);
+}
+
+}  // namespace velquist::text_export

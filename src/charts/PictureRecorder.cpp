@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "app/PictureRecorder.h"
+#include "charts/PictureRecorder.h"
 
 #include <array>
 
-namespace velquist::app {
+namespace velquist::charts {
 namespace {
 
 /// Advance widths of Arial's characters 32 to 126, in 1/2048 of the letter height.
@@ -115,4 +115,4 @@ platform::TextExtent PictureRecorder::Extent(std::string_view text) const
           letter_height_ * (kBaseline - kCapitalHeight), letter_height_ * kBaseline};
 }
 
-}  // namespace velquist::app
+}  // namespace velquist::charts

@@ -7,7 +7,7 @@
 
 #include "platform/PictureSurface.h"
 
-namespace velquist::app {
+namespace velquist::charts {
 
 /// One thing drawn on a picture box.
 struct Primitive {
@@ -63,4 +63,4 @@ class PictureRecorder final : public platform::PictureSurface {
   unsigned version_ = 0;
 };
 
-}  // namespace velquist::app
+}  // namespace velquist::charts
