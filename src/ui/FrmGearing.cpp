@@ -176,6 +176,9 @@ void FrmGearing::OnKey(wxKeyEvent& event)
     StepGear("CmdInc");
   } else if (with == wxMOD_NONE && (key == '-' || key == WXK_NUMPAD_SUBTRACT)) {
     StepGear("CmdDec");
+  } else if (with == wxMOD_NONE && (key == WXK_LEFT || key == WXK_RIGHT) && table_->HasFocus()) {
+    // Which has nothing to do with them itself.
+    MoveCursor(cursor_ + (key == WXK_LEFT ? -1 : 1));
   } else {
     event.Skip();
   }

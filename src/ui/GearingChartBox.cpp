@@ -104,7 +104,7 @@ std::string GearingChartBox::Reading() const
 {
   const auto pointed = PointedSpeed();
   if (view_ == nullptr || !(pointed || HasFocus())) return {};
-  return app::ReadingText(*view_, pointed.value_or(cursor_), "\n");
+  return app::ReadingText(*view_, pointed.value_or(Cursor()), "\n");
 }
 
 void GearingChartBox::OnPaint()
@@ -121,9 +121,11 @@ void GearingChartBox::OnPaint()
     const int at = static_cast<int>(std::lround(x));
     paint.DrawLine(at, static_cast<int>(box.top) + 1, at, static_cast<int>(box.bottom));
   };
-  if (HasFocus()) {
+  if (HasFocus() || cursor_) {
     paint.SetPen(wxPen(*wxBLACK, 1));
-    line_at(charts::PixelOfSpeed(box, view_->picture, cursor_));
+    line_at(charts::PixelOfSpeed(box, view_->picture, Cursor()));
+  }
+  if (HasFocus()) {
     paint.SetBrush(*wxTRANSPARENT_BRUSH);
     paint.SetPen(wxPen(kFocusColour, 2));
     paint.DrawRectangle(wxRect(size).Deflate(1, 1));
@@ -146,10 +148,10 @@ void GearingChartBox::OnKey(wxKeyEvent& event)
   const double end = charts::SpeedAxis(view_->picture).maximum;
   const double step = event.ControlDown() || event.ShiftDown() ? kLargeStep : kStep;
   switch (event.GetKeyCode()) {
-    case WXK_LEFT: moved_(cursor_ - step); break;
-    case WXK_RIGHT: moved_(cursor_ + step); break;
-    case WXK_PAGEUP: moved_(cursor_ + kLargeStep); break;
-    case WXK_PAGEDOWN: moved_(cursor_ - kLargeStep); break;
+    case WXK_LEFT: moved_(Cursor() - step); break;
+    case WXK_RIGHT: moved_(Cursor() + step); break;
+    case WXK_PAGEUP: moved_(Cursor() + kLargeStep); break;
+    case WXK_PAGEDOWN: moved_(Cursor() - kLargeStep); break;
     case WXK_HOME: moved_(0); break;
     case WXK_END: moved_(end); break;
     case WXK_TAB:

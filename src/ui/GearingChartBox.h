@@ -35,6 +35,8 @@ class GearingChartBox final : public wxWindow {
 
  private:
   [[nodiscard]] charts::PlotBox Plot() const;
+  /// The road speed that the cursor is at.
+  [[nodiscard]] double Cursor() const noexcept { return cursor_.value_or(0); }
   /// The road speed that the pointer is at.
   [[nodiscard]] std::optional<double> PointedSpeed() const;
   void OnPaint();
@@ -45,9 +47,9 @@ class GearingChartBox final : public wxWindow {
   Moved moved_;
   const app::GearingView* view_ = nullptr;
   charts::PictureRecorder recorded_;
-  bool is_recorded_ = false;  ///< for the size that the box has had
-  wxBitmap painted_;          ///< what is recorded; none where it is to be painted anew
-  double cursor_ = 0;
+  bool is_recorded_ = false;      ///< for the size that the box has had
+  wxBitmap painted_;              ///< what is recorded; none where it is to be painted anew
+  std::optional<double> cursor_;  ///< where it was moved to
   std::optional<wxPoint> pointer_;
 };
 

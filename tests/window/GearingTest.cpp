@@ -166,6 +166,19 @@ TEST_F(GearingWindow, ArrowKeysMoveTheCursorAndTheReadingIsShown)
   EXPECT_EQ(Reading(), "220 mph");
 }
 
+TEST_F(GearingWindow, ArrowKeysMoveTheCursorFromTheTableToo)
+{
+  StartWithGearing();
+  ASSERT_TRUE(WaitUntil([] { return Table().HasFocus(); }));
+  for (int i = 0; i < 3; ++i) Press(WXK_RIGHT);
+  EXPECT_TRUE(Reading().starts_with("3 mph")) << Reading();
+  Press(WXK_LEFT);
+  EXPECT_TRUE(Reading().starts_with("2 mph")) << Reading();
+  EXPECT_EQ(Table().GetSelectedRow(), 0);
+  Press(WXK_DOWN);
+  EXPECT_EQ(Table().GetSelectedRow(), 1);
+}
+
 TEST_F(GearingWindow, ScreenReadersAreToldWhatEachPartIsAndWhatTheCursorSays)
 {
   StartWithGearing();
