@@ -10,6 +10,11 @@
 
 namespace velquist::app {
 
+// Titles of the forms.
+inline constexpr char kModYearTitle[] = "Mod Year Selection";
+inline constexpr char kInstallDeleteTitle[] = "Delete GPL Installation";
+inline constexpr char kHelpTitle[] = "Velquist Help";
+
 /// The two mod year questions; each offers the buttons "1965", "1966", "1967" and "1969".
 enum class ModYearForm { kFrmModYear1, kFrmModYear2 };
 

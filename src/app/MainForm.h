@@ -141,7 +141,7 @@ struct FormControls {
   Control Picture1;       ///< box of the marquee
   Control LblMarquee;
 
-  Control MnuFile, MnuNew, MnuOpen, MnuSave, MnuSaveAs, MnuRevert, MnuExport, MnuExit;
+  Control MnuFile, MnuNew, MnuOpen, MnuSave, MnuSaveAs, MnuRevert, MnuExport, MnuSheet, MnuExit;
   Control MnuEdit, MnuUndo, MnuRedo, MnuCompare, MnuReference, MnuReferenceLoaded,
       MnuReferenceDefault, MnuReferenceFile;
   Control MnuTools, MnuImportChassis, MnuImportDrivetrain, MnuReverse, MnuSaveAsFormat,

@@ -131,6 +131,7 @@ class MainWindow {
   void MnuSaveAs_Click();
   void MnuRevert_Click();
   void MnuExport_Click();
+  void MnuSheet_Click();
   void MnuReverse_Click();
   void MnuFormat_Click(bool long_format);
   bool SaveFirst();

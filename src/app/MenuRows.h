@@ -28,6 +28,9 @@ struct MenuRows {
     form.MenuItem({VELQUIST_CONTROL(MnuExport), .frame = "MnuFile", .caption = "&Export Text",
                    .tip = "Write the setup as a readable text file",
                    .event = On<&MainWindow::MnuExport_Click>});
+    form.MenuItem({VELQUIST_CONTROL(MnuSheet), .frame = "MnuFile", .caption = "Setup S&heet...",
+                   .tip = "Save all about the setup as a page to print or send",
+                   .event = On<&MainWindow::MnuSheet_Click>});
     form.MenuItem({VELQUIST_CONTROL(MnuExit), .frame = "MnuFile", .caption = "E&xit",
                    .tip = "End the program", .shortcut = "Ctrl+Q",
                    .event = On<&MainWindow::MayClose>, .begins_group = true});

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <utility>
 
+#include "app/ComparisonTable.h"
 #include "app/EventEntry.h"
 #include "app/MainWindow.h"
+#include "export/SetupSheet.h"
 #include "export/TextExport.h"
 #include "install/Installations.h"
 #include "platform/Errors.h"
@@ -23,6 +25,15 @@ std::optional<setup::Layout> LayoutOfSaveAs(data::ModYear year, const MainForm& 
 {
   if (year != data::ModYear::k1967 && year != data::ModYear::k1965) return std::nullopt;
   return form.MnuLongFormat.checked ? setup::Layout::kLong : setup::Layout::kShort;
+}
+
+/// "The setup was not saved.", where, and why.
+std::string NotSaved(const Outside& outside, std::string_view what, std::string_view path,
+                     std::string_view reason)
+{
+  if (!outside.files.Exists(platform::DirectoryOf(path))) reason = "The folder is gone";
+  return "The " + std::string(what) + " was not saved.\n" + outside.files.HostText(path) + "\n" +
+         std::string(reason) + ".";
 }
 
 }  // namespace
@@ -96,10 +107,7 @@ void MainWindow::MnuSaveAs_Click()
 bool MainWindow::Write(const std::string& path, std::optional<setup::Layout> layout)
 {
   const auto not_saved = [&](std::string_view file, std::string_view reason) {
-    if (!outside_.files.Exists(platform::DirectoryOf(file))) reason = "The folder is gone";
-    Tell("The setup was not saved.\n" + outside_.files.HostText(file) + "\n" + std::string(reason) +
-             ".",
-         Icon::kExclamation);
+    Tell(NotSaved(outside_, "setup", file, reason), Icon::kExclamation);
     return false;
   };
   try {
@@ -157,6 +165,39 @@ void MainWindow::MnuExport_Click()
   outside_.files.WriteText(path,
                            text_export::ExportText(subject, car_.ValuesToWrite(), car_.Gears()));
   Say("Exported", path);
+}
+
+/// As unsaved as the setup may be. With the differences from a reference that the user chose.
+void MainWindow::MnuSheet_Click()
+{
+  constexpr std::string_view kExtension = "html";
+  const auto name = car_.FileName();
+  const auto chosen = outside_.dialogs.AskSaveFile(
+      {.filter = "Web Pages (*.html)|*.html",
+       .start = SetupDirectory(form_) + "\\" + text_export::SheetFileName(name),
+       .extension = std::string(kExtension),
+       .title = "Save Setup Sheet"});
+  if (!chosen) return;
+  const auto path = platform::WithExtension(*chosen, kExtension);
+  const auto& reference = car_.ComparedWith();
+  const auto reference_name = ReferenceName(*this);
+  const bool is_long = car_.BytesToWrite(std::nullopt).size() == setup::kLongLayoutSize;
+  const text_export::SheetSubject subject{.file_name = name,
+                                          .chassis_name = form_.Combo3.text,
+                                          .player = form_.Combo4.text,
+                                          .track = form_.Combo5.text,
+                                          .reference = reference_name,
+                                          .layout = is_long ? "long" : "short"};
+  const auto page = text_export::SetupSheet(
+      car_, subject, reference.source == edit::ReferenceSource::kLoaded ? nullptr : &reference,
+      globals_.Units);
+  try {
+    outside_.files.WriteText(path, page);
+  } catch (const FileError& error) {
+    return Tell(NotSaved(outside_, "setup sheet", error.Path(), error.Reason()),
+                Icon::kExclamation);
+  }
+  Say("Saved", path);
 }
 
 }  // namespace velquist::app

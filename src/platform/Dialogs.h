@@ -34,6 +34,9 @@ struct SaveRequest {
   std::string title = {};  ///< of the dialog
 };
 
+/// Of a message box.
+inline constexpr char kMessageTitle[] = "Velquist";
+
 /// Boxes that tell and ask.
 class Dialogs {
  public:

@@ -51,6 +51,9 @@ std::string_view WithoutQuotes(std::string_view path) noexcept
 
 std::string WithExtension(std::string_view path, std::string_view extension)
 {
+  if (const auto whole = std::string(".").append(extension);
+      FileNameOf(path).size() > whole.size() && path.ends_with(whole))
+    return std::string(path);
   constexpr std::size_t kDotAndExtension = 4;
   if (FileNameOf(path).size() >= kDotAndExtension && path[path.size() - kDotAndExtension] == '.')
     path.remove_suffix(kDotAndExtension);

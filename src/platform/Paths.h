@@ -35,8 +35,8 @@ namespace velquist::platform {
 /// `path` without a pair of quotes around it.
 [[nodiscard]] std::string_view WithoutQuotes(std::string_view path) noexcept;
 
-/// `path` without an extension of three characters, if its file name has one, and with `extension`
-/// appended.
+/// `path` if its file name ends in `extension`; else without an extension of three characters, if
+/// it has one, and with `extension` appended.
 [[nodiscard]] std::string WithExtension(std::string_view path, std::string_view extension);
 
 }  // namespace velquist::platform

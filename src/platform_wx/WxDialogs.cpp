@@ -16,8 +16,6 @@
 namespace velquist::platform {
 namespace {
 
-constexpr char kCaption[] = "Velquist";
-
 /// The filter as the system's dialog takes it.
 wxString SystemFilter(const std::string& filter)
 {
@@ -63,7 +61,7 @@ std::vector<WinePrefix> PrefixesOfUser()
 
 Answer WxDialogs::ShowMessage(std::string_view text, Icon icon, Buttons buttons)
 {
-  return ShowMessageBox(owner_, FromText(text), kCaption, icon, buttons);
+  return ShowMessageBox(owner_, FromText(text), kMessageTitle, icon, buttons);
 }
 
 std::optional<std::string> WxDialogs::AskOpenFile(const OpenRequest& request)

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "app/Dialogs.h"
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/ProgramIcons.h"
 #include "platform_wx/WxText.h"
@@ -30,7 +31,7 @@ int Scaled(int design, int now, int designed_whole)
 }  // namespace
 
 FrmHelp::FrmHelp(wxWindow* parent, std::string_view manual)
-    : wxFrame(parent, wxID_ANY, "Velquist Help", wxDefaultPosition, wxDefaultSize,
+    : wxFrame(parent, wxID_ANY, app::kHelpTitle, wxDefaultPosition, wxDefaultSize,
               wxDEFAULT_FRAME_STYLE, "FrmHelp")
 {
   SetIcons(platform::ProgramIcons());

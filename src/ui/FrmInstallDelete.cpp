@@ -17,7 +17,7 @@ constexpr int kListWidth = 420;
 }  // namespace
 
 FrmInstallDelete::FrmInstallDelete(wxWindow* parent, app::InstallDeleteForm& form)
-    : wxDialog(parent, wxID_ANY, "Delete GPL Installation", wxDefaultPosition, wxDefaultSize,
+    : wxDialog(parent, wxID_ANY, app::kInstallDeleteTitle, wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "FrmInstallDelete"),
       form_(form)
 {

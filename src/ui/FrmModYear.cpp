@@ -25,7 +25,7 @@ const char* NameOf(app::ModYearForm form)
 }  // namespace
 
 FrmModYear::FrmModYear(wxWindow* parent, app::ModYearForm form, std::string_view message)
-    : wxDialog(parent, wxID_ANY, "Mod Year Selection", wxDefaultPosition, wxDefaultSize,
+    : wxDialog(parent, wxID_ANY, app::kModYearTitle, wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE, NameOf(form))
 {
   SetIcons(platform::ProgramIcons());

@@ -270,6 +270,10 @@ Step ReadExpect(WordReader& words)
       play.NeedRunning();
       CompareText(play, "status", text, play.driver.Status());
     };
+  if (words.Take("title"))
+    return [text = words.Next("the title").text](Play& play) {
+      CompareText(play, "title", text, play.outside.dialogs.Title());
+    };
   if (words.Take("changed")) return ExpectChanged(true);
   if (words.Take("unchanged")) return ExpectChanged(false);
   if (words.Take("slot")) return ExpectSlot(words);

@@ -149,6 +149,7 @@ void ScriptedDialogs::Guarded(const std::string& form, const std::function<void(
 
 Answer ScriptedDialogs::ShowMessage(std::string_view text, platform::Icon icon, Buttons buttons)
 {
+  title_ = platform::kMessageTitle;
   const auto got = Message(text, icon) + " with " + Name(kButtons, buttons);
   const auto taken = announcements_.Take<AnnouncedMessage>(got, [&](const auto& expected) {
     return announcements_.Same(expected.text, text) && expected.icon == icon &&
@@ -160,6 +161,7 @@ Answer ScriptedDialogs::ShowMessage(std::string_view text, platform::Icon icon, 
 
 std::optional<std::string> ScriptedDialogs::AskOpenFile(const platform::OpenRequest& request)
 {
+  title_ = request.title;
   const auto& start = request.start.empty() ? request.directory : request.start;
   const auto got = "open filter " + Quoted(request.filter) + " index " +
                    std::to_string(request.filter_index) + " start " + Quoted(start);
@@ -173,6 +175,7 @@ std::optional<std::string> ScriptedDialogs::AskOpenFile(const platform::OpenRequ
 
 std::optional<std::string> ScriptedDialogs::AskSaveFile(const platform::SaveRequest& request)
 {
+  title_ = request.title;
   const auto got = "save filter " + Quoted(request.filter) + " start " + Quoted(request.start);
   const auto taken = announcements_.Take<AnnouncedSave>(got, [&](const auto& expected) {
     return announcements_.Same(expected.filter.value_or(request.filter), request.filter) &&
@@ -183,6 +186,7 @@ std::optional<std::string> ScriptedDialogs::AskSaveFile(const platform::SaveRequ
 
 std::optional<int> ScriptedDialogs::AskModYear(app::ModYearForm form, std::string_view message)
 {
+  title_ = app::kModYearTitle;
   const auto got = FormName(form) + " " + Quoted(message);
   const auto taken = announcements_.Take<AnnouncedModYear>(
       got, [form](const auto& expected) { return expected.form == form; });
@@ -194,6 +198,7 @@ std::optional<int> ScriptedDialogs::AskModYear(app::ModYearForm form, std::strin
 
 void ScriptedDialogs::ShowInstallDelete(app::InstallDeleteForm& form)
 {
+  title_ = app::kInstallDeleteTitle;
   const auto taken = announcements_.Take<AnnouncedInstallDelete>("FrmInstallDelete",
                                                                  [](const auto&) { return true; });
   if (!taken) return;
@@ -205,6 +210,7 @@ void ScriptedDialogs::ShowInstallDelete(app::InstallDeleteForm& form)
 
 void ScriptedDialogs::ShowHelp()
 {
+  title_ = app::kHelpTitle;
   if (announcements_.Take<AnnouncedHelp>("FrmHelp", [](const auto&) { return true; }))
     Guarded("FrmHelp", [&] { driver_.AnswerHelp(); });
 }

@@ -118,6 +118,9 @@ class ScriptedDialogs final : public app::Dialogs {
   void ShowInstallDelete(app::InstallDeleteForm& form) override;
   void ShowHelp() override;
 
+  /// Of the dialog that was shown last; empty when there was none.
+  [[nodiscard]] const std::string& Title() const noexcept { return title_; }
+
  private:
   /// Answers a form through the driver. What goes wrong there is remembered: nothing may be thrown
   /// through the program.
@@ -125,6 +128,7 @@ class ScriptedDialogs final : public app::Dialogs {
 
   Announcements& announcements_;
   Driver& driver_;
+  std::string title_;
 };
 
 class ScriptedProcess final : public platform::Process {

@@ -94,6 +94,15 @@ TEST(WithExtension, ReplacesAnExtensionOfThreeCharactersAndAppendsOtherwise)
   EXPECT_EQ(WithExtension("fast.vqset", "lp1"), "fast.vqset.lp1");
 }
 
+TEST(WithExtension, LeavesALongerOneThatIsThere)
+{
+  EXPECT_EQ(WithExtension("C:\\s\\fast.html", "html"), "C:\\s\\fast.html");
+  EXPECT_EQ(WithExtension("fast.lp1", "html"), "fast.html");
+  EXPECT_EQ(WithExtension("fast.htm", "html"), "fast.html");
+  EXPECT_EQ(WithExtension("fasthtml", "html"), "fasthtml.html");
+  EXPECT_EQ(WithExtension("C:\\s\\.html", "html"), "C:\\s\\.html.html");
+}
+
 TEST(WithExtension, LooksAtTheFileNameAlone)
 {
   EXPECT_EQ(WithExtension("C:\\v.1\\a", "lp1"), "C:\\v.1\\a.lp1");

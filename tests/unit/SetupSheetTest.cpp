@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "ScriptedEditor.h"
 #include "edit/CarSetup.h"
 #include "edit/Display.h"
 #include "platform/HostFileSystem.h"
@@ -84,6 +85,47 @@ TEST(SetupSheet, IsNamedAfterTheSetup)
 {
   EXPECT_EQ(SheetFileName("monza.lo1"), "monza.html");
   EXPECT_EQ(SheetFileName("monza"), "monza.html");
+}
+
+/// The page that the window saves.
+std::string SavedPage(testing::ScriptedEditor& editor)
+{
+  editor.Play("on save -> $T/page.html\nclick MnuSheet\n");
+  const auto bytes = editor.World().Read(editor.Path("$T/page.html").string());
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+TEST(SetupSheetOfTheWindow, ShowsTheValuesInTheUnitsShown)
+{
+  testing::ScriptedEditor editor;
+  editor.StartWithExamples();
+  editor.Open(testing::Examples().front());
+  const auto page = SavedPage(editor);
+  EXPECT_NE(page.find("<h1>" + editor.Window().Car().FileName() + "</h1>"), std::string::npos);
+  EXPECT_NE(page.find("Track " + editor.Window().Form().Combo5.text + ", player " +
+                      editor.Window().Form().Combo4.text),
+            std::string::npos);
+  EXPECT_NE(page.find("mph at"), std::string::npos);
+  editor.Play("check OptUnits(1)\n");
+  EXPECT_NE(SavedPage(editor).find("km/h at"), std::string::npos);
+  editor.Play("check OptUnits(0)\nclick CmdInc(30)\n");
+  const auto edited = SavedPage(editor);
+  EXPECT_NE(edited, page);
+  editor.Play("click MnuUndo\n");
+  EXPECT_EQ(SavedPage(editor), page);
+}
+
+TEST(SetupSheetOfTheWindow, ShowsDifferencesFromAReferenceThatWasChosen)
+{
+  testing::ScriptedEditor editor;
+  editor.StartWithExamples();
+  editor.Open(testing::Examples().front());
+  editor.Play("click CmdInc(30)\n");
+  EXPECT_EQ(SavedPage(editor).find("Differences"), std::string::npos);
+  editor.Play("click MnuReferenceDefault\n");
+  EXPECT_NE(SavedPage(editor).find("Differences from the default setup of " +
+                                   editor.Window().Form().Combo2.text),
+            std::string::npos);
 }
 
 }  // namespace
