@@ -183,7 +183,8 @@ void CarSetup::SetProportionalSprings(bool on) noexcept
 ShownSlots CarSetup::Step(int slot, Direction direction, bool repeated)
 {
   changed_ = true;
-  const float rear_weight = data::RearWeightFraction(ModYearIndex_, EngineSlot());
+  const float rear_weight =
+      options_.proportional_springs ? data::RearWeightFraction(ModYearIndex_, EngineSlot()) : 0.0F;
   const auto [first, count] = ReachOfStep(slot);
   std::array<float, 4> before{};
   for (int at = 0; at < count; ++at) before[At(at)] = Value(first + at);

@@ -80,15 +80,25 @@ double RoundedHalfUp(double value)
   return value - whole < 0.5 ? whole : whole + 1;
 }
 
+/// A whole number that is not negative.
+std::string Digits(double whole)
+{
+  constexpr double kMostOfAnInteger = 1e18;
+  constexpr std::size_t kLongestInteger = 18;
+  constexpr std::size_t kLongestDouble = 330;
+  const auto written = [](auto text, auto... number) {
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number...);
+    return std::string(text.data(), end.ptr);
+  };
+  if (whole < kMostOfAnInteger)
+    return written(std::array<char, kLongestInteger>{}, static_cast<std::uint64_t>(whole));
+  return written(std::array<char, kLongestDouble>{}, whole, std::chars_format::fixed, 0);
+}
+
 /// |value| x 10^decimals rounded half away from zero, as digits with one at least before the point.
 std::string ScaledDigits(double value, std::size_t decimals)
 {
-  constexpr std::size_t kLongestDouble = 330;
-  std::array<char, kLongestDouble> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(),
-                                 RoundedHalfUp(std::fabs(value) * kPowers.at(decimals)),
-                                 std::chars_format::fixed, 0);
-  std::string digits(text.data(), end.ptr);
+  auto digits = Digits(RoundedHalfUp(std::fabs(value) * kPowers.at(decimals)));
   if (digits.size() <= decimals) digits.insert(0, decimals + 1 - digits.size(), '0');
   return digits;
 }

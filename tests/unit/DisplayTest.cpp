@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "edit/Display.h"
 
+#include <array>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -168,6 +170,18 @@ TEST(Display, HugeNumbersKeepAllDigits)
             "340,282,346,638,528,859,811,704,183,484,516,925,440");
   // 309 digits and the commas between them.
   EXPECT_EQ(FormatNumber(std::numeric_limits<double>::max(), 0).size(), 309U + 102U);
+}
+
+TEST(Display, EveryPowerOfTwoKeepsAllDigits)
+{
+  for (int power = 0; power < std::numeric_limits<double>::max_exponent; ++power) {
+    const double number = std::ldexp(1.0, power);
+    auto text = FormatNumber(number, 0);
+    std::erase(text, ',');
+    std::array<char, 400> expected{};
+    std::snprintf(expected.data(), expected.size(), "%.0f", number);
+    EXPECT_EQ(text, expected.data());
+  }
 }
 
 TEST(Display, WhatIsNoNumberIsShownAsSuch)
