@@ -18,7 +18,9 @@
 
 #include <shellapi.h>
 
+#include <algorithm>
 #include <memory>
+#include <utility>
 #else
 #include <unistd.h>
 #endif
@@ -35,6 +37,28 @@ void Interrupt(int /*signal*/)
 
 #ifdef _WIN32
 
+/// The paths that a word with "*" or "?" in its last name stands for, in rising order, as no shell
+/// has done it; the word itself where there are none.
+std::vector<std::string> Expanded(const std::filesystem::path& word)
+{
+  std::vector<std::string> paths;
+  if (word.filename().native().find_first_of(L"*?") != std::wstring::npos) {
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = ::FindFirstFileW(platform::Lengthened(word).c_str(), &found);
+    if (search != INVALID_HANDLE_VALUE) {
+      do {
+        const std::wstring name(found.cFileName);
+        if (name != L"." && name != L"..")
+          paths.push_back(platform::PathText(word.parent_path() / name));
+      } while (::FindNextFileW(search, &found) != FALSE);
+      ::FindClose(search);
+    }
+  }
+  if (paths.empty()) paths.push_back(platform::PathText(word));
+  std::ranges::sort(paths);
+  return paths;
+}
+
 std::vector<std::string> Words(int /*argc*/, char** /*argv*/)
 {
   int count = 0;
@@ -42,7 +66,7 @@ std::vector<std::string> Words(int /*argc*/, char** /*argv*/)
       ::CommandLineToArgvW(::GetCommandLineW(), &count), ::LocalFree);
   std::vector<std::string> words;
   for (int i = 1; i < count; ++i)
-    words.push_back(platform::PathText(std::filesystem::path(wide.get()[i])));
+    for (auto& word : Expanded(wide.get()[i])) words.push_back(std::move(word));
   return words;
 }
 
