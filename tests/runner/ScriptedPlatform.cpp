@@ -119,10 +119,11 @@ std::string Described(const Dialog& dialog)
 }
 
 template <class Kind>
-std::optional<Kind> Announcements::Take(const std::string& got,
+std::optional<Kind> Announcements::Take(const std::string& got, const Kind& asked,
                                         const std::function<bool(const Kind&)>& fits)
 {
   if (failure_) return std::nullopt;
+  if (waiting_.empty() && improvise_) Announce(0, improvise_(asked));
   if (waiting_.empty()) {
     Fail({"no dialog", got});
     return std::nullopt;
@@ -151,7 +152,9 @@ Answer ScriptedDialogs::ShowMessage(std::string_view text, platform::Icon icon, 
 {
   title_ = platform::kMessageTitle;
   const auto got = Message(text, icon) + " with " + Name(kButtons, buttons);
-  const auto taken = announcements_.Take<AnnouncedMessage>(got, [&](const auto& expected) {
+  const AnnouncedMessage asked{std::string(text), icon,
+                               buttons == Buttons::kOk ? Answer::kOk : Answer::kNo};
+  const auto taken = announcements_.Take<AnnouncedMessage>(got, asked, [&](const auto& expected) {
     return announcements_.Same(expected.text, text) && expected.icon == icon &&
            (expected.answer == Answer::kOk) == (buttons == Buttons::kOk);
   });
@@ -165,7 +168,8 @@ std::optional<std::string> ScriptedDialogs::AskOpenFile(const platform::OpenRequ
   const auto& start = request.start.empty() ? request.directory : request.start;
   const auto got = "open filter " + Quoted(request.filter) + " index " +
                    std::to_string(request.filter_index) + " start " + Quoted(start);
-  const auto taken = announcements_.Take<AnnouncedOpen>(got, [&](const auto& expected) {
+  const AnnouncedOpen asked{request.filter, request.filter_index, start, std::nullopt};
+  const auto taken = announcements_.Take<AnnouncedOpen>(got, asked, [&](const auto& expected) {
     return announcements_.Same(expected.filter.value_or(request.filter), request.filter) &&
            expected.index.value_or(request.filter_index) == request.filter_index &&
            announcements_.Same(expected.start.value_or(start), start);
@@ -177,7 +181,8 @@ std::optional<std::string> ScriptedDialogs::AskSaveFile(const platform::SaveRequ
 {
   title_ = request.title;
   const auto got = "save filter " + Quoted(request.filter) + " start " + Quoted(request.start);
-  const auto taken = announcements_.Take<AnnouncedSave>(got, [&](const auto& expected) {
+  const AnnouncedSave asked{request.filter, request.start, std::nullopt};
+  const auto taken = announcements_.Take<AnnouncedSave>(got, asked, [&](const auto& expected) {
     return announcements_.Same(expected.filter.value_or(request.filter), request.filter) &&
            announcements_.Same(expected.start.value_or(request.start), request.start);
   });
@@ -189,7 +194,7 @@ std::optional<int> ScriptedDialogs::AskModYear(app::ModYearForm form, std::strin
   title_ = app::kModYearTitle;
   const auto got = FormName(form) + " " + Quoted(message);
   const auto taken = announcements_.Take<AnnouncedModYear>(
-      got, [form](const auto& expected) { return expected.form == form; });
+      got, {form, std::nullopt}, [form](const auto& expected) { return expected.form == form; });
   if (!taken) return std::nullopt;
   std::optional<int> answer;
   Guarded(got, [&] { answer = driver_.AnswerModYear(form, message, taken->button); });
@@ -199,7 +204,8 @@ std::optional<int> ScriptedDialogs::AskModYear(app::ModYearForm form, std::strin
 void ScriptedDialogs::ShowInstallDelete(app::InstallDeleteForm& form)
 {
   title_ = app::kInstallDeleteTitle;
-  const auto taken = announcements_.Take<AnnouncedInstallDelete>("FrmInstallDelete",
+  const AnnouncedInstallDelete asked{{Driver::DeleteStep{}}};
+  const auto taken = announcements_.Take<AnnouncedInstallDelete>("FrmInstallDelete", asked,
                                                                  [](const auto&) { return true; });
   if (!taken) return;
   CheckedForm checked(form, announcements_);
@@ -211,13 +217,14 @@ void ScriptedDialogs::ShowInstallDelete(app::InstallDeleteForm& form)
 void ScriptedDialogs::ShowHelp()
 {
   title_ = app::kHelpTitle;
-  if (announcements_.Take<AnnouncedHelp>("FrmHelp", [](const auto&) { return true; }))
+  if (announcements_.Take<AnnouncedHelp>("FrmHelp", {}, [](const auto&) { return true; }))
     Guarded("FrmHelp", [&] { driver_.AnswerHelp(); });
 }
 
 void ScriptedProcess::Start(std::string_view path)
 {
-  (void)announcements_.Take<AnnouncedRun>("run " + Quoted(path), [&](const auto& expected) {
+  const AnnouncedRun asked{std::string(path)};
+  (void)announcements_.Take<AnnouncedRun>("run " + Quoted(path), asked, [&](const auto& expected) {
     return announcements_.Same(expected.path, path);
   });
 }

@@ -70,10 +70,15 @@ class Announcements {
 
   void Announce(int line, Dialog dialog) { waiting_.push_back({line, std::move(dialog)}); }
 
-  /// A dialog came that `got` describes: takes the first announced one when it is of that kind and
-  /// `fits`, else remembers the failure and answers nothing.
+  /// From now on, `improvise` gives the answer to a dialog that nobody announced.
+  using Improvise = std::function<Dialog(Dialog asked)>;
+  void Improvised(Improvise improvise) { improvise_ = std::move(improvise); }
+
+  /// A dialog came that `got` describes, `asked` without its answer: takes the first announced one
+  /// when it is of that kind and `fits`, else remembers the failure and answers nothing.
   template <class Kind>
-  std::optional<Kind> Take(const std::string& got, const std::function<bool(const Kind&)>& fits);
+  std::optional<Kind> Take(const std::string& got, const Kind& asked,
+                           const std::function<bool(const Kind&)>& fits);
 
   [[nodiscard]] bool Same(std::string_view a, std::string_view b) const { return same_text_(a, b); }
 
@@ -95,6 +100,7 @@ class Announcements {
 
  private:
   SameText same_text_;
+  Improvise improvise_;
   std::deque<Announced> waiting_;
   std::optional<Failure> failure_;
 };
