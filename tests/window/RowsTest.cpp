@@ -34,8 +34,8 @@ TEST_F(Rows, GroupTheMenusAndMarkWhatIsExclusive)
   Start();
   const auto& bar = *Frame().GetMenuBar();
   const std::vector<Names> expected = {
-      {"New", "Open...", "-", "Save", "Save As...", "-", "Revert to Default", "Export Text", "-",
-       "Exit"},
+      {"New", "Open...", "-", "Save", "Save As...", "-", "Revert to Default", "Export Text",
+       "Setup Sheet...", "-", "Exit"},
       {"Undo", "Redo", "-", "Compare...", "Reference", "[Setup as Loaded]", "[Default Setup]",
        "[Setup File...]"},
       {"Import Chassis...", "Import Drivetrain...", "Reverse Chassis Settings", "-", "Gearing...",
