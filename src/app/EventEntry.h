@@ -8,6 +8,7 @@
 #include "app/Flag.h"
 #include "app/MainWindow.h"
 #include "platform/Errors.h"
+#include "platform/FileReason.h"
 
 /// How an event is entered and what happens when it cannot be carried out. Included by the sources
 /// of MainWindow alone.
@@ -39,7 +40,8 @@ void MainWindow::Event(Command&& command)
                             " is incomplete.  Nothing was changed.",
          platform::Icon::kExclamation);
   } catch (const FileError& error) {
-    Tell(error.Path() + "\n" + error.Reason() + ".", platform::Icon::kExclamation);
+    Tell(platform::ToldPath(error.Path()) + "\n" + error.Reason() + ".",
+         platform::Icon::kExclamation);
   } catch (const std::exception& error) {
     Tell(std::string("This cannot be done: ") + error.what() + ".  Nothing was changed.",
          platform::Icon::kExclamation);

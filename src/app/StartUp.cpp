@@ -12,6 +12,7 @@
 #include "install/Installations.h"
 #include "install/ProgramSettings.h"
 #include "platform/Paths.h"
+#include "platform/FileReason.h"
 #include "setup/Identification.h"
 
 namespace velquist::app {
@@ -293,7 +294,7 @@ bool MainWindow::MayClose()
   try {
     SaveProgramSettings(outside_, car_, globals_, form_);
   } catch (const FileError& error) {
-    Tell(error.Path() + "\n" + error.Reason() + ".", Icon::kExclamation);
+    Tell(platform::ToldPath(error.Path()) + "\n" + error.Reason() + ".", Icon::kExclamation);
   }
   throw ProgramEnd{};
 }

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/FileReason.h"
 
+#include <algorithm>
 #include <array>
+#include <filesystem>
 
 #include "platform/Errors.h"
+#include "platform/Paths.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -73,6 +76,14 @@ std::string ReasonOf(const std::error_code& error)
   if (error == std::errc::permission_denied) return std::string(kNoRight);
   if (error == std::errc::no_space_on_device) return std::string(kNoRoom);
   return error.message();
+}
+
+std::string ToldPath(std::string_view path)
+{
+  std::string text(path);
+  std::ranges::replace_if(text, IsSeparator,
+                          static_cast<char>(std::filesystem::path::preferred_separator));
+  return text;
 }
 
 void FailFile(std::string_view path, const std::error_code& error)

@@ -11,6 +11,9 @@ namespace velquist::platform {
 /// not tell him what to do, else in the system's.
 [[nodiscard]] std::string ReasonOf(const std::error_code& error);
 
+/// `path` with the separators of this system alone, for the user to read.
+[[nodiscard]] std::string ToldPath(std::string_view path);
+
 /// Throws the FileError of `path`.
 [[noreturn]] void FailFile(std::string_view path, const std::error_code& error);
 

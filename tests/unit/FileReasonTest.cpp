@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -18,6 +19,13 @@
 
 namespace velquist::platform {
 namespace {
+
+TEST(ToldPath, HasTheSeparatorsOfThisSystemAlone)
+{
+  const std::string here(1, static_cast<char>(std::filesystem::path::preferred_separator));
+  EXPECT_EQ(ToldPath("/home\\me/a b.txt"), here + "home" + here + "me" + here + "a b.txt");
+  EXPECT_EQ(ToldPath(""), "");
+}
 
 TEST(FileReason, IsInWordsThatSayWhatToDo)
 {

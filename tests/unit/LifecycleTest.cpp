@@ -237,7 +237,7 @@ TEST_F(Lifecycle, SettingsThatCannotBeWrittenAreToldAndTheWindowCloses)
     ASSERT_EQ(program_.dialogs.messages.size(), 1U);
     EXPECT_EQ(program_.dialogs.messages[0].icon, platform::Icon::kExclamation);
     EXPECT_EQ(program_.dialogs.messages[0].text,
-              program_.SettingsPath() + "\n" +
+              platform::ToldPath(program_.SettingsPath()) + "\n" +
                   platform::ReasonOf(std::make_error_code(std::errc::permission_denied)) + ".");
     EXPECT_EQ(program_.world.Read(program_.SettingsPath()), before);
     fs::permissions(platform::HostPath(program_.SettingsPath()), fs::perms(0644));
