@@ -93,13 +93,6 @@ bool MainWindow::CloseRequested()
   return ended_;
 }
 
-void MainWindow::FileDropped(std::string_view path)
-{
-  Event([&] {
-    if (SaveFirst()) OpenPath(std::string(path));
-  });
-}
-
 void MainWindow::Tick()
 {
   Event([&] { marquee_.Move(); });

@@ -3,9 +3,9 @@
 
 namespace velquist::app {
 
-void OpenFile::Remember(const platform::FileSystem& files, const std::string& read_or_written)
+OpenFile OpenFile::AsItIs(const platform::FileSystem& files, const std::string& path)
 {
-  *this = {read_or_written, files.Stamp(read_or_written), std::nullopt};
+  return {.path = path, .stamp = files.Stamp(path), .told = std::nullopt};
 }
 
 bool OpenFile::IsChangedOnDisk(const platform::FileSystem& files) const

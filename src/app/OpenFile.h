@@ -8,13 +8,14 @@
 
 namespace velquist::app {
 
-/// The file that is open, as it was when it was read or written last.
+/// The file that is open, as it was before it was read or when it was written last.
 struct OpenFile {
   std::string path;  ///< empty for a default setup
   std::optional<platform::FileStamp> stamp;
   std::optional<platform::FileStamp> told;  ///< a change that the user knows of
 
-  void Remember(const platform::FileSystem& files, const std::string& read_or_written);
+  /// The file as it is now. Throws FileError for what is no path.
+  [[nodiscard]] static OpenFile AsItIs(const platform::FileSystem& files, const std::string& path);
   /// Another program has changed it since. A file that is gone is not changed.
   [[nodiscard]] bool IsChangedOnDisk(const platform::FileSystem& files) const;
 };

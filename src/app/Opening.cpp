@@ -87,6 +87,8 @@ void MainWindow::OpenPath(const std::string& path)
     GoBack(std::move(before));
   };
   try {
+    // What is written while the user is asked for the mod year comes after it.
+    auto file = OpenFile::AsItIs(outside_.files, path);
     if (!car_.ReadFile(outside_.files, path)) {
       Tell("This is not a valid GPL setup file.  Please select another file.", Icon::kInformation);
       return;
@@ -96,7 +98,7 @@ void MainWindow::OpenPath(const std::string& path)
     const auto name = std::string(platform::FileNameOf(path));
     if (FindModYear(name)) {
       opening.TakeOpened(path, name);
-      globals_.open_file.Remember(outside_.files, path);
+      globals_.open_file = std::move(file);
     } else {
       go_back();
     }

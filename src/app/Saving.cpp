@@ -36,6 +36,13 @@ std::string NotSaved(const Outside& outside, std::string_view what, std::string_
          std::string(reason) + ".";
 }
 
+/// Offers to save unsaved changes.
+bool WantsSave(const edit::CarSetup& car, Dialogs& dialogs)
+{
+  return car.Changed() && dialogs.ShowMessage("Do you want to save the current settings first?",
+                                              Icon::kQuestion, Buttons::kYesNo) == Answer::kYes;
+}
+
 }  // namespace
 
 std::string MainWindow::SavePath() const
@@ -44,15 +51,21 @@ std::string MainWindow::SavePath() const
   return SetupDirectory(form_) + "\\" + car_.FileName();
 }
 
-/// Offers to save unsaved changes. False when that save failed, so that nothing is lost by going
-/// on; a save that is refused or not confirmed lets the command go on.
+/// Before a command. False when a save that was wanted failed or would have hit what another
+/// program wrote, so that nothing is lost by going on; one that is refused or not confirmed lets
+/// the command go on.
 bool MainWindow::SaveFirst()
 {
-  if (!car_.Changed() ||
-      outside_.dialogs.ShowMessage("Do you want to save the current settings first?",
-                                   Icon::kQuestion, Buttons::kYesNo) != Answer::kYes)
-    return true;
-  return Save();
+  return !WantsSave(car_, outside_.dialogs) || Save();
+}
+
+void MainWindow::FileDropped(std::string_view path)
+{
+  Event([&] {
+    // No dialog follows that could still be left.
+    if (!WantsSave(car_, outside_.dialogs) || (Save() && !car_.Changed()))
+      OpenPath(std::string(path));
+  });
 }
 
 void MainWindow::MnuNew_Click()
@@ -65,7 +78,8 @@ void MainWindow::MnuSave_Click()
   Save();
 }
 
-/// False when the setup could not be written; true also when it was not wanted in the end.
+/// False when the setup could not be written or would have hit what the user did not mean; true
+/// also when it was not wanted in the end.
 bool MainWindow::Save()
 {
   if (car_.FileName().ends_with(kDefaultSetupEnding)) {
@@ -80,7 +94,7 @@ bool MainWindow::Save()
     if (outside_.dialogs.ShowMessage("This file already exits.  Do you want to overwrite it?",
                                      Icon::kQuestion, Buttons::kYesNo) != Answer::kYes)
       return true;
-    if (!MayOverwriteChanged(path)) return true;
+    if (!MayOverwriteChanged(path)) return false;
   }
   return Write(path, std::nullopt);
 }
@@ -120,7 +134,7 @@ bool MainWindow::Write(const std::string& path, std::optional<setup::Layout> lay
   } catch (const FileError& error) {
     return not_saved(error.Path(), error.Reason());
   }
-  globals_.open_file.Remember(outside_.files, path);
+  globals_.open_file = OpenFile::AsItIs(outside_.files, path);
   Say("Saved", path);
   return true;
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <utility>
 
 #include "app/CarPictures.h"
 #include "app/Choosing.h"
@@ -11,8 +12,8 @@
 #include "edit/Display.h"
 #include "install/Installations.h"
 #include "install/ProgramSettings.h"
-#include "platform/Paths.h"
 #include "platform/FileReason.h"
+#include "platform/Paths.h"
 #include "setup/Identification.h"
 
 namespace velquist::app {
@@ -258,6 +259,7 @@ bool MainWindow::Session::ReadCommandLineSetup()
 {
   const auto& path = globals_.command_line;
   try {
+    auto file = OpenFile::AsItIs(outside_.files, path);
     if (!car_.ReadFile(outside_.files, path)) {
       window_.Tell("This is not a valid GPL setup file.  Please select another file.",
                    Icon::kInformation);
@@ -267,7 +269,7 @@ bool MainWindow::Session::ReadCommandLineSetup()
     if (!window_.FindModYear(name)) return false;
     car_.SetFileName(name);
     window_.showing_.ShowFileName();
-    globals_.open_file.Remember(outside_.files, path);
+    globals_.open_file = std::move(file);
     return true;
   } catch (const FileError&) {
   } catch (const BoundsError&) {
