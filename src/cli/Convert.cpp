@@ -34,11 +34,11 @@ int Convert(Session& session)
   if (!setup->car.HasEveryRatio())
     throw FileError(path, "The gear data file of " + std::string(data::ModYearText(year)) +
                               " has no ratio for one of its gears");
-  session.WriteNew(*options.to, setup->car.BytesToWrite(options.layout));
+  const auto target = session.WriteNew(*options.to, setup->car.BytesToWrite(options.layout));
   if (options.form == Form::kJson)
-    session.Out() << JsonText({{"file", path}, {"written", *options.to}}) << '\n';
+    session.Out() << JsonText({{"file", path}, {"written", target}}) << '\n';
   else
-    session.Out() << *options.to << '\n';
+    session.Out() << target << '\n';
   return session.Status(kDone);
 }
 

@@ -68,13 +68,4 @@ library::Walk Session::WalkPaths()
           [this](std::string_view path, std::string_view reason) { Tell(path, reason); }};
 }
 
-void Session::WriteNew(const std::string& path, std::span<const std::byte> bytes) const
-{
-  const auto host = platform::Lengthened(platform::PathFromText(path));
-  std::error_code unknown;
-  if (!options_.force && std::filesystem::exists(platform::StatusOf(host, unknown)))
-    throw FileError(path, "It exists already; --force writes over it");
-  platform::WriteAtomically(host, bytes, path);
-}
-
 }  // namespace velquist::cli

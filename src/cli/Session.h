@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "cli/NewFiles.h"
 #include "cli/Options.h"
 #include "library/Tables.h"
 #include "library/Walk.h"
@@ -51,9 +52,11 @@ class Session {
 
   /// Everything below the paths given; what cannot be walked is told.
   [[nodiscard]] library::Walk WalkPaths();
-  /// Puts `bytes` into a file of exactly that path, whole or not at all. One that exists is written
-  /// over when that was asked for. Throws FileError.
-  void WriteNew(const std::string& path, std::span<const std::byte> bytes) const;
+  /// Writes a file as NewFiles says, over one that exists when the user wants that; gives the path.
+  std::string WriteNew(const std::string& path, std::span<const std::byte> bytes)
+  {
+    return new_files_.Write(path, bytes, options_.force);
+  }
 
  private:
   void ClearProgress();
@@ -63,6 +66,7 @@ class Session {
   platform::HostFileSystem data_files_;
   std::string program_directory_;
   library::Tables tables_;
+  NewFiles new_files_;
   std::chrono::steady_clock::time_point shown_at_;
   bool progress_stands_ = false;
   bool was_interrupted_ = false;

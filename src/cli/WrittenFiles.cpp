@@ -34,8 +34,8 @@ int WriteForEach(Session& session, const std::function<WrittenFile(OpenedSetup& 
       const auto setup = OpenSetup(session, path);
       NeedCar(*setup);
       const auto file = make(*setup);
-      const auto target = TargetOf(session, path, file.name);
-      session.WriteNew(target, std::as_bytes(std::span(file.text)));
+      const auto target =
+          session.WriteNew(TargetOf(session, path, file.name), std::as_bytes(std::span(file.text)));
       if (json)
         array.Add({{"file", path}, {"written", target}});
       else
