@@ -91,7 +91,9 @@ std::error_code ReadHead(const fs::path& path, std::size_t most, FileHead& head)
   const auto last_error = [] { return std::error_code(errno, std::generic_category()); };
   const auto close = [](const int* file) { ::close(*file); };
   // A pipe that nobody writes to would be waited for.
-  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  int file = -1;
+  do file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  while (file < 0 && errno == EINTR);
   if (file < 0) return last_error();
   const std::unique_ptr<const int, decltype(close)> open(&file, close);
   struct stat status {};

@@ -2,8 +2,6 @@
 // What a saved file keeps of the old one beside its owner and plain rights.
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -24,6 +22,8 @@
 #else
 #include <sys/stat.h>
 #include <sys/xattr.h>
+
+#include "AccessListSample.h"
 #endif
 
 namespace velquist::platform {
@@ -115,29 +115,6 @@ TEST_F(SavedFile, WaitsForAProgramThatHoldsItForAMoment)
 }
 
 #else
-
-constexpr const char* kAccess = "system.posix_acl_access";
-constexpr const char* kDefault = "system.posix_acl_default";
-
-struct AccessEntry {
-  std::uint16_t tag;
-  std::uint16_t rights;
-  std::uint32_t id;
-};
-constexpr std::uint32_t kNoId = 0xFFFFFFFF;
-constexpr std::uint16_t kOwner = 1, kUser = 2, kGroup = 4, kMask = 16, kOther = 32;
-
-/// A list as the system keeps it: another user may write, the group may nothing.
-std::string AccessList()
-{
-  const std::array<AccessEntry, 5> entries = {{{kOwner, 6, kNoId},
-                                               {kUser, 6, 65534},
-                                               {kGroup, 0, kNoId},
-                                               {kMask, 6, kNoId},
-                                               {kOther, 0, kNoId}}};
-  std::string list("\2\0\0\0", 4);
-  return list.append(reinterpret_cast<const char*>(entries.data()), sizeof entries);
-}
 
 bool Give(const fs::path& path, const char* name, std::string_view value)
 {
