@@ -5,6 +5,7 @@
 
 #include "Fuzz.h"
 #include "MemoryFiles.h"
+#include "SetupMutator.h"
 #include "SetupSamples.h"
 #include "platform/Errors.h"
 #include "setup/Identification.h"
