@@ -125,8 +125,8 @@ double StartUp(const Installed& installed, std::size_t players)
   Files files;
   NoDialogs dialogs;
   testing::Nothing nothing;
-  app::MainWindow window(
-      {files, dialogs, nothing, nothing, nothing, nothing, nothing, nothing, installed.Program()});
+  app::MainWindow window({files, dialogs, nothing, nothing, nothing, nothing, nothing, nothing,
+                          nothing, installed.Program()});
   const double seconds = Seconds([&] { window.Form_Load({}); });
   if (window.Ended() || window.Form().Combo4.items.size() != players) std::abort();
   return seconds;

@@ -80,8 +80,7 @@ void MainWindow::CompareWithFile(ReferenceSource source, const std::string& path
   } catch (const BoundsError&) {
   } catch (const FileError&) {
   }
-  Tell("There is something wrong with this setup file.  Please select another file.",
-       Icon::kInformation);
+  Tell(kWrongFile, Icon::kInformation);
 }
 
 std::string MainWindow::DifferenceText(const ControlDesign& design) const

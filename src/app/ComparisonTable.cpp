@@ -35,6 +35,15 @@ std::optional<std::size_t> CaptionRow(int slot)
   return static_cast<std::size_t>(kSingleRows + slot - setup::kFuel);
 }
 
+/// What the frame around a control is called.
+std::string_view GroupOf(const MainForm& form, const ControlDesign& design)
+{
+  const auto& frame = *form.Find(design.frame, design.frame_index)->design;
+  return frame.caption.empty() ? frame.spoken : frame.caption;
+}
+
+}  // namespace
+
 std::string ParameterName(const MainForm& form, int slot)
 {
   std::string name(setup::SlotName(slot));
@@ -48,26 +57,22 @@ std::string ParameterName(const MainForm& form, int slot)
   return name + ", " + std::string(caption.substr(unit));
 }
 
-/// What the frame around a control is called.
-std::string_view GroupOf(const MainForm& form, const ControlDesign& design)
+std::vector<ComparisonRow> ComparisonTable(const MainWindow& window, ComparedRows which)
 {
-  const auto& frame = *form.Find(design.frame, design.frame_index)->design;
-  return frame.caption.empty() ? frame.spoken : frame.caption;
+  return ComparisonTable(window, window.Car().ComparedWith(), which);
 }
 
-}  // namespace
-
-std::vector<ComparisonRow> ComparisonTable(const MainWindow& window, ComparedRows which)
+std::vector<ComparisonRow> ComparisonTable(const MainWindow& window,
+                                           const edit::Reference& reference, ComparedRows which)
 {
   const auto& form = window.Form();
   const auto& car = window.Car();
-  const auto& reference = car.ComparedWith();
   const int units = window.State().Units;
   std::vector<ComparisonRow> rows;
   for (const auto& design : FormControlSettings()) {
     const auto slot = design.kind == ControlKind::kButton ? std::nullopt : SlotOf(design);
     if (!slot || !edit::IsCompared(car, *slot)) continue;
-    const bool differs = car.Differs(*slot);
+    const bool differs = edit::Differs(reference, car, *slot);
     if (!differs && which == ComparedRows::kDifferences) continue;
     rows.push_back(
         {*slot, GroupOf(form, design), ParameterName(form, *slot),

@@ -25,9 +25,16 @@ struct ComparisonRow {
 
 enum class ComparedRows { kDifferences, kAll };
 
-/// The rows in the order of the window, those of a frame together.
+/// The rows in the order of the window, those of a frame together: against what the current setup
+/// is compared with, or against another one.
 [[nodiscard]] std::vector<ComparisonRow> ComparisonTable(const MainWindow& window,
                                                          ComparedRows which);
+[[nodiscard]] std::vector<ComparisonRow> ComparisonTable(const MainWindow& window,
+                                                         const edit::Reference& reference,
+                                                         ComparedRows which);
+
+/// "Left front wheel rate, lbs/in": a slot with the unit that it is shown in.
+[[nodiscard]] std::string ParameterName(const MainForm& form, int slot);
 
 /// What the setup that the current one is compared with is called: "the setup as loaded", "the
 /// default setup of 1967", "fast.lo1".

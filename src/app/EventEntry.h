@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "app/Flag.h"
@@ -13,6 +14,10 @@
 /// How an event is entered and what happens when it cannot be carried out. Included by the sources
 /// of MainWindow alone.
 namespace velquist::app {
+
+/// What is told of a setup file whose values cannot be used, or that cannot be read.
+inline constexpr std::string_view kWrongFile =
+    "There is something wrong with this setup file.  Please select another file.";
 
 /// What there was before a command.
 struct MainWindow::Before {

@@ -141,7 +141,8 @@ struct FormControls {
   Control Picture1;       ///< box of the marquee
   Control LblMarquee;
 
-  Control MnuFile, MnuNew, MnuOpen, MnuSave, MnuSaveAs, MnuRevert, MnuExport, MnuSheet, MnuExit;
+  Control MnuFile, MnuNew, MnuOpen, MnuSave, MnuSaveAs, MnuRevert, MnuExport, MnuSheet, MnuLibrary,
+      MnuExit;
   Control MnuEdit, MnuUndo, MnuRedo, MnuCompare, MnuReference, MnuReferenceLoaded,
       MnuReferenceDefault, MnuReferenceFile;
   Control MnuTools, MnuImportChassis, MnuImportDrivetrain, MnuReverse, MnuSaveAsFormat,
@@ -169,6 +170,7 @@ struct MainForm : FormControls {
 
   SideWindowState compare;  ///< the comparison with the reference
   SideWindowState gearing;  ///< what the gears make of the engine
+  SideWindowState library;  ///< the setups of all installations
 
   // What is drawn in the picture boxes.
   charts::PictureRecorder chart;   ///< in PictureChart

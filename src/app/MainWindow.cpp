@@ -82,11 +82,6 @@ void MainWindow::EndWith(std::string_view text, Icon icon)
   throw ProgramEnd{};
 }
 
-std::string MainWindow::HostText(std::string_view path) const
-{
-  return outside_.files.HostText(path);
-}
-
 bool MainWindow::CloseRequested()
 {
   Event([&] { MayClose(); });

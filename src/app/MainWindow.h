@@ -41,9 +41,17 @@ class MainWindow {
   /// stays as it is.
   void TakeFromReference(std::span<const int> slots);
 
+  // What the user does with one of all setups.
+  /// The current setup is compared with it.
+  void LibraryReference(const std::string& path);
+  /// Writes it as readable text into its own directory.
+  void LibraryExport(const std::string& path);
+  /// Shows it in the system's file manager.
+  void LibraryShow(const std::string& path);
+
   /// The window's close request. True when the window may go.
   bool CloseRequested();
-  /// A setup file was dropped on the window.
+  /// A setup file was dropped on the window, or chosen among all setups.
   void FileDropped(std::string_view path);
   /// The window got the focus: asks what to do when the open file was changed by another program.
   void Activated();
@@ -70,8 +78,6 @@ class MainWindow {
 
   /// The path that Save writes to; the file name alone for a default setup, which it refuses.
   [[nodiscard]] std::string SavePath() const;
-  /// A path of the program's as this machine spells it.
-  [[nodiscard]] std::string HostText(std::string_view path) const;
   /// What has become of a marked value, for its label or list and its step buttons: "was 90, now
   /// 110 (+20)"; empty where none is marked.
   [[nodiscard]] std::string DifferenceText(const ControlDesign& design) const;
@@ -79,6 +85,7 @@ class MainWindow {
   [[nodiscard]] const MainForm& Form() const noexcept { return form_; }
   [[nodiscard]] const edit::CarSetup& Car() const noexcept { return car_; }
   [[nodiscard]] const Globals& State() const noexcept { return globals_; }
+  [[nodiscard]] const Outside& Surroundings() const noexcept { return outside_; }
   /// The program has ended: the window must go and nothing more is handled.
   [[nodiscard]] bool Ended() const noexcept { return ended_; }
 
@@ -159,6 +166,9 @@ class MainWindow {
   void MnuReferenceDefault_Click();
   void MnuReferenceFile_Click();
   void CompareWithFile(edit::ReferenceSource source, const std::string& path);
+
+  // FromLibrary.cpp: all setups
+  void MnuLibrary_Click() { form_.library.Ask(); }
 
   // Pictures.cpp: charts, car picture, marquee
   void MnuGearing_Click() { form_.gearing.Ask(); }

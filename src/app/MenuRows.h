@@ -31,6 +31,9 @@ struct MenuRows {
     form.MenuItem({VELQUIST_CONTROL(MnuSheet), .frame = "MnuFile", .caption = "Setup S&heet...",
                    .tip = "Save all about the setup as a page to print or send",
                    .event = On<&MainWindow::MnuSheet_Click>});
+    form.MenuItem({VELQUIST_CONTROL(MnuLibrary), .frame = "MnuFile", .caption = "&Library...",
+                   .tip = "Show the setups of all installations", .shortcut = "Ctrl+L",
+                   .event = On<&MainWindow::MnuLibrary_Click>, .begins_group = true});
     form.MenuItem({VELQUIST_CONTROL(MnuExit), .frame = "MnuFile", .caption = "E&xit",
                    .tip = "End the program", .shortcut = "Ctrl+Q",
                    .event = On<&MainWindow::MayClose>, .begins_group = true});

@@ -110,8 +110,7 @@ void MainWindow::OpenPath(const std::string& path)
     throw;
   }
   go_back();
-  Tell("There is something wrong with this setup file.  Please select another file.",
-       Icon::kInformation);
+  Tell(kWrongFile, Icon::kInformation);
 }
 
 /// Finds out the mod year of the file in the buffer; false when that mod is not installed.

@@ -14,6 +14,7 @@ struct Outside {
   platform::FileSystem& files;
   Dialogs& dialogs;
   platform::Process& process;
+  platform::FileManager& file_manager;
   platform::Clock& clock;
   platform::Random& random;
   platform::Screen& screen;

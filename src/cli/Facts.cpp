@@ -39,16 +39,6 @@ std::string LayoutText(const library::SetupFile& file)
   return *layout == setup::Layout::kLong ? "long" : "short";
 }
 
-std::string YearsText(const library::Identity& identity)
-{
-  std::string text;
-  for (const auto year : identity.years) {
-    if (!text.empty()) text += '/';
-    text += data::ModYearText(year);
-  }
-  return text;
-}
-
 std::string CarText(const library::Identity& identity)
 {
   std::string text = "unknown car";

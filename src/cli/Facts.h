@@ -21,9 +21,8 @@ namespace velquist::cli {
 /// 1 to 3, or null.
 [[nodiscard]] Json FormulaFact(const library::Identity& identity);
 
-/// The same for people: "short layout", "1965/1967", "Lotus 49-Ford V8 DFV F1".
+/// The same for people: "short layout", "Lotus 49-Ford V8 DFV F1".
 [[nodiscard]] std::string LayoutText(const library::SetupFile& file);
-[[nodiscard]] std::string YearsText(const library::Identity& identity);
 [[nodiscard]] std::string CarText(const library::Identity& identity);
 
 /// "22 psi".

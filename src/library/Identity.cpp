@@ -54,6 +54,16 @@ std::optional<int> Identity::GearCount() const
   return slot ? std::optional(data::GearCount(read_as, *slot)) : std::nullopt;
 }
 
+std::string YearsText(const Identity& identity)
+{
+  std::string text;
+  for (const auto year : identity.years) {
+    if (!text.empty()) text += '/';
+    text += data::ModYearText(year);
+  }
+  return text;
+}
+
 Identity IdentityOf(const SetupFile& file, const Hints& hints)
 {
   const auto name = FileNameOf(file.path);

@@ -31,6 +31,9 @@ struct Identity {
   [[nodiscard]] std::optional<int> GearCount() const;
 };
 
+/// "1965/1967"; empty where no year is known.
+[[nodiscard]] std::string YearsText(const Identity& identity);
+
 [[nodiscard]] Identity IdentityOf(const SetupFile& file, const Hints& hints);
 
 }  // namespace velquist::library

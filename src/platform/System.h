@@ -16,6 +16,15 @@ class Process {
   virtual void Start(std::string_view path) = 0;
 };
 
+/// The system's program for looking at directories.
+class FileManager {
+ public:
+  virtual ~FileManager() = default;
+  /// Shows the directory of the file at `path`, with the file chosen where the system can do that,
+  /// and does not wait. Throws FileError.
+  virtual void Show(std::string_view path) = 0;
+};
+
 class Clock {
  public:
   virtual ~Clock() = default;

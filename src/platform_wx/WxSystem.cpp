@@ -8,6 +8,7 @@
 #include <chrono>
 
 #include "platform/Errors.h"
+#include "platform/Paths.h"
 #include "platform_wx/WxText.h"
 
 namespace velquist::platform {
@@ -22,6 +23,23 @@ void WxProcess::Start(std::string_view /*path*/)
   if (wxExecute(words.data(), wxEXEC_ASYNC) == 0)
     throw FileError(ToText(program), "the program could not be started");
 }
+
+#ifdef _WIN32
+/// Its exit code says nothing.
+void WxFileManager::Show(std::string_view path)
+{
+  const wxString file = FromText(path);
+  if (wxExecute("explorer /select,\"" + file + "\"", wxEXEC_ASYNC) == 0)
+    throw FileError(std::string(path), "The file manager could not be started");
+}
+#else
+void WxFileManager::Show(std::string_view path)
+{
+  const auto directory = DirectoryOf(path);
+  if (!wxLaunchDefaultApplication(FromText(directory)))
+    throw FileError(std::string(directory), "The file manager could not be started");
+}
+#endif
 
 std::uint64_t WxClock::TickCount() const
 {

@@ -28,6 +28,11 @@ class WxProcess final : public Process {
   Options options_;
 };
 
+class WxFileManager final : public FileManager {
+ public:
+  void Show(std::string_view path) override;
+};
+
 class WxClock final : public Clock {
  public:
   [[nodiscard]] std::uint64_t TickCount() const override;

@@ -246,7 +246,7 @@ void FrmMain::ShowFile()
   unsaved_->Show(unsaved);
   if (auto path = window_.SavePath(); path != save_path_) {
     save_path_ = std::move(path);
-    file_label_->SetToolTip(platform::FromText(window_.HostText(save_path_)));
+    file_label_->SetToolTip(platform::FromText(window_.Surroundings().files.HostText(save_path_)));
   }
   if (form.status == status_ && !saved) return;
   status_ = form.status;

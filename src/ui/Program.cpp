@@ -33,8 +33,8 @@ Program::Program(platform::CommandLine command_line)
 bool Program::OnInit()
 {
   try {
-    window_.emplace(app::Outside{files_, dialogs_, process_, clock_, random_, screen_, pictures_,
-                                 resources_, ProgramDirectory()});
+    window_.emplace(app::Outside{files_, dialogs_, process_, file_manager_, clock_, random_,
+                                 screen_, pictures_, resources_, ProgramDirectory()});
   } catch (const FileError& error) {
     dialogs_.ShowMessage(platform::ToldPath(error.Path()) + "\n" + error.Reason() + ".",
                          platform::Icon::kCritical, platform::Buttons::kOk);

@@ -39,6 +39,7 @@ class Program final : public wxApp {
   platform::EmbeddedResources resources_;
   ProgramDialogs dialogs_;
   platform::WxProcess process_;
+  platform::WxFileManager file_manager_;
   platform::WxClock clock_;
   platform::WxRandom random_;
   platform::WxScreen screen_;

@@ -58,9 +58,9 @@ class MemoryProgram {
               "\"/GPL\"\r\n" + number(0) + number(data::NumberOf(saved.ModYearIndex)) + number(0) +
                   number(saved.chassis) + number(saved.formula) + number(0) + number(saved.units) +
                   "\"/GPL\"\r\n");
-    window_ = std::make_unique<app::MainWindow>(
-        app::Outside{files, platform_.dialogs, platform_.process, platform_.clock, platform_.random,
-                     platform_.screen, platform_.pictures, resources_, "/program"});
+    window_ = std::make_unique<app::MainWindow>(app::Outside{
+        files, platform_.dialogs, platform_.process, platform_.file_manager, platform_.clock,
+        platform_.random, platform_.screen, platform_.pictures, resources_, "/program"});
     window_->Form_Load("");
     if (window_->Ended() || !UnexpectedDialog().empty())
       throw std::runtime_error("the program did not start: " + UnexpectedDialog());

@@ -22,12 +22,14 @@ class NoResources : public platform::Resources {
 /// nowhere to be seen.
 class Nothing final : public NoResources,
                       public platform::Process,
+                      public platform::FileManager,
                       public platform::Clock,
                       public platform::Random,
                       public platform::Screen,
                       public platform::PictureLoader {
  public:
   void Start(std::string_view /*path*/) override {}
+  void Show(std::string_view /*path*/) override {}
   [[nodiscard]] std::uint64_t TickCount() const override { return 0; }
   void Seed(std::uint64_t /*seed*/) override {}
   [[nodiscard]] double Next() override { return 0; }

@@ -146,6 +146,8 @@ Step ReadOn(WordReader& words)
   if (words.Take("FrmInstallDelete")) return ReadInstallDelete(words);
   if (words.Take("FrmHelp")) return Announce(words, AnnouncedHelp{});
   if (words.Take("run")) return Announce(words, AnnouncedRun{words.Next("a path").text});
+  if (words.Take("filemanager"))
+    return Announce(words, AnnouncedFileManager{words.Next("a path").text});
   words.Fail("\"" + words.Next("a dialog").text + "\" is no dialog");
 }
 

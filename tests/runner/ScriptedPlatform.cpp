@@ -74,6 +74,10 @@ struct Describer {
   }
   std::string operator()(const AnnouncedHelp& /*help*/) const { return "FrmHelp"; }
   std::string operator()(const AnnouncedRun& run) const { return "run " + Quoted(run.path); }
+  std::string operator()(const AnnouncedFileManager& shown) const
+  {
+    return "filemanager " + Quoted(shown.path);
+  }
 
   static std::string Step(const Driver::DeleteStep& step)
   {
@@ -227,6 +231,13 @@ void ScriptedProcess::Start(std::string_view path)
   (void)announcements_.Take<AnnouncedRun>("run " + Quoted(path), asked, [&](const auto& expected) {
     return announcements_.Same(expected.path, path);
   });
+}
+
+void ScriptedFileManager::Show(std::string_view path)
+{
+  (void)announcements_.Take<AnnouncedFileManager>(
+      "filemanager " + Quoted(path),
+      [&](const auto& expected) { return announcements_.Same(expected.path, path); });
 }
 
 platform::PictureLoader::Size PictureSizes::Load(std::string_view path)

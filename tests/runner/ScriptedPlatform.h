@@ -55,8 +55,12 @@ struct AnnouncedHelp {};
 struct AnnouncedRun {
   std::string path;
 };
-using Dialog = std::variant<AnnouncedMessage, AnnouncedOpen, AnnouncedSave, AnnouncedModYear,
-                            AnnouncedInstallDelete, AnnouncedHelp, AnnouncedRun>;
+struct AnnouncedFileManager {
+  std::string path;
+};
+using Dialog =
+    std::variant<AnnouncedMessage, AnnouncedOpen, AnnouncedSave, AnnouncedModYear,
+                 AnnouncedInstallDelete, AnnouncedHelp, AnnouncedRun, AnnouncedFileManager>;
 
 /// The dialogs announced and not yet come, in order, and the first thing that went wrong with
 /// one. The program goes on after that as if every dialog were cancelled; the script ends when its
@@ -146,6 +150,15 @@ class ScriptedProcess final : public platform::Process {
   Announcements& announcements_;
 };
 
+class ScriptedFileManager final : public platform::FileManager {
+ public:
+  explicit ScriptedFileManager(Announcements& announcements) : announcements_(announcements) {}
+  void Show(std::string_view path) override;
+
+ private:
+  Announcements& announcements_;
+};
+
 class ScriptedClock final : public platform::Clock {
  public:
   [[nodiscard]] std::uint64_t TickCount() const override { return now_; }
@@ -198,21 +211,22 @@ class ScriptedPlatform {
       : announcements(std::move(same_text)),
         dialogs(announcements, driver),
         process(announcements),
+        file_manager(announcements),
         pictures(files)
   {
   }
 
   [[nodiscard]] app::Outside Outside(std::string program_directory, platform::Resources& resources)
   {
-    return {files,    dialogs,   process,
-            clock,    random,    screen,
-            pictures, resources, std::move(program_directory)};
+    return {files,  dialogs, process,  file_manager, clock,
+            random, screen,  pictures, resources,    std::move(program_directory)};
   }
 
   Announcements announcements;
   platform::HostFileSystem files;
   ScriptedDialogs dialogs;
   ScriptedProcess process;
+  ScriptedFileManager file_manager;
   ScriptedClock clock;
   ScriptedRandom random;
   ScriptedScreen screen;

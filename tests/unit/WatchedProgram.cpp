@@ -21,9 +21,9 @@ app::MainWindow& WatchedProgram::Start(std::string_view command_line)
   files.log.clear();
   files.written.clear();
   dialogs.messages.clear();
-  window = std::make_unique<app::MainWindow>(app::Outside{files, dialogs, process_, clock_, random_,
-                                                          screen_, pictures_, resources_,
-                                                          world.Names().program});
+  window = std::make_unique<app::MainWindow>(app::Outside{files, dialogs, process_, file_manager_,
+                                                          clock_, random_, screen_, pictures_,
+                                                          resources_, world.Names().program});
   window->Form_Load(command_line);
   return *window;
 }

@@ -134,6 +134,7 @@ class WatchedProgram {
  private:
   runner::Announcements announcements_;
   runner::ScriptedProcess process_{announcements_};
+  runner::ScriptedFileManager file_manager_{announcements_};
   runner::ScriptedClock clock_;
   runner::ScriptedRandom random_;
   runner::ScriptedScreen screen_;
