@@ -5,6 +5,7 @@
 
 #include "ui/FrmCompare.h"
 #include "ui/FrmGearing.h"
+#include "ui/FrmLibrary.h"
 
 namespace velquist::ui {
 namespace {
@@ -21,9 +22,10 @@ SideWindow* Make(const SideWindow::Setting& setting)
 }
 
 /// One row a window.
-constexpr std::array<Row, 2> kRows = {{
+constexpr std::array<Row, 3> kRows = {{
     {&app::MainForm::compare, Make<FrmCompare>},
     {&app::MainForm::gearing, Make<FrmGearing>},
+    {&app::MainForm::library, Make<FrmLibrary>},
 }};
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/Dialogs.h"
+#include "app/Library.h"
 #include "app/MainWindow.h"
 
 namespace velquist::runner {
@@ -53,6 +54,15 @@ class Driver {
   virtual void Tick() = 0;
   /// The window gets the focus.
   virtual void Focus() = 0;
+
+  /// All setups; as its window has them sorted and filtered while that is open.
+  [[nodiscard]] virtual app::Library& Library() = 0;
+  /// What the user types and presses in the library's window, which must be open.
+  virtual void FilterLibrary(std::string_view text) = 0;
+  virtual void SortLibrary(int column) = 0;
+  enum class LibraryCommand { kOpen, kReference, kExport, kShow };
+  /// `path` is among those shown.
+  virtual void UseOfLibrary(LibraryCommand command, const std::string& path) = 0;
 
   /// Our own forms, answered as the script says. The model has no forms and passes the answer on;
   /// the window shows the real form and presses the real buttons.

@@ -245,6 +245,7 @@ Step ReadDump(WordReader& words)
       DumpChart(play, second);
     };
   }
+  if (words.Take("library")) return DumpLibrary();
   const auto name = words.Next("what to dump").text;
   const auto dump = kDumps.find(name);
   if (dump == kDumps.end()) words.Fail("\"" + name + "\" is nothing to dump");

@@ -278,6 +278,7 @@ Step ReadExpect(WordReader& words)
   if (words.Take("unchanged")) return ExpectChanged(false);
   if (words.Take("slot")) return ExpectSlot(words);
   if (words.Take("file")) return ExpectFile(words);
+  if (words.Take("library")) return ExpectLibrary(words);
   if (words.Take("chart")) return ExpectChart(words);
   if (words.Take("buffer")) return ExpectBuffer(words);
   return ExpectControl(words);

@@ -23,10 +23,15 @@ class ModelDriver final : public Driver {
   void Start(const app::Outside& outside, std::string_view command_line) override
   {
     closed_ = false;
+    library_.reset();
     window_ = std::make_unique<app::MainWindow>(outside);
     window_->Form_Load(command_line);
   }
-  void Stop() override { window_.reset(); }
+  void Stop() override
+  {
+    library_.reset();
+    window_.reset();
+  }
   [[nodiscard]] bool Running() const override
   {
     return window_ != nullptr && !closed_ && !window_->Ended();
@@ -66,6 +71,23 @@ class ModelDriver final : public Driver {
   void Tick() override { window_->Tick(); }
   void Focus() override { window_->Activated(); }
 
+  [[nodiscard]] app::Library& Library() override
+  {
+    if (!library_) library_.emplace(Window());
+    return *library_;
+  }
+  void FilterLibrary(std::string_view text) override { Library().Table().SetFilter(text); }
+  void SortLibrary(int column) override { Library().Table().Heading_Click(column); }
+  void UseOfLibrary(LibraryCommand command, const std::string& path) override
+  {
+    switch (command) {
+      case LibraryCommand::kOpen: return window_->FileDropped(path);
+      case LibraryCommand::kReference: return window_->LibraryReference(path);
+      case LibraryCommand::kExport: return window_->LibraryExport(path);
+      case LibraryCommand::kShow: return window_->LibraryShow(path);
+    }
+  }
+
   [[nodiscard]] const app::MainWindow& Window() const override
   {
     if (window_ == nullptr) throw std::logic_error("the program has not been started");
@@ -74,6 +96,7 @@ class ModelDriver final : public Driver {
 
  private:
   std::unique_ptr<app::MainWindow> window_;
+  std::optional<app::Library> library_;
   bool closed_ = false;
 };
 

@@ -8,11 +8,13 @@ namespace velquist::runner {
 namespace {
 
 const std::map<std::string_view, Step (*)(WordReader&)> kStatements = {
-    {"dir", ReadDir},       {"file", ReadFile},     {"setup", ReadSetup}, {"copy", ReadCopy},
-    {"remove", ReadRemove}, {"screen", ReadScreen}, {"clock", ReadClock}, {"random", ReadRandom},
-    {"start", ReadStart},   {"click", ReadClick},   {"check", ReadCheck}, {"uncheck", ReadUncheck},
-    {"select", ReadSelect}, {"close", ReadClose},   {"tick", ReadTick},   {"on", ReadOn},
-    {"expect", ReadExpect}, {"dump", ReadDump},     {"print", ReadPrint}, {"focus", ReadFocus},
+    {"dir", ReadDir},       {"file", ReadFile},     {"setup", ReadSetup},
+    {"copy", ReadCopy},     {"remove", ReadRemove}, {"screen", ReadScreen},
+    {"clock", ReadClock},   {"random", ReadRandom}, {"start", ReadStart},
+    {"click", ReadClick},   {"check", ReadCheck},   {"uncheck", ReadUncheck},
+    {"select", ReadSelect}, {"close", ReadClose},   {"tick", ReadTick},
+    {"on", ReadOn},         {"expect", ReadExpect}, {"dump", ReadDump},
+    {"print", ReadPrint},   {"focus", ReadFocus},   {"library", ReadLibrary},
 };
 
 constexpr std::array<std::string_view, 8> kKinds = {"button", "label", "list", "check",

@@ -54,10 +54,13 @@ using Step = std::function<void(Play&)>;
 [[nodiscard]] Step ReadClose(WordReader& words);
 [[nodiscard]] Step ReadFocus(WordReader& words);
 [[nodiscard]] Step ReadTick(WordReader& words);
+[[nodiscard]] Step ReadLibrary(WordReader& words);
 
 [[nodiscard]] Step ReadOn(WordReader& words);
 [[nodiscard]] Step ReadExpect(WordReader& words);
 [[nodiscard]] Step ReadDump(WordReader& words);
+[[nodiscard]] Step ExpectLibrary(WordReader& words);
+[[nodiscard]] Step DumpLibrary();
 [[nodiscard]] Step ReadPrint(WordReader& words);
 
 /// Any whole statement.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <wx/checkbox.h>
+#include <wx/dataview.h>
 #include <wx/radiobut.h>
 #include <wx/statusbr.h>
 #include <wx/textctrl.h>
@@ -8,6 +9,7 @@
 
 #include <wx/weakref.h>
 
+#include <array>
 #include <cmath>
 #include <exception>
 #include <functional>
@@ -20,6 +22,7 @@
 #include "runner/window/WindowSystem.h"
 #include "ui/FrmHelp.h"
 #include "ui/FrmInstallDelete.h"
+#include "ui/FrmLibrary.h"
 #include "ui/FrmMain.h"
 #include "ui/FrmModYear.h"
 #include "ui/PictureBoxes.h"
@@ -85,6 +88,7 @@ class WindowDriver final : public Driver {
   {
     if (frame_) frame_->Destroy();
     LetWindowSystemWork();
+    library_.reset();
     window_.reset();
   }
 
@@ -216,9 +220,50 @@ class WindowDriver final : public Driver {
     if (shown.empty()) throw std::runtime_error("the help window shows no text");
   }
 
+  [[nodiscard]] app::Library& Library() override
+  {
+    if (Window().Form().library.open) return OpenLibrary().Library();
+    return library_.emplace(Window());
+  }
+  void FilterLibrary(std::string_view text) override
+  {
+    Get<wxTextCtrl>(&OpenLibrary(), "Filter").SetValue(platform::FromText(text));
+    LetWindowSystemWork();
+  }
+  void SortLibrary(int column) override
+  {
+    auto& table = Get<wxDataViewCtrl>(&OpenLibrary(), "Setups");
+    for (unsigned at = 0; at < table.GetColumnCount(); ++at) {
+      auto* const heading = table.GetColumn(at);
+      if (static_cast<int>(heading->GetModelColumn()) != column) continue;
+      wxDataViewEvent event(wxEVT_DATAVIEW_COLUMN_HEADER_CLICK, &table, heading);
+      table.ProcessWindowEvent(event);
+    }
+    LetWindowSystemWork();
+  }
+  void UseOfLibrary(LibraryCommand command, const std::string& path) override
+  {
+    constexpr std::array<const char*, 4> kButtons = {"Open", "Reference", "Export", "Show"};
+    auto& library = OpenLibrary();
+    auto& table = Get<wxDataViewCtrl>(&library, "Setups");
+    LetWindowSystemWork();
+    const auto& model = dynamic_cast<const wxDataViewVirtualListModel&>(*table.GetModel());
+    const auto line = library.Library().Table().Find(path).value();
+    table.Select(model.GetItem(static_cast<unsigned>(line)));
+    wxDataViewEvent event(wxEVT_DATAVIEW_SELECTION_CHANGED, &table, table.GetSelection());
+    table.ProcessWindowEvent(event);
+    Press(&library, kButtons.at(static_cast<std::size_t>(command)));
+    LetWindowSystemWork();
+  }
+
   [[nodiscard]] const app::MainWindow& Window() const override { return *window_; }
 
  private:
+  [[nodiscard]] ui::FrmLibrary& OpenLibrary() const
+  {
+    return Get<ui::FrmLibrary>(frame_, "FrmLibrary");
+  }
+
   /// Some systems keep a window within the real desktop unless it has a largest size of its own.
   void AllowScriptedSize(const platform::Screen& screen)
   {
@@ -232,6 +277,7 @@ class WindowDriver final : public Driver {
   const platform::Resources* resources_ = nullptr;
   std::optional<platform::WxPictureLoader> pictures_;
   std::optional<app::MainWindow> window_;
+  std::optional<app::Library> library_;
   wxWeakRef<ui::FrmMain> frame_;
 };
 
