@@ -143,10 +143,19 @@ wxWindow* FrmLibrary::MakeTables(wxPanel* panel)
     preview_->AppendTextColumn(title, column, wxDATAVIEW_CELL_INERT, FromDIP(width), alignment)
         ->SetResizeable(true);
   };
-  add("Parameter", ComparisonLines::kParameter, 290, wxALIGN_LEFT);
-  add("Chosen Setup", ComparisonLines::kReference, 130, wxALIGN_RIGHT);
-  add("Now", ComparisonLines::kNow, 130, wxALIGN_RIGHT);
-  add("Difference", ComparisonLines::kAdded, 110, wxALIGN_RIGHT);
+  constexpr int kNumber = 130;
+  constexpr int kLeastParameter = 200;
+  constexpr int kFrame = 30;
+  add("Parameter", ComparisonLines::kParameter, kLeastParameter, wxALIGN_LEFT);
+  add("Chosen Setup", ComparisonLines::kReference, kNumber, wxALIGN_RIGHT);
+  add("Now", ComparisonLines::kNow, kNumber, wxALIGN_RIGHT);
+  add("Difference", ComparisonLines::kAdded, kNumber, wxALIGN_RIGHT);
+  // Numbers stand together at the right.
+  preview_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    event.Skip();
+    const int left = preview_->GetSize().x - FromDIP(3 * kNumber + kFrame);
+    preview_->GetColumn(0)->SetWidth(std::max(FromDIP(kLeastParameter), left));
+  });
   platform::SetSpoken(*preview_, "What differs from the chosen setup", {});
   auto* const rows = new wxBoxSizer(wxVERTICAL);
   rows->Add(difference_count_, wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, FromDIP(kGap / 2)));
@@ -205,9 +214,12 @@ void FrmLibrary::MakeColumns()
   for (const int column : columns_) {
     const bool is_value = column >= app::kFirstValueColumn;
     const int width = is_value ? kValueWidth : kWidths.at(static_cast<std::size_t>(column));
-    table_->AppendTextColumn(TitleOf(column), static_cast<unsigned>(column), wxDATAVIEW_CELL_INERT,
-                             FromDIP(width), is_value ? wxALIGN_RIGHT : wxALIGN_LEFT,
-                             wxDATAVIEW_COL_RESIZABLE);
+    table_
+        ->AppendTextColumn(TitleOf(column), static_cast<unsigned>(column), wxDATAVIEW_CELL_INERT,
+                           FromDIP(width), is_value ? wxALIGN_RIGHT : wxALIGN_LEFT,
+                           wxDATAVIEW_COL_RESIZABLE)
+        ->GetRenderer()
+        ->EnableEllipsize(wxELLIPSIZE_END);
   }
 }
 

@@ -215,6 +215,7 @@ void FrmLibrary::Use(const std::function<void(const std::string& path)>& event)
   const wxBusyCursor busy;
   const std::string path = selected_->Path();
   GiveEvent([&] { event(path); });
+  if (IsShown()) Raise();  // a box has given the focus to the main window
 }
 
 void FrmLibrary::Open()
