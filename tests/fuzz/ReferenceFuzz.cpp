@@ -57,8 +57,8 @@ struct Program {
   testing::MemoryFiles& files = fuzz::ShippedFiles();
   testing::Nothing nothing;
   Answering dialogs;
-  app::Outside outside{files,   dialogs, nothing, nothing,   nothing,
-                       nothing, nothing, nothing, "/program"};
+  app::Outside outside{files,   dialogs, nothing, nothing, nothing,
+                       nothing, nothing, nothing, nothing, "/program"};
   std::array<edit::CarSetup, data::kModYearCount> cars;
 
   Program()

@@ -235,8 +235,9 @@ void ScriptedProcess::Start(std::string_view path)
 
 void ScriptedFileManager::Show(std::string_view path)
 {
+  const AnnouncedFileManager asked{std::string(path)};
   (void)announcements_.Take<AnnouncedFileManager>(
-      "filemanager " + Quoted(path),
+      "filemanager " + Quoted(path), asked,
       [&](const auto& expected) { return announcements_.Same(expected.path, path); });
 }
 

@@ -74,7 +74,7 @@ class RoundTrip : public ::testing::Test {
  protected:
   RoundTrip()
       : window_({files_, dialogs_, nothing_, nothing_, nothing_, nothing_, nothing_, nothing_,
-                 "C:\\Velquist"})
+                 nothing_, "C:\\Velquist"})
   {
     for (const auto& entry :
          fs::directory_iterator(velquist::testing::SourceDirectory() / "assets" / "program"))
