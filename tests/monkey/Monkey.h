@@ -57,7 +57,7 @@ class Monkey {
   /// What is wrong with the state after the event; empty when nothing is.
   [[nodiscard]] std::string Wrong(const Event& event);
   [[nodiscard]] std::string WrongInHistory();
-  [[nodiscard]] int CountNoNumbers() const;
+  [[nodiscard]] int CountNotFinite() const;
 
   static constexpr std::uint32_t kHistoryEvery = 100;  ///< events, about
 
@@ -76,7 +76,7 @@ class Monkey {
   // As they were after the event before.
   bool was_running_ = false;
   bool was_changed_ = false;
-  int no_numbers_ = 0;
+  int not_finite_ = 0;
 };
 
 /// As few of the events as still go wrong in a world of the same seed.

@@ -134,12 +134,12 @@ std::string Monkey::Wrong(const Event& event)
   if (auto wrong = WrongOnScreen(*driver_, slot); !wrong.empty()) return wrong;
 
   const bool was_changed = std::exchange(was_changed_, car.Changed());
-  const auto was_no_number = std::exchange(no_numbers_, CountNoNumbers());
+  const auto were_not_finite = std::exchange(not_finite_, CountNotFinite());
   if (KeepsFlag(event.statement) && was_running_ && car.Changed() != was_changed)
     return car.Changed() ? "sets the flag" : "clears the flag";
   if (event.statement.starts_with("click Cmd") && dialogs_.empty()) {
     if (!car.Changed()) return "leaves the setup unchanged";
-    if (no_numbers_ > 0 && was_no_number == 0) return "makes a value that is no number";
+    if (not_finite_ > 0 && were_not_finite == 0) return "makes a value that is no finite number";
   }
   was_running_ = true;
   if (window.Form().MnuUndo.enabled != (car.Steps().ToUndo() != nullptr) ||
@@ -149,11 +149,11 @@ std::string Monkey::Wrong(const Event& event)
   return {};
 }
 
-int Monkey::CountNoNumbers() const
+int Monkey::CountNotFinite() const
 {
   int count = 0;
   for (int slot = 0; slot < setup::kSlots; ++slot)
-    if (std::isnan(driver_->Window().Car().Value(slot))) ++count;
+    if (!std::isfinite(driver_->Window().Car().Value(slot))) ++count;
   return count;
 }
 
