@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "app/CarPictures.h"
@@ -48,11 +48,12 @@ std::vector<std::string> InstallationsOnDisk(const platform::FileSystem& files,
   return read;
 }
 
+/// What the file cannot hold is left out: the next start would refuse it.
 void SaveProgramSettings(const Outside& outside, const edit::CarSetup& car, const Globals& globals,
                          const MainForm& form)
 {
   const auto path = outside.program_directory + "\\" + std::string(install::kSettingsFileName);
-  const install::ProgramSettings settings{
+  install::ProgramSettings settings{
       .installation = form.Combo7.text,
       .player_index = globals.player_index,
       .ModYearIndex = data::NumberOf(car.ModYearIndex()),
@@ -65,6 +66,11 @@ void SaveProgramSettings(const Outside& outside, const edit::CarSetup& car, cons
           globals.installations_read, form.Combo7.items,
           InstallationsOnDisk(outside.files, path, globals.installations_read)),
   };
+  std::erase_if(settings.installations, std::not_fn(install::CanBeKept));
+  if (!install::CanBeKept(settings.installation)) {
+    if (settings.installations.empty()) return;
+    settings.installation = settings.installations.front();
+  }
   outside.files.WriteText(path, install::ProgramSettingsText(settings));
 }
 

@@ -136,6 +136,18 @@ std::string ProgramSettingsText(const ProgramSettings& settings)
   return text;
 }
 
+bool CanBeKept(const std::string& installation)
+{
+  const ProgramSettings settings{.installation = installation, .installations = {installation}};
+  try {
+    const auto again = ParseProgramSettings(ProgramSettingsText(settings));
+    const auto whole = platform::InUtf8(installation);
+    return again.installation == whole && again.installations == std::vector<std::string>{whole};
+  } catch (const SettingsError&) {
+    return false;
+  }
+}
+
 std::vector<std::string> MergeInstallations(const std::vector<std::string>& read,
                                             const std::vector<std::string>& current,
                                             const std::vector<std::string>& on_disk)

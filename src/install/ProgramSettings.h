@@ -43,6 +43,10 @@ class SettingsError : public std::runtime_error {
 /// The file's text: quoted strings, plain numbers, one value a line, CR LF. Valid UTF-8.
 [[nodiscard]] std::string ProgramSettingsText(const ProgramSettings& settings);
 
+/// Whether the file can hold an installation of that name: no control character, and no quote that
+/// would end it. Other systems than Windows have such names.
+[[nodiscard]] bool CanBeKept(const std::string& installation);
+
 /// The installations to write when the file may have changed since it was read: `current` ones of
 /// this window in their order, and behind them what the file gained since. What this window deleted
 /// stays deleted.

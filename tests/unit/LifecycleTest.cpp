@@ -4,11 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <string>
 
 #include "ScriptedEditor.h"
 #include "WatchedProgram.h"
 #include "platform/FileReason.h"
+#include "platform/HostPath.h"
 
 namespace velquist::testing {
 namespace {
@@ -259,6 +261,23 @@ TEST_F(Lifecycle, AnInstallationWithATrailingSeparatorWorksAsWithoutOne)
     EXPECT_EQ(window.Form().Combo2.text, "1967");
   }
 }
+
+#ifndef _WIN32  // which has no such names
+TEST_F(Lifecycle, AnInstallationThatTheSettingsCannotHoldSpoilsNoLaterStart)
+{
+  MakeGame();
+  program_.WriteSettings();
+  const std::string other = program_.world.Names().temporary + "/G\x01PL";
+  const auto setup = other + "/Players/Ann/Setups/spa/a.lp1";
+  fs::create_directories(fs::path(setup).parent_path());
+  fs::copy(platform::HostPath(InProgram("66 Velquist Default.vqset")), setup);
+  for (const char* marker : {"/gpl_ai.ini", "/gpla66.ini"}) std::ofstream(other + marker) << "\n";
+  EXPECT_TRUE(program_.Start(setup).CloseRequested());
+  EXPECT_EQ(program_.dialogs.messages, Messages{});
+  EXPECT_FALSE(program_.Start().Ended());
+  EXPECT_EQ(program_.window->Form().Combo7.items, std::vector<std::string>{program_.Game()});
+}
+#endif
 
 TEST(SelectionChanges, WithDamagedFilesLeaveEverythingAsItWas)
 {

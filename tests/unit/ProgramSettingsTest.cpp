@@ -166,6 +166,15 @@ TEST(ProgramSettings, AreWrittenAsUtf8WhateverADirectoryIsNamed)
   EXPECT_EQ(again.installations, (std::vector<std::string>{"/home/jörg/GPL", "/home/jörg/GPL"}));
 }
 
+TEST(ProgramSettings, CannotKeepEveryNameOfADirectory)
+{
+  for (const char* good :
+       {"C:\\GPL", "/home/j\xF6rg/GPL", "/a \"b\" c", "two\nlines", "a,b", "/GPL\""})
+    EXPECT_TRUE(CanBeKept(good)) << good;
+  for (const char* bad : {"/GPL\x01", "/GPL\x7F", "/a\",b", "/a\"\nb", ""})
+    EXPECT_FALSE(CanBeKept(bad)) << bad;
+}
+
 TEST(MergedInstallations, KeepWhatTheFileGained)
 {
   using List = std::vector<std::string>;
