@@ -25,8 +25,11 @@ StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& name, Va
   Bind(wxEVT_LEFT_UP, &StepButton::OnRelease, this);
   Bind(wxEVT_TIMER, &StepButton::OnHeld, this);
   Bind(wxEVT_BUTTON, &StepButton::OnClicked, this);
+  Bind(wxEVT_CHAR_HOOK, &StepButton::OnKeyDown, this);
+  Bind(wxEVT_KEY_UP, &StepButton::OnKeyUp, this);
   Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
     LetGo();  // the release may go to a box that the step has brought up
+    key_ = WXK_NONE;
     event.Skip();
   });
 }
@@ -81,6 +84,27 @@ void StepButton::OnHeld(wxTimerEvent&)
 void StepButton::OnClicked(wxCommandEvent& event)
 {
   event.Skip(stepping_ || !pressed_);
+  // The system repeats the click of a key that is held.
+  if (!stepping_ && key_ != WXK_NONE && std::exchange(key_stepped_, true)) event.SetExtraLong(1);
+}
+
+void StepButton::OnKeyDown(wxKeyEvent& event)
+{
+  event.Skip();
+  if (event.GetKeyCode() == key_ && !key_up_) return;
+  key_ = event.GetKeyCode();
+  key_up_ = key_stepped_ = false;
+}
+
+void StepButton::OnKeyUp(wxKeyEvent& event)
+{
+  event.Skip();
+  if (event.GetKeyCode() != key_) return;
+  key_up_ = true;
+  // The last click of the key may come behind its release.
+  CallAfter([this] {
+    if (key_up_) key_ = WXK_NONE;
+  });
 }
 
 }  // namespace velquist::ui
