@@ -2,6 +2,7 @@
 accessibility bus of its own, and work it by keys and by what a screen reader is told. Need a
 display with a window manager, such as that of scripts/with-display."""
 
+import ctypes
 import os
 import shutil
 import subprocess
@@ -102,6 +103,32 @@ def middle_of(control):
 def key(*keys):
     subprocess.run(['xdotool', 'key', '--clearmodifiers', *keys], check=True)
     time.sleep(0.2)
+
+
+class _ClientMessage(ctypes.Structure):
+    _fields_ = [('type', ctypes.c_int), ('serial', ctypes.c_ulong), ('send_event', ctypes.c_int),
+                ('display', ctypes.c_void_p), ('window', ctypes.c_ulong),
+                ('message_type', ctypes.c_ulong), ('format', ctypes.c_int),
+                ('data', ctypes.c_long * 5), ('room', ctypes.c_long * 24)]
+
+
+def ask_to_close(title):
+    """As the close button of the window's frame does, whatever lies over the window. `title` is a
+    regular expression."""
+    client_message, substructure = 33, 3 << 19
+    # The search fails where another window goes at that moment.
+    found = until(lambda: subprocess.run(
+        ['xdotool', 'search', '--onlyvisible', '--name', title], capture_output=True, check=False,
+        text=True).stdout.split())
+    x11 = ctypes.CDLL('libX11.so.6')
+    x11.XOpenDisplay.restype = ctypes.c_void_p
+    x11.XInternAtom.restype = x11.XDefaultRootWindow.restype = ctypes.c_ulong
+    display = ctypes.c_void_p(x11.XOpenDisplay(None))
+    event = _ClientMessage(type=client_message, window=int(found[-1]), format=32,
+                           message_type=x11.XInternAtom(display, b'_NET_CLOSE_WINDOW', 0))
+    x11.XSendEvent(display, ctypes.c_ulong(x11.XDefaultRootWindow(display)), 0,
+                   ctypes.c_long(substructure), ctypes.byref(event))
+    x11.XCloseDisplay(display)
 
 
 class RunningProgram:
