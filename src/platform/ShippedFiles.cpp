@@ -9,7 +9,7 @@ namespace {
 // Lines are added when a data file changes, and never taken away: whoever skips a version has
 // copies of an older one.
 // clang-format off
-constexpr std::array<ShippedFile, 18> kShipped = {{
+constexpr std::array<ShippedFile, 34> kShipped = {{
     // 1.0.0
     {"65 Gear Data.ini",                 0x1D499AD3807651FA},
     {"65 Setup Data.ini",                0xD954A4446AC1651B},
@@ -29,6 +29,23 @@ constexpr std::array<ShippedFile, 18> kShipped = {{
     {"Metric/69 Velquist Default.vqset", 0x5398219904778140},
     {"Metric/GT Setup Data.ini",         0x1E94D1CF15EA1DA8},
     {"Metric/GT Velquist Default.vqset", 0x3E38EC9A3FF90096},
+    // not released yet
+    {"65 Setup Data.ini",                0xF6B41253E2BFFC9C},
+    {"65 Velquist Default.vqset",        0x5CFDFC439CF8AEE5},
+    {"66 Velquist Default.vqset",        0x79B86D3321787889},
+    {"67 Setup Data.ini",                0xE8510909DE6FF4CF},
+    {"67 Velquist Default.vqset",        0x1992CD2B3DD6CBB0},
+    {"69 Velquist Default.vqset",        0x330AD1AA944EB949},
+    {"GT Setup Data.ini",                0x10108E3F51D1CE3F},
+    {"GT Velquist Default.vqset",        0x01E56609C834E0A8},
+    {"Metric/65 Setup Data.ini",         0x2DAAEF658871FCF3},
+    {"Metric/65 Velquist Default.vqset", 0x885511DD32F4C3C2},
+    {"Metric/66 Velquist Default.vqset", 0xBF6CC5D1E3288AE6},
+    {"Metric/67 Setup Data.ini",         0x40614B8AF6E2B362},
+    {"Metric/67 Velquist Default.vqset", 0x18C0D6248E788788},
+    {"Metric/69 Velquist Default.vqset", 0x94DCF05DFB4E93DF},
+    {"Metric/GT Setup Data.ini",         0x2020A4D73EF4D60F},
+    {"Metric/GT Velquist Default.vqset", 0xBF441D493C5DC91C},
 }};
 // clang-format on
 

@@ -211,19 +211,25 @@ TEST(MetricSet, LeavesWhatHasNoMetricUnitAsItIs)
 
 TEST(MetricSet, DefaultSetupsDifferFromTheEnglishOnesOnlyByTheGrid)
 {
-  std::set<int> metric_rows;
-  for (const MetricRows& grid : MetricGrids()) {
-    for (const std::size_t row : grid.rows) metric_rows.insert(static_cast<int>(row));
-  }
-  ForEachYear([&](const Year& year) {
-    const auto rows = SetupDataOf(year, kProgram / "Metric");
+  ForEachYear([](const Year& year) {
+    const auto rows = SetupDataOf(year);
+    const auto metric_rows = SetupDataOf(year, kProgram / "Metric");
     const std::string metric = DefaultSetup(year, kProgram / "Metric");
     std::string english = DefaultSetup(year);
     ASSERT_EQ(metric.size(), english.size());
-    for (const int row : metric_rows) {
-      EXPECT_EQ(ValueOf(metric, row), rows[static_cast<std::size_t>(row)].standard) << row;
-      const std::size_t offset = kOffsets[static_cast<std::size_t>(row)];
-      english.replace(offset, 4, metric, offset, 4);
+    for (const MetricRows& grid : MetricGrids()) {
+      for (const std::size_t row : grid.rows) {
+        SCOPED_TRACE(row);
+        const float value = ValueOf(metric, static_cast<int>(row));
+        const float original = ValueOf(english, static_cast<int>(row));
+        if (original == rows[row].standard) {
+          EXPECT_EQ(value, metric_rows[row].standard);
+        }
+        ExpectMultiple(value, grid.factor, grid.step);
+        EXPECT_LE(std::abs(static_cast<double>(value - original)) * grid.factor,
+                  grid.step / 2 * 1.001);
+        english.replace(kOffsets[row], 4, metric, kOffsets[row], 4);
+      }
     }
     EXPECT_TRUE(english == metric);
   });

@@ -88,7 +88,7 @@ TEST_F(BrokenTables, ExampleOutsideTheYearsLimitsIsRejected)
 
 TEST_F(BrokenTables, WheelsThatTheYearDoesNotHaveAreRejected)
 {
-  Replace("defaults.txt", "final  | 31/9", "final  | 31/8");
+  Replace("defaults.txt", "final  | 37/11", "final  | 31/8");
   EXPECT_NE(Report().find("the year has no wheels 31/8"), std::string::npos);
 }
 

@@ -51,7 +51,7 @@ TEST_F(EditingEvents, GearPressesDrawTheSpeedBands)
   // A higher row is a shorter gear.
   EXPECT_LT(SpeedOfFirstGear(), before);
   EXPECT_DOUBLE_EQ(SpeedOfFirstGear(),
-                   1 / (static_cast<double>(2.533F) * 3.444F) * (84.8232 / 12) * (60.0 / 5280));
+                   1 / (static_cast<double>(2.533F) * 3.364F) * (84.8232 / 12) * (60.0 / 5280));
 }
 
 TEST_F(EditingEvents, RefusedGearPressesDrawNothing)

@@ -39,10 +39,10 @@ class GearingTable : public ::testing::Test {
 TEST_F(GearingTable, HasARowForEachGearOfTheCar)
 {
   EXPECT_EQ(app::GearingRows(View()).size(), 5U);
-  EXPECT_EQ(Row(1), (app::GearingRow{"2nd", "33/18", "1.833", "6.31", "110.7", "24.4", "8354",
+  EXPECT_EQ(Row(1), (app::GearingRow{"2nd", "33/18", "1.833", "6.11", "114.4", "24.4", "8354",
                                      "6718", "yes", "yes"}));
   EXPECT_EQ(Row(4),
-            (app::GearingRow{"5th", "25/25", "1.000", "3.44", "202.9", "-", "-", "-", "-", "-"}));
+            (app::GearingRow{"5th", "25/25", "1.000", "3.33", "209.7", "-", "-", "-", "-", "-"}));
   editor_.Play("select Combo3 \"BRM P83-BRM H16 3.0L\"");
   EXPECT_EQ(app::GearingRows(View()).size(), 6U);
 }
@@ -52,7 +52,7 @@ TEST_F(GearingTable, SpeedsFollowTheUnits)
   EXPECT_EQ(app::GearingHeadings(false)[4], "mph at max rpm");
   EXPECT_EQ(app::GearingHeadings(true)[4], "km/h at max rpm");
   editor_.Play("check OptUnits(1)");
-  EXPECT_EQ(Row(1)[4], "178.2");
+  EXPECT_EQ(Row(1)[4], "184.1");
   EXPECT_TRUE(Input().metric);
 }
 
@@ -87,13 +87,13 @@ TEST_F(GearingTable, TextHasAllCellsAndSentences)
 {
   const auto text = app::GearingText(View());
   EXPECT_TRUE(text.starts_with("Gear\tTeeth\tRatio\t")) << text;
-  EXPECT_NE(text.find("\n2nd\t33/18\t1.833\t6.31\t110.7\t24.4\t8354\t6718\tyes\tyes\n"),
+  EXPECT_NE(text.find("\n2nd\t33/18\t1.833\t6.11\t114.4\t24.4\t8354\t6718\tyes\tyes\n"),
             std::string::npos)
       << text;
-  EXPECT_NE(text.find("\n\nTop gear reaches maximum rpm at 203 mph"), std::string::npos) << text;
+  EXPECT_NE(text.find("\n\nTop gear reaches maximum rpm at 210 mph"), std::string::npos) << text;
   EXPECT_EQ(
       app::GearingHeading(Input()),
-      "Brabham BT19-Repco V8 3.0L, final drive 31/9 (3.444). No losses, curves from 1000 rpm.");
+      "Brabham BT19-Repco V8 3.0L, final drive 30/9 (3.333). No losses, curves from 1000 rpm.");
 }
 
 TEST_F(GearingTable, TheManualsExampleIsRight)

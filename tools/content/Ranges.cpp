@@ -176,6 +176,14 @@ bool Ranges::IsGearRow(int row) const
          measure == "final row";
 }
 
+float Ranges::OnMetricGrid(int row, float value) const
+{
+  const Measure& measure = MeasureOf(row);
+  if (measure.metric_unit.empty()) return value;
+  const double steps = static_cast<double>(value) * measure.factor / measure.metric_step;
+  return measure.FromMetric((std::round(steps) + 0.0) * measure.metric_step);  // no -0
+}
+
 Range Ranges::RangeOf(int row, Family family, UnitSet set) const
 {
   const Range& english = Row(row).ranges[IndexOf(family)];
@@ -191,8 +199,7 @@ Range Ranges::RangeOf(int row, Family family, UnitSet set) const
   Range range;
   range.minimum = at(std::ceil(steps(english.minimum) - kGridTolerance) + 0.0);  // no -0
   range.maximum = at(std::floor(steps(english.maximum) + kGridTolerance));
-  range.standard =
-      std::clamp(at(std::round(steps(english.standard)) + 0.0), range.minimum, range.maximum);
+  range.standard = std::clamp(OnMetricGrid(row, english.standard), range.minimum, range.maximum);
   range.step = at(1);
   range.fine = measure.FromMetric(measure.metric_fine);
   return range;

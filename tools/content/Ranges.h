@@ -75,6 +75,10 @@ class Ranges {
   /// Limits, default and steps in the unit of the setup file; the metric set's lie on its grid.
   [[nodiscard]] Range RangeOf(int row, Family family, UnitSet set) const;
 
+  /// The value on the grid of the metric steps that is nearest to one in the unit of the setup
+  /// file; a value without metric unit as it is.
+  [[nodiscard]] float OnMetricGrid(int row, float value) const;
+
   /// A setup data file. `gear_defaults` are the defaults of the gear rows, which come first.
   [[nodiscard]] std::string DataFile(Family family, UnitSet set,
                                      const std::vector<float>& gear_defaults) const;

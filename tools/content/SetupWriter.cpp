@@ -247,7 +247,7 @@ class SetupBuilder {
     if (!is_no_wing && (value < range.minimum || value > range.maximum)) {
       Reject(line, "outside the limits");
     }
-    return value;
+    return set_ == UnitSet::kMetric && !is_metric ? ranges_.OnMetricGrid(row, value) : value;
   }
 
   const Ranges& ranges_;
