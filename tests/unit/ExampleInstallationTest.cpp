@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -15,10 +16,14 @@
 
 #include "ContentFiles.h"
 #include "ContentYears.h"
+#include "data/ChassisCatalogue.h"
+#include "data/ModYear.h"
+#include "setup/Identification.h"
 
 namespace {
 
 using namespace velquist::content::testing;
+namespace data = velquist::data;
 
 const std::string kClosestGear = "closest gear.lo1";
 const std::string kWingOf1967 = "wing of 1967.fe1";
@@ -28,7 +33,9 @@ struct Example {
   std::string year;
   std::string layout;
   std::string bytes;
+  std::string said;  ///< what the page says of it
 
+  [[nodiscard]] bool IsOdd() const { return path.find("/Setups/odd/") != std::string::npos; }
   [[nodiscard]] std::string Name() const { return path.substr(path.rfind('/') + 1); }
 };
 
@@ -41,7 +48,8 @@ const std::vector<Example>& Examples()
       if (line.rfind("| `Players/", 0) != 0) continue;
       const auto cells = Split(line, " | ");
       const std::string path = Split(cells.at(0), "`").at(1);
-      found.push_back({path, cells.at(1), cells.at(2), ReadBytes(kExamples / fs::path(path))});
+      found.push_back(
+          {path, cells.at(1), cells.at(2), ReadBytes(kExamples / fs::path(path)), cells.at(3)});
     }
     return found;
   }();
@@ -195,6 +203,90 @@ TEST(ExampleInstallation, EveryUnknownByteIsInUseInTheFileNamedForIt)
     EXPECT_NE(bytes.substr(begin, end - begin), plain.substr(begin, end - begin)) << begin;
     EXPECT_NE(bytes.substr(begin, end - begin), std::string(end - begin, '\0')) << begin;
   }
+}
+
+/// What a driver would take to its track: all but the odd ones.
+void ForEachDriversSetup(const std::function<void(const Example&)>& claim)
+{
+  int seen = 0;
+  ForEachExample([&](const Example& example) {
+    if (example.IsOdd()) return;
+    ++seen;
+    claim(example);
+  });
+  EXPECT_GE(seen, 12);
+}
+
+/// The engine of the car that a file's name tells.
+int EngineSlotOf(const Example& example, data::ModYear year)
+{
+  const auto extension = example.path.substr(example.path.size() - 3);
+  const auto codes = velquist::setup::ChassisCodeTable(year);
+  const auto chassis = std::ranges::find(codes, extension.substr(0, 2)) - codes.begin();
+  return data::EngineSlot(static_cast<int>(chassis), extension.back() - '1').value();
+}
+
+/// Speed at maximum rpm in the car's last gear, mph.
+double TopSpeed(const Example& example)
+{
+  const auto year = data::ModYearOfText(example.year).value();
+  const int engine = EngineSlotOf(example, year);
+  return Speed(static_cast<double>(data::EngineOf(year, engine).maximum_rpm),
+               static_cast<double>(ValueOf(example.bytes, data::GearCount(year, engine) - 1)),
+               static_cast<double>(ValueOf(example.bytes, kFinalRatioRow)));
+}
+
+TEST(ExampleInstallation, DriversSetupsReachMaximumRpmAtTheSpeedThatThePageNames)
+{
+  ForEachDriversSetup([](const Example& example) {
+    const std::string wanted =
+        "eared for " + std::to_string(std::lround(TopSpeed(example))) + " mph";
+    EXPECT_NE(example.said.find(wanted), std::string::npos) << wanted;
+  });
+}
+
+TEST(ExampleInstallation, DriversSetupsAreGearedForTheirTrack)
+{
+  // About what the fastest car with an example there reaches, mph.
+  const std::map<std::string, double> fastest = {
+      {"monaco", 120},  {"rouen", 170}, {"watglen", 175}, {"silver", 165},
+      {"nurburg", 175}, {"monza", 200}, {"spa", 195}};
+  std::map<std::string, double> reached;
+  ForEachDriversSetup([&](const Example& example) {
+    const auto folder = fs::path(example.path).parent_path().filename().string();
+    const double top = TopSpeed(example);
+    ASSERT_TRUE(fastest.contains(folder));
+    EXPECT_LE(top, fastest.at(folder) * 1.04);
+    reached[folder] = std::max(reached[folder], top);
+    const auto year = data::ModYearOfText(example.year).value();
+    const int gears = data::GearCount(year, EngineSlotOf(example, year));
+    for (int gear = 0; gear + 1 < gears; ++gear)
+      EXPECT_GT(ValueOf(example.bytes, gear), ValueOf(example.bytes, gear + 1)) << gear;
+  });
+  for (const auto& [folder, speed] : fastest) EXPECT_GE(reached[folder], speed * 0.97) << folder;
+}
+
+TEST(ExampleInstallation, DriversSetupsDifferFromTheDefaultInWhatTheRoadAsksFor)
+{
+  // First and last row.
+  const std::vector<std::pair<int, int>> groups = {
+      {kCoastAngleRow, kPowerAngleRow}, {16, 19}, {20, 23}, {24, 31}, {32, 35}, {42, 43}, {44, 45}};
+  ForEachDriversSetup([&](const Example& example) {
+    const std::string standard = DefaultSetup(YearOf(example.year));
+    const auto differs = [&](int row) {
+      return ValueOf(example.bytes, row) != ValueOf(standard, row);
+    };
+    const auto any = [&](int first, int last) {
+      for (int row = first; row <= last; ++row)
+        if (differs(row)) return true;
+      return false;
+    };
+    EXPECT_TRUE(any(0, kFinalRatioRow)) << "gears";
+    EXPECT_TRUE(differs(48) || differs(49)) << "steering and brakes";
+    EXPECT_TRUE(differs(47)) << "fuel";
+    EXPECT_GE(std::ranges::count_if(groups, [&](const auto& g) { return any(g.first, g.second); }),
+              3);
+  });
 }
 
 TEST(ExampleInstallation, MetricExamplesLieOnTheGridOfTheMetricSet)
