@@ -121,16 +121,12 @@ std::string Library::Progress() const
 {
   if (scan_) return SetupCount(scan_->Rows().size()) + " so far...";
   if (stopped_) return "Stopped: " + SetupCount(table_.RowCount()) + ", there may be more";
-  auto text = SetupCount(table_.RowCount()) + " in " + Counted(installation_count_, "installation");
+  std::string text;
+  if (table_.Count() < table_.RowCount()) text = NumberText(table_.Count()) + " shown of ";
+  text += SetupCount(table_.RowCount()) + " in " + Counted(installation_count_, "installation");
   if (const auto problems = table_.ProblemCount(); problems > 0)
     text += ", " + NumberText(problems) + " with a problem";
   return text;
-}
-
-std::string Library::Shown() const
-{
-  if (table_.Count() == table_.RowCount()) return {};
-  return NumberText(table_.Count()) + " of " + SetupCount(table_.RowCount());
 }
 
 }  // namespace velquist::app

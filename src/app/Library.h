@@ -41,10 +41,9 @@ class Library {
   [[nodiscard]] bool IsScanning() const noexcept { return scan_.has_value(); }
   /// The last scan was stopped, so that files may be missing.
   [[nodiscard]] bool IsStopped() const noexcept { return stopped_; }
-  /// "1,234 setups so far...", "1,234 setups in 3 installations, 12 with a problem".
+  /// "1,234 setups so far...", "1,234 setups in 3 installations, 12 with a problem", and "45 shown
+  /// of" before that while a filter hides some.
   [[nodiscard]] std::string Progress() const;
-  /// "45 of 1,234 setups"; empty while all are shown.
-  [[nodiscard]] std::string Shown() const;
 
   [[nodiscard]] LibraryTable& Table() noexcept { return table_; }
   [[nodiscard]] const LibraryTable& Table() const noexcept { return table_; }

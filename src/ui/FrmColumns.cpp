@@ -23,6 +23,12 @@ FrmColumns::FrmColumns(wxWindow* parent, const wxArrayString& names,
   platform::SetSpoken(*list_, "Values to show as columns", "Space chooses one");
   platform::SetMnemonicTarget(*label, *list_);
 
+  // The toolkit takes no notice of the first one.
+  list_->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+    const int chosen = list_->GetSelection();
+    if (event.GetKeyCode() != WXK_SPACE || chosen == wxNOT_FOUND) return event.Skip();
+    list_->Check(static_cast<unsigned>(chosen), !list_->IsChecked(static_cast<unsigned>(chosen)));
+  });
   auto* const none = new wxButton(this, wxID_ANY, "&None", wxDefaultPosition, wxDefaultSize, 0,
                                   wxDefaultValidator, "None");
   none->SetToolTip("Show no values");

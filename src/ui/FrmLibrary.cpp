@@ -19,14 +19,16 @@ constexpr int kClientWidth = 1180;
 constexpr int kClientHeight = 780;
 constexpr int kLeastClientWidth = 560;
 constexpr int kLeastClientHeight = 400;
-constexpr int kMostPercent = 92;  ///< of the desktop
+// Of the desktop.
+constexpr int kUsualPercent = 72;
+constexpr int kMostPercent = 92;
 constexpr int kGap = 8;
 constexpr int kLeastPane = 80;
 constexpr double kShareOfTable = 0.62;
 
 constexpr char kHint[] =
-    "Down: to the table   Enter: open   Ctrl+R: reference   Ctrl+E: export   Ctrl+B: show in "
-    "folder   Ctrl+F: filter   F5: scan again   Escape: stop or close";
+    "Down: table   Enter: open   Ctrl+R: reference   Ctrl+E: export   Ctrl+B: folder   "
+    "Ctrl+F: filter   F5: scan   Escape: close";
 
 /// Of plain columns, in the order of the library's numbers.
 constexpr std::array<int, app::kPlainColumns> kWidths = {150, 90, 110, 150, 90, 190, 75, 130, 400};
@@ -71,6 +73,7 @@ FrmLibrary::FrmLibrary(const Setting& setting)
 
   const wxSize desktop = wxDisplay(setting.parent).GetClientArea().GetSize();
   wxSize client = FromDIP(wxSize(kClientWidth, kClientHeight));
+  client.IncTo(wxSize(desktop.x * kUsualPercent / 100, desktop.y * kUsualPercent / 100));
   // With room for the title, which has no size before it is shown.
   client.DecTo(wxSize(desktop.x * kMostPercent / 100, desktop.y * kMostPercent / 100));
   SetMinClientSize(FromDIP(wxSize(kLeastClientWidth, kLeastClientHeight)));

@@ -113,9 +113,7 @@ void FrmLibrary::ShowPreview()
 
 void FrmLibrary::ShowProgress()
 {
-  auto text = library_.Progress();
-  if (const auto shown = library_.Shown(); !shown.empty()) text = shown + " shown; " + text;
-  const wxString label = FromText(text);
+  const wxString label = FromText(library_.Progress());
   if (progress_->GetLabelText() != label) progress_->SetLabelText(label);
   const bool scanning = library_.IsScanning();
   const wxString caption = scanning ? "&Stop" : "&Scan Again";

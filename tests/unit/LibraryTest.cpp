@@ -273,15 +273,15 @@ TEST_F(LibraryTest, ShowsValuesAsTheMainWindowDoes)
 
 TEST_F(LibraryTest, SaysHowManyAreShown)
 {
-  Setup("$G/Players/Jim/Setups/monza/a.lo1");
-  Setup("$G/Players/Jim/Setups/monza/b.lo1");
+  Healthy("$G/Players/Jim/Setups/monza/a.lo1");
+  Healthy("$G/Players/Jim/Setups/monza/b.lo1");
   Start({"$G"});
   Library library(editor.Window());
   library.Scan();
   library.Finish();
-  EXPECT_EQ(library.Shown(), "");
+  EXPECT_EQ(library.Progress(), "2 setups in 1 installation");
   library.Table().SetFilter("b.lo1");
-  EXPECT_EQ(library.Shown(), "1 of 2 setups");
+  EXPECT_EQ(library.Progress(), "1 shown of 2 setups in 1 installation");
   EXPECT_EQ(SetupCount(1234), "1,234 setups");
 }
 
