@@ -87,6 +87,10 @@ class ButtonDriver final : public Driver {
   void Close() override { closed_ = true; }
   void Tick() override {}
   void Focus() override {}
+  [[nodiscard]] app::Library& Library() override { throw std::logic_error("no library"); }
+  void FilterLibrary(std::string_view /*text*/) override {}
+  void SortLibrary(int /*column*/) override {}
+  void UseOfLibrary(LibraryCommand /*command*/, const std::string& /*path*/) override {}
   [[nodiscard]] const app::MainWindow& Window() const override
   {
     throw std::logic_error("no window");

@@ -35,7 +35,7 @@ TEST_F(Rows, GroupTheMenusAndMarkWhatIsExclusive)
   const auto& bar = *Frame().GetMenuBar();
   const std::vector<Names> expected = {
       {"New", "Open...", "-", "Save", "Save As...", "-", "Revert to Default", "Export Text",
-       "Setup Sheet...", "-", "Exit"},
+       "Setup Sheet...", "-", "Library...", "-", "Exit"},
       {"Undo", "Redo", "-", "Compare...", "Reference", "[Setup as Loaded]", "[Default Setup]",
        "[Setup File...]"},
       {"Import Chassis...", "Import Drivetrain...", "Reverse Chassis Settings", "-", "Gearing...",
