@@ -73,13 +73,6 @@ class ButtonDriver final : public Driver {
   {
     throw std::logic_error("no event was due");
   }
-  [[nodiscard]] app::Library& Library() override { throw std::logic_error("no library"); }
-  void FilterLibrary(std::string_view /*text*/) override { (void)Library(); }
-  void SortLibrary(int /*column*/) override { (void)Library(); }
-  void UseOfLibrary(LibraryCommand /*command*/, const std::string& /*path*/) override
-  {
-    (void)Library();
-  }
   void Select(std::string_view /*name*/, int /*index*/, int position) override
   {
     selection_ = position;
