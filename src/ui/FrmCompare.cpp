@@ -2,6 +2,7 @@
 #include "ui/FrmCompare.h"
 
 #include <wx/dataobj.h>
+#include <wx/utils.h>
 
 #include <algorithm>
 #include <array>
@@ -220,6 +221,7 @@ void FrmCompare::EnableButtons()
 
 void FrmCompare::Choose(std::string_view item)
 {
+  const wxBusyCursor busy;  // a setup is read; a box on the screen suspends it
   GiveEvent([&] { Program().Click(item); });
   ShowReference();  // which is as it was where the user has thought better of it
 }

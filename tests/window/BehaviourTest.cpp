@@ -48,22 +48,6 @@ class Behaviour : public RealWindow {
   wxUIActionSimulator mouse_;
 };
 
-/// Looks when a box comes up.
-class AtBox final : public wxModalDialogHook {
- public:
-  explicit AtBox(std::function<void()> look) : look_(std::move(look)) { Register(); }
-  ~AtBox() override { Unregister(); }
-
- private:
-  int Enter(wxDialog* /*box*/) override
-  {
-    look_();
-    return wxID_NONE;
-  }
-
-  std::function<void()> look_;
-};
-
 TEST_F(Behaviour, ThePointerIsBusyWhileADroppedFileIsReadAndNoOtherEventIsTaken)
 {
   Start();

@@ -7,6 +7,7 @@
 #include <wx/dataobj.h>
 #include <wx/dataview.h>
 #include <wx/uiaction.h>
+#include <wx/utils.h>
 
 #include <string>
 #include <vector>
@@ -241,6 +242,20 @@ TEST_F(Compare, ChoosesTheReference)
   editor.Play("expect MnuReferenceDefault checked\n");
   EXPECT_EQ(list.GetCount(), 2U);
   EXPECT_EQ(Summary(), "Nothing differs from the default setup of 1967");
+}
+
+TEST_F(Compare, ShowsABusyPointerWhileAReferenceIsRead)
+{
+  Start();
+  editor.Play("setup $T/other.bb1 short 0=31 48=80 49=45 50=60 51=3\n");
+  Open();
+  std::vector<bool> busy;
+  const AtBox at_box([&] { busy.push_back(wxIsBusy()); });  // which asks for the mod year
+  Frame().CallAfter([&] { Press("ReferenceFile"); });
+  editor.Play("on open -> $T/other.bb1\non FrmModYear2 -> 1967\ntick 0\n");
+  EXPECT_EQ(busy, std::vector{true});
+  EXPECT_FALSE(wxIsBusy());
+  EXPECT_EQ(Part<wxChoice>("Reference").GetStringSelection(), "other.bb1");
 }
 
 TEST_F(Compare, ClosesByEscapeAndComesBackAsItWas)

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <wx/modalhook.h>
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ScriptedEditor.h"
@@ -35,6 +37,22 @@ class RealWindow : public ::testing::Test {
   [[nodiscard]] std::vector<unsigned char> Pixels(const char* name) const;
 
   ScriptedEditor editor;
+};
+
+/// Looks when a box comes up.
+class AtBox final : public wxModalDialogHook {
+ public:
+  explicit AtBox(std::function<void()> look) : look_(std::move(look)) { Register(); }
+  ~AtBox() override { Unregister(); }
+
+ private:
+  int Enter(wxDialog* /*box*/) override
+  {
+    look_();
+    return wxID_NONE;
+  }
+
+  std::function<void()> look_;
 };
 
 /// The user works with it.
