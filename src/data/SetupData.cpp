@@ -10,6 +10,9 @@
 namespace velquist::data {
 namespace {
 
+/// Lines that become rows: none behind them is ever asked for.
+constexpr std::size_t kMostRows = 32'767;
+
 template <class Rows>
 auto& RowAt(Rows& rows, std::size_t row)
 {
@@ -75,7 +78,8 @@ bool ReadSetupData(const platform::FileSystem& files, std::string_view program_d
   } catch (const FileError&) {
     return true;
   }
-  const auto lines = SplitLines(text);
+  auto lines = SplitLines(text);
+  if (lines.size() > kMostRows) lines.resize(kMostRows);
   data.SetupDataText.resize(lines.size());
   data.SetupDataValues.assign(lines.size(), {});
   for (std::size_t row = 0; row < lines.size(); ++row) {
