@@ -67,18 +67,14 @@ void Library::BringInLine()
 
 bool Library::Work(const std::function<bool()>& enough)
 {
-  bool found = false;
   while (scan_) {
     if (!scan_->Step()) {
-      stopped_ = false;
       EndScan();
       break;
     }
-    found = true;
-    if (enough()) {
-      if (found && grows_) ShowFound();
-      return true;
-    }
+    if (!enough()) continue;
+    if (grows_) ShowFound();
+    return true;
   }
   bool valued = false;
   while (const auto row = table_.NextWithoutValues()) {

@@ -57,8 +57,9 @@ void FrmLibrary::ShowAll()
 
 void FrmLibrary::ShowRows()
 {
+  const auto chosen = selected_;  // which other lines may take away
   if (lines_->BringInLine()) {
-    const auto line = selected_ ? library_.Table().Find(selected_->Path()) : std::nullopt;
+    const auto line = chosen ? library_.Table().Find(chosen->Path()) : std::nullopt;
     // What the words lead to can be opened at once.
     const bool narrowed = !library_.Table().Filter().empty();
     Select(line       ? library_.Table().SharedAt(*line)
