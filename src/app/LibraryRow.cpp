@@ -2,7 +2,7 @@
 #include "app/LibraryRow.h"
 
 #include <algorithm>
-#include <compare>
+#include <cstdint>
 #include <utility>
 
 #include "data/ChassisCatalogue.h"
@@ -27,10 +27,9 @@ std::string ChassisText(const library::Identity& identity)
                           : std::string();
 }
 
-int Sign(std::weak_ordering order)
+int Compare(std::int64_t a, std::int64_t b)
 {
-  if (order < 0) return -1;
-  return order > 0 ? 1 : 0;
+  return static_cast<int>(a > b) - static_cast<int>(a < b);
 }
 
 }  // namespace
@@ -84,7 +83,7 @@ std::string_view LibraryRow::FoldedCell(int column) const
 int CompareInColumn(const LibraryRow& a, const LibraryRow& b, int column)
 {
   if (column == kDateColumn && !a.Setup().file.unreadable && !b.Setup().file.unreadable)
-    return Sign(a.Setup().file.modified <=> b.Setup().file.modified);
+    return Compare(a.Setup().file.modified, b.Setup().file.modified);
   const auto& x = a.Cell(column);
   const auto& y = b.Cell(column);
   if (x.empty() || y.empty()) return static_cast<int>(x.empty()) - static_cast<int>(y.empty());

@@ -91,12 +91,13 @@ void LibraryScan::Add(std::shared_ptr<const LibraryRow> row)
   const auto is_meant = [](const std::string& path) {
     return platform::PathText(platform::HostPath(path)) == path;
   };
-  const auto [other, is_first] = paths_.try_emplace(platform::FoldCase(row->Path()), row->Path());
-  if (!is_first) {
-    if (!is_meant(other->second))
-      std::erase_if(rows_, [&](const auto& found) { return found->Path() == other->second; });
+  const auto place = paths_.try_emplace(platform::FoldCase(row->Path()), row->Path());
+  if (const bool is_first = place.second; !is_first) {
+    auto& other = place.first->second;
+    if (!is_meant(other))
+      std::erase_if(rows_, [&](const auto& found) { return found->Path() == other; });
     if (!is_meant(row->Path())) return;
-    other->second = row->Path();
+    other = row->Path();
   }
   rows_.push_back(std::move(row));
 }

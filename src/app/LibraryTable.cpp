@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <ranges>
 #include <unordered_map>
 #include <utility>
 
@@ -150,9 +149,9 @@ void LibraryTable::Sort()
   std::iota(sorted_.begin(), sorted_.end(), std::size_t{0});
   if (orders_.empty()) return;
   std::ranges::stable_sort(sorted_, [this](std::size_t a, std::size_t b) {
-    for (const auto& [column, descending] : std::views::reverse(orders_)) {
-      const int order = Compare(lines_[a], lines_[b], column);
-      if (order != 0) return descending ? order > 0 : order < 0;
+    for (auto order = orders_.rbegin(); order != orders_.rend(); ++order) {
+      const int compared = Compare(lines_[a], lines_[b], order->column);
+      if (compared != 0) return order->descending ? compared > 0 : compared < 0;
     }
     return false;
   });
