@@ -62,7 +62,7 @@ std::string NewFiles::Write(const std::string& path, std::span<const std::byte> 
     throw FileError(path, "It exists already as " + entry.name + "; --force writes over it");
   if (!over_existing && is_there)
     throw FileError(path, "It exists already; --force writes over it");
-  const auto target =
+  auto target =
       path.substr(0, path.size() - name.size()).append(has_twin ? entry.name : name);
   platform::WriteAtomically(platform::Lengthened(platform::PathFromText(target)), bytes, target);
   entry = {.name = std::string(library::FileNameOf(target)), .is_ours = true};
