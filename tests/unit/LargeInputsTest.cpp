@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "MemoryFiles.h"
+#include "OwnTime.h"
 #include "SetupSamples.h"
 #include "cli/Options.h"
 #include "data/GearData.h"
@@ -29,12 +30,6 @@ namespace {
 
 constexpr std::size_t kSize = 10'000'000;
 
-#ifdef __SANITIZE_ADDRESS__
-constexpr std::clock_t kMost = 20 * CLOCKS_PER_SEC;
-#else
-constexpr std::clock_t kMost = CLOCKS_PER_SEC;
-#endif
-
 /// That text again and again behind a beginning.
 std::string Repeated(std::string_view part, std::string_view start)
 {
@@ -54,7 +49,7 @@ class LargeInput : public ::testing::TestWithParam<std::string> {
       const auto text = Repeated(GetParam(), start);
       const auto begun = std::clock();
       read(text);
-      EXPECT_LT(std::clock() - begun, kMost) << "behind \"" << start << "\"";
+      EXPECT_LT(std::clock() - begun, samples::kSecondOfOwnTime) << "behind \"" << start << "\"";
     }
   }
 };

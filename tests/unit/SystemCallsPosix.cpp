@@ -14,7 +14,7 @@
 
 #include "SystemCalls.h"
 
-// The linker's names. NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// The linker's names. NOLINTBEGIN(*-reserved-identifier,cert-dcl*,readability-identifier-naming)
 extern "C" {
 int __real_open(const char* path, int flags, mode_t mode);
 ssize_t __real_read(int file, void* bytes, size_t size);
@@ -164,6 +164,6 @@ dirent* __wrap_readdir(DIR* directory)
   return entry;
 }
 }
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTEND(*-reserved-identifier,cert-dcl*,readability-identifier-naming)
 
 #endif

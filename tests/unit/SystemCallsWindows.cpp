@@ -36,7 +36,7 @@ BOOL Refused()
 }  // namespace
 
 // Calls of other libraries go through a pointer that the linker fills.
-// The linker's names. NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// The linker's names. NOLINTBEGIN(*-reserved-identifier,cert-dcl*,readability-identifier-naming)
 extern "C" {
 
 extern int (*__real___imp__wopen)(const wchar_t* path, int flags, ...);
@@ -122,6 +122,6 @@ decltype(&::ReplaceFileW) __wrap___imp_ReplaceFileW = Replace;
 decltype(&::MoveFileExW) __wrap___imp_MoveFileExW = Move;
 decltype(&::DeleteFileW) __wrap___imp_DeleteFileW = Delete;
 }
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTEND(*-reserved-identifier,cert-dcl*,readability-identifier-naming)
 
 #endif
