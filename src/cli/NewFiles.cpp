@@ -36,15 +36,16 @@ NewFiles::Directory& NewFiles::DirectoryOf(const fs::path& file)
   const fs::path above = file.has_parent_path() ? file.parent_path() : ".";
   const auto whole = fs::weakly_canonical(above, unknown);
   const auto [found, is_new] = directories_.try_emplace(unknown ? above : whole);
+  auto& directory = found->second;
   if (is_new)
     (void)platform::ListNames(platform::Lengthened(above), platform::Listed::kAll,
-                              [&](std::string_view name) {
-                                auto& entry = found->second[KeyOf(name)].name;
+                              [&directory](std::string_view name) {
+                                auto& entry = directory[KeyOf(name)].name;
                                 if (entry.empty() || platform::ComesFirst(name, entry))
                                   entry = name;
                                 return true;
                               });
-  return found->second;
+  return directory;
 }
 
 std::string NewFiles::Write(const std::string& path, std::span<const std::byte> bytes,
@@ -62,8 +63,7 @@ std::string NewFiles::Write(const std::string& path, std::span<const std::byte> 
     throw FileError(path, "It exists already as " + entry.name + "; --force writes over it");
   if (!over_existing && is_there)
     throw FileError(path, "It exists already; --force writes over it");
-  auto target =
-      path.substr(0, path.size() - name.size()).append(has_twin ? entry.name : name);
+  auto target = path.substr(0, path.size() - name.size()).append(has_twin ? entry.name : name);
   platform::WriteAtomically(platform::Lengthened(platform::PathFromText(target)), bytes, target);
   entry = {.name = std::string(library::FileNameOf(target)), .is_ours = true};
   return target;

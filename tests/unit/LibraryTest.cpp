@@ -34,7 +34,7 @@ class LibraryTest : public ::testing::Test {
         "\\r\\n0\\r\\n" +
         list + "\"\nstart\n");
   }
-  void Setup(const std::string& path, const std::string& values = kValues)
+  void PutSetup(const std::string& path, const std::string& values = kValues)
   {
     editor.Play("setup \"" + path + "\" short" + values);
   }
@@ -73,8 +73,8 @@ TEST_F(LibraryTest, FindsTheSetupsOfAllInstallations)
   Texts wanted;
   for (int number = 0; number < 10; ++number) {
     const auto name = "Game" + std::to_string(number);
-    Setup("$T/" + name + "/Players/Ann/Setups/spa/a.lo1");
-    Setup("$T/" + name + "/outside.lo1");
+    PutSetup("$T/" + name + "/Players/Ann/Setups/spa/a.lo1");
+    PutSetup("$T/" + name + "/outside.lo1");
     all.push_back("$T/" + name);
     wanted.push_back(name + "/Players/Ann/Setups/spa/a.lo1");
   }
@@ -107,7 +107,7 @@ TEST_F(LibraryTest, HasNothingWithoutASetup)
 #ifndef _WIN32
 TEST_F(LibraryTest, CountsOneDirectoryOnce)
 {
-  Setup("$G/Players/Jim/Setups/monza/a.lo1");
+  PutSetup("$G/Players/Jim/Setups/monza/a.lo1");
   fs::create_directory_symlink(editor.Path("$G"), editor.Path("$T/Same"));
   Start({"$G", "$T/Same", "$G/"});
   EXPECT_EQ(Found(), (Texts{"GPL/Players/Jim/Setups/monza/a.lo1"}));
@@ -115,7 +115,7 @@ TEST_F(LibraryTest, CountsOneDirectoryOnce)
 
 TEST_F(LibraryTest, ShowsOfTwinsThatDifferInLetterCaseTheOneThatOpens)
 {
-  Setup("$G/Players/Jim/Setups/monza/a.lo1");
+  PutSetup("$G/Players/Jim/Setups/monza/a.lo1");
   const auto players = editor.Path("$G") / "Players";
   const auto other = players / "jim" / "Setups" / "monza";
   fs::create_directories(other);
@@ -129,7 +129,7 @@ TEST_F(LibraryTest, ShowsOfTwinsThatDifferInLetterCaseTheOneThatOpens)
 
 TEST_F(LibraryTest, TellsProblemsAndHowMany)
 {
-  Setup("$G/Players/Jim/Setups/monza/a.lo1", " 4=9999 48=80 49=45 50=60 51=3\n");
+  PutSetup("$G/Players/Jim/Setups/monza/a.lo1", " 4=9999 48=80 49=45 50=60 51=3\n");
   Start({"$G"});
   Library library(editor.Window());
   library.Scan();
@@ -141,7 +141,7 @@ TEST_F(LibraryTest, TellsProblemsAndHowMany)
 TEST_F(LibraryTest, GivesTheSameRowsInSlicesAsInOneGo)
 {
   for (int number = 0; number < 40; ++number)
-    Setup("$G/Players/Jim/Setups/monza/" + std::to_string(number) + ".lo1");
+    PutSetup("$G/Players/Jim/Setups/monza/" + std::to_string(number) + ".lo1");
   Start({"$G"});
   const auto whole = Found();
   ASSERT_EQ(whole.size(), 40U);
@@ -165,7 +165,7 @@ TEST_F(LibraryTest, GivesTheSameRowsInSlicesAsInOneGo)
 TEST_F(LibraryTest, ShowsRowsFromTheFirstSliceOn)
 {
   for (int number = 0; number < 9; ++number)
-    Setup("$G/Players/Jim/Setups/monza/" + std::to_string(number) + ".lo1");
+    PutSetup("$G/Players/Jim/Setups/monza/" + std::to_string(number) + ".lo1");
   Start({"$G"});
   Library library(editor.Window());
   library.Scan();
@@ -184,14 +184,14 @@ TEST_F(LibraryTest, ShowsRowsFromTheFirstSliceOn)
 
 TEST_F(LibraryTest, KeepsItsRowsUntilANewScanIsDone)
 {
-  Setup("$G/Players/Jim/Setups/monza/a.lo1");
-  Setup("$G/Players/Jim/Setups/monza/b.lo1");
+  PutSetup("$G/Players/Jim/Setups/monza/a.lo1");
+  PutSetup("$G/Players/Jim/Setups/monza/b.lo1");
   Start({"$G"});
   Library library(editor.Window());
   library.Scan();
   library.Finish();
   editor.Play("remove $G/Players/Jim/Setups/monza/a.lo1\n");
-  Setup("$G/Players/Jim/Setups/monza/c.lo1");
+  PutSetup("$G/Players/Jim/Setups/monza/c.lo1");
   library.Scan();
   while (library.Work([] { return true; }) && library.IsScanning())
     EXPECT_EQ(Paths(library).front(), "GPL/Players/Jim/Setups/monza/a.lo1");
@@ -204,15 +204,15 @@ TEST_F(LibraryTest, KeepsItsRowsUntilANewScanIsDone)
 
 TEST_F(LibraryTest, ReadsNoFileAgainThatHasNotChanged)
 {
-  Setup("$G/Players/Jim/Setups/monza/a.lo1");
-  Setup("$G/Players/Jim/Setups/monza/b.lo1");
+  PutSetup("$G/Players/Jim/Setups/monza/a.lo1");
+  PutSetup("$G/Players/Jim/Setups/monza/b.lo1");
   Start({"$G"});
   Library library(editor.Window());
   library.Scan();
   library.Finish();
   const auto first = library.Table().SharedAt(0);
   const auto second = library.Table().SharedAt(1);
-  Setup("$G/Players/Jim/Setups/monza/b.lo1", " 4=9999 48=80 49=45 50=60 51=3\n");
+  PutSetup("$G/Players/Jim/Setups/monza/b.lo1", " 4=9999 48=80 49=45 50=60 51=3\n");
   library.Scan();
   library.Finish();
   EXPECT_EQ(library.Table().SharedAt(0), first);
@@ -242,7 +242,7 @@ TEST_F(LibraryTest, FollowsTheInstallationList)
 
 TEST_F(LibraryTest, ShowsValuesAsTheMainWindowDoes)
 {
-  Setup("$G/Players/Jim/Setups/monza/a.lo1");
+  PutSetup("$G/Players/Jim/Setups/monza/a.lo1");
   Start({"$G"});
   Library library(editor.Window());
   const auto slots = LibrarySlots();
@@ -287,7 +287,7 @@ TEST_F(LibraryTest, SaysHowManyAreShown)
 
 TEST_F(LibraryTest, PreviewsADifferenceThatFollowsEdits)
 {
-  Setup("$G/Players/Jim/Setups/monza/a.lo1");
+  PutSetup("$G/Players/Jim/Setups/monza/a.lo1");
   Start({"$G"});
   editor.Play(
       "on open -> $G/Players/Jim/Setups/monza/a.lo1\non FrmModYear2 -> 1967\nclick MnuOpen\n");
@@ -310,9 +310,9 @@ TEST_F(LibraryTest, PreviewsADifferenceThatFollowsEdits)
 
 TEST_F(LibraryTest, SaysWhyASetupCannotBePreviewed)
 {
-  Setup("$G/Players/Jim/Setups/monza/a.lp1");
+  PutSetup("$G/Players/Jim/Setups/monza/a.lp1");
   editor.Play("file $G/Players/Jim/Setups/monza/cut.lo1 hex \"50 47 54 53 03\"\n");
-  Setup("$G/Players/Jim/Setups/monza/gone.lo1");
+  PutSetup("$G/Players/Jim/Setups/monza/gone.lo1");
   Start({"$G"});
   Library library(editor.Window());
   library.Scan();
