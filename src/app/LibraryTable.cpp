@@ -114,8 +114,8 @@ void LibraryTable::SetValueSlots(std::vector<int> slots)
 
 std::vector<int> LibraryTable::Columns() const
 {
-  std::vector<int> columns;
-  for (int column = 0; column < kProblemColumn; ++column) columns.push_back(column);
+  std::vector<int> columns(kProblemColumn);
+  std::iota(columns.begin(), columns.end(), 0);
   for (const int slot : slots_) columns.push_back(kFirstValueColumn + slot);
   columns.push_back(kProblemColumn);
   return columns;

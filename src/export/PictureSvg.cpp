@@ -90,8 +90,7 @@ std::string SvgElement(const charts::PictureRecorder& picture, std::string_view 
 {
   const auto size = Attribute("width", picture.Width()) + Attribute("height", picture.Height());
   std::string svg =
-      "<svg xmlns=\"http://www.w3.org/2000/svg\" role=\"img\"" +
-      size +
+      "<svg xmlns=\"http://www.w3.org/2000/svg\" role=\"img\"" + size +
       Attribute("viewBox", "0 0 " + Number(picture.Width()) + " " + Number(picture.Height())) +
       Attribute("font-family", "Arial, Liberation Sans, Helvetica, sans-serif") + ">\n<title>" +
       Escaped(title) + "</title>\n<rect" + size +

@@ -21,15 +21,6 @@ constexpr int kClientHeight = 520;
 constexpr int kLeastClientHeight = 260;
 constexpr int kGap = 8;
 
-wxButton* MakeButton(wxWindow* parent, const char* name, const char* caption, const char* tip)
-{
-  auto* const button = new wxButton(parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0,
-                                    wxDefaultValidator, name);
-  button->SetToolTip(tip);
-  platform::SetSpoken(*button, {}, tip);
-  return button;
-}
-
 }  // namespace
 
 FrmCompare::FrmCompare(const Setting& setting)

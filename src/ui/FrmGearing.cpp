@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/FrmGearing.h"
 
-#include <wx/display.h>
 #include <wx/wupdlock.h>
 
 #include <algorithm>
@@ -24,9 +23,7 @@ constexpr int kClientWidth = 900;
 constexpr int kClientHeight = 760;
 constexpr int kLeastClientWidth = 560;
 constexpr int kLeastClientHeight = 400;
-// Of the desktop.
-constexpr int kUsualPercent = 72;
-constexpr int kMostPercent = 92;
+constexpr int kUsualPercent = 72;  ///< of the desktop
 constexpr int kGap = 8;
 
 constexpr int kLeastLetters = 11;
@@ -48,16 +45,6 @@ wxAlignment AlignmentOf(std::size_t column)
   constexpr std::size_t kFirstNumber = 2;
   constexpr std::size_t kFirstYesOrNo = 8;
   return column >= kFirstNumber && column < kFirstYesOrNo ? wxALIGN_RIGHT : wxALIGN_CENTRE;
-}
-
-wxButton* MakeButton(wxWindow* parent, const char* name, const char* caption, const char* spoken,
-                     const char* tip)
-{
-  auto* const button = new wxButton(parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0,
-                                    wxDefaultValidator, name);
-  button->SetToolTip(tip);
-  platform::SetSpoken(*button, spoken, tip);
-  return button;
 }
 
 }  // namespace
@@ -90,13 +77,8 @@ FrmGearing::FrmGearing(const Setting& setting)
   panel_->SetSizer(rows);
 
   SetMinClientSize(FromDIP(wxSize(kLeastClientWidth, kLeastClientHeight)));
-  const wxSize desktop = wxDisplay(setting.parent).GetClientArea().GetSize();
-  const int height = std::max(FromDIP(kClientHeight), desktop.y * kUsualPercent / 100);
-  wxSize client(height * kClientWidth / kClientHeight, height);
-  // With room for the title, which has no size before it is shown.
-  client.DecTo(wxSize(desktop.x * kMostPercent / 100, desktop.y * kMostPercent / 100));
-  SetClientSize(client);
-  CentreOnParent();
+  const int height = std::max(FromDIP(kClientHeight), OfDesktop(kUsualPercent).y);
+  TakeSize(wxSize(height * kClientWidth / kClientHeight, height));
   BindEvents();
   ScaleLetters();
   table_->SetFocus();
@@ -137,22 +119,20 @@ wxSizer* FrmGearing::MakeButtons(wxPanel* panel)
     button->Bind(wxEVT_BUTTON, [pressed = std::move(pressed)](wxCommandEvent&) { pressed(); });
     row->Add(button, beside);
   };
-  add(MakeButton(panel, "StepUp", "Gear +", "Increase gear",
-                 "Take the next ratio for the selected gear (+)"),
+  add(MakeButton(panel, "StepUp", "Gear +", "Take the next ratio for the selected gear (+)",
+                 "Increase gear"),
       [this] { StepGear("CmdInc"); });
-  add(MakeButton(panel, "StepDown", "Gear -", "Decrease gear",
-                 "Take the ratio before for the selected gear (-)"),
+  add(MakeButton(panel, "StepDown", "Gear -", "Take the ratio before for the selected gear (-)",
+                 "Decrease gear"),
       [this] { StepGear("CmdDec"); });
   row->AddStretchSpacer();
-  add(MakeButton(panel, "CopyTable", "Copy &Table", "",
-                 "Copy table and sentences as text (Ctrl+C)"),
+  add(MakeButton(panel, "CopyTable", "Copy &Table", "Copy table and sentences as text (Ctrl+C)"),
       [this] { CopyText(FromText(app::GearingText(view_))); });
-  add(MakeButton(panel, "CopyPicture", "Copy &Picture", "", "Copy the chart as a picture"),
+  add(MakeButton(panel, "CopyPicture", "Copy &Picture", "Copy the chart as a picture"),
       [this] { CopyPicture(ShownChart().Painted()); });
-  add(MakeButton(panel, "CopySvg", "Copy S&VG", "",
-                 "Copy the chart as a drawing that scales (SVG)"),
+  add(MakeButton(panel, "CopySvg", "Copy S&VG", "Copy the chart as a drawing that scales (SVG)"),
       [this] { CopySvg(text_export::SvgDocument(ShownChart().Recorded(), "Velquist Gearing")); });
-  add(MakeButton(panel, "CloseButton", "C&lose", "", "Close this window (Escape)"),
+  add(MakeButton(panel, "CloseButton", "C&lose", "Close this window (Escape)"),
       [this] { Close(); });
   return row;
 }

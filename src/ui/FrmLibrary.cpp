@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/FrmLibrary.h"
 
-#include <wx/display.h>
 #include <wx/wupdlock.h>
 
 #include <algorithm>
@@ -19,9 +18,7 @@ constexpr int kClientWidth = 1180;
 constexpr int kClientHeight = 780;
 constexpr int kLeastClientWidth = 560;
 constexpr int kLeastClientHeight = 400;
-// Of the desktop.
-constexpr int kUsualPercent = 72;
-constexpr int kMostPercent = 92;
+constexpr int kUsualPercent = 72;  ///< of the desktop
 constexpr int kGap = 8;
 constexpr int kLeastPane = 80;
 constexpr double kShareOfTable = 0.62;
@@ -33,15 +30,6 @@ constexpr char kHint[] =
 /// Of plain columns, in the order of the library's numbers.
 constexpr std::array<int, app::kPlainColumns> kWidths = {150, 90, 110, 150, 90, 190, 75, 130, 400};
 constexpr int kValueWidth = 110;
-
-wxButton* MakeButton(wxWindow* parent, const char* name, const char* caption, const char* tip)
-{
-  auto* const button = new wxButton(parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0,
-                                    wxDefaultValidator, name);
-  button->SetToolTip(tip);
-  platform::SetSpoken(*button, {}, tip);
-  return button;
-}
 
 }  // namespace
 
@@ -71,14 +59,10 @@ FrmLibrary::FrmLibrary(const Setting& setting)
   rows->Add(hint, wxSizerFlags(wide).Border(wxALL, FromDIP(kGap)));
   panel->SetSizer(rows);
 
-  const wxSize desktop = wxDisplay(setting.parent).GetClientArea().GetSize();
   wxSize client = FromDIP(wxSize(kClientWidth, kClientHeight));
-  client.IncTo(wxSize(desktop.x * kUsualPercent / 100, desktop.y * kUsualPercent / 100));
-  // With room for the title, which has no size before it is shown.
-  client.DecTo(wxSize(desktop.x * kMostPercent / 100, desktop.y * kMostPercent / 100));
+  client.IncTo(OfDesktop(kUsualPercent));
   SetMinClientSize(FromDIP(wxSize(kLeastClientWidth, kLeastClientHeight)));
-  SetClientSize(client);
-  CentreOnParent();
+  TakeSize(client);
   Layout();
   panel->Layout();
   panes_->SetSashPosition(static_cast<int>(panes_->GetSize().y * kShareOfTable));

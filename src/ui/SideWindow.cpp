@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/SideWindow.h"
 
+#include <wx/display.h>
 #include <wx/menu.h>
 
 #include <vector>
 
+#include "platform_wx/NativeLook.h"
 #include "platform_wx/ProgramIcons.h"
 
 namespace velquist::ui {
@@ -50,6 +52,31 @@ SideWindow::SideWindow(const Setting& setting, app::SideWindowState app::MainFor
       event.Skip();
   });
   Bind(wxEVT_CLOSE_WINDOW, &SideWindow::OnClose, this);
+}
+
+wxButton* SideWindow::MakeButton(wxWindow* parent, const char* name, const char* caption,
+                                 const char* tip, const char* spoken)
+{
+  auto* const button = new wxButton(parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0,
+                                    wxDefaultValidator, name);
+  button->SetToolTip(tip);
+  platform::SetSpoken(*button, spoken, tip);
+  return button;
+}
+
+wxSize SideWindow::OfDesktop(int percent) const
+{
+  const wxSize desktop = wxDisplay(GetParent()).GetClientArea().GetSize();
+  return desktop * percent / 100;
+}
+
+void SideWindow::TakeSize(wxSize client)
+{
+  // With room for the title, which has no size before it is shown.
+  constexpr int kMostPercent = 92;
+  client.DecTo(OfDesktop(kMostPercent));
+  SetClientSize(client);
+  CentreOnParent();
 }
 
 /// It stays as it is for the next time; the main window has the focus again.

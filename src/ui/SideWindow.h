@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <wx/button.h>
 #include <wx/frame.h>
 
 #include <functional>
@@ -33,6 +34,14 @@ class SideWindow : public wxFrame {
   virtual void BringInLine() = 0;
 
  protected:
+  /// A button that has its tip said, too, and is called `spoken` where its caption does not say it.
+  static wxButton* MakeButton(wxWindow* parent, const char* name, const char* caption,
+                              const char* tip, const char* spoken = "");
+  /// Makes the client area that large, or as large as the desktop allows, over the main window.
+  void TakeSize(wxSize client);
+  /// That part of the desktop.
+  [[nodiscard]] wxSize OfDesktop(int percent) const;
+
   [[nodiscard]] app::MainWindow& Program() const { return window_; }
   void GiveEvent(const std::function<void()>& event) const { give_(event); }
 

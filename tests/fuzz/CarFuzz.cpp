@@ -6,10 +6,9 @@
 #include <cstdint>
 #include <numeric>
 
+#include "Cars.h"
 #include "Fuzz.h"
 #include "SetupMutator.h"
-#include "ShippedFiles.h"
-#include "edit/CarSetup.h"
 #include "edit/Display.h"
 #include "platform/Errors.h"
 #include "setup/Identification.h"
@@ -103,31 +102,11 @@ void Use(edit::CarSetup& car, const setup::Bytes& bytes, int sum)
   car.Restore(clean);
 }
 
-/// A car of each mod year with its default setup.
-struct Cars {
-  std::array<edit::CarSetup, data::kModYearCount> of_year;
-  Cars()
-  {
-    auto& files = fuzz::ShippedFiles();
-    for (std::size_t year = 0; year < data::kModYearCount; ++year) {
-      auto& car = of_year[year];
-      car.SetModYear(data::kModYears[year]);
-      Require(!car.ReadDataFiles(files, "/program"), "the data files are there");
-      Require(car.ReadFile(
-                  files, "/program/" + std::string(setup::DefaultSetupName(data::kModYears[year]))),
-              "the default setup is there");
-      car.LoadValues();
-      car.LoadLists();
-      car.StartEditing();
-    }
-  }
-};
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-  static Cars cars;
+  static fuzz::Cars cars;
   const auto sum = std::accumulate(data, data + size, 0);
   const auto bytes = samples::BytesOf(fuzz::TextOf(data, size));
   Use(cars.of_year[static_cast<std::size_t>(sum) % cars.of_year.size()], bytes, sum);

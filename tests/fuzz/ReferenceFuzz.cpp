@@ -6,10 +6,10 @@
 #include <optional>
 #include <string>
 
+#include "Cars.h"
 #include "Fuzz.h"
 #include "Nothing.h"
 #include "SetupMutator.h"
-#include "ShippedFiles.h"
 #include "app/ReferenceFile.h"
 #include "edit/Display.h"
 #include "platform/Errors.h"
@@ -59,23 +59,12 @@ struct Program {
   Answering dialogs;
   app::Outside outside{files,   dialogs, nothing, nothing, nothing,
                        nothing, nothing, nothing, nothing, "/program"};
-  std::array<edit::CarSetup, data::kModYearCount> cars;
+  fuzz::Cars cars;
 
   Program()
   {
     for (const auto& marker : setup::ModMarkers())
       files.Put("/GPL" + std::string(marker.file), std::string_view());
-    for (std::size_t year = 0; year < data::kModYearCount; ++year) {
-      auto& car = cars[year];
-      car.SetModYear(data::kModYears[year]);
-      Require(!car.ReadDataFiles(files, "/program"), "the data files are there");
-      Require(car.ReadFile(
-                  files, "/program/" + std::string(setup::DefaultSetupName(data::kModYears[year]))),
-              "the default setup is there");
-      car.LoadValues();
-      car.LoadLists();
-      car.StartEditing();
-    }
   }
 };
 
@@ -91,7 +80,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   program.dialogs.button = static_cast<int>(sum % 5);
   program.files.Put(path, fuzz::TextOf(data, size));
   const auto source = sum % 7 == 0 ? edit::ReferenceSource::kDefault : edit::ReferenceSource::kFile;
-  auto& car = program.cars[sum % data::kModYearCount];
+  auto& car = program.cars.of_year[sum % data::kModYearCount];
   try {
     if (const auto reference = app::ReadReference(car, "/GPL", program.outside, source, path)) {
       Compare(car, *reference);
