@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "library/Row.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -11,7 +12,10 @@ namespace velquist::library {
 
 std::optional<install::SetupPlace> PlaceOf(const std::string& path)
 {
+  // Three bytes for each of the 32,767 characters that a path of Windows may have.
+  constexpr std::size_t kLongestPath = 98'301;
   if (auto place = install::PlaceOfPath(path)) return place;
+  if (path.size() > kLongestPath) return std::nullopt;
   const auto host = platform::PathFromText(path);
   if (host.is_absolute()) return std::nullopt;
   std::error_code unknown;
