@@ -12,8 +12,6 @@
 namespace velquist::ui {
 namespace {
 
-using platform::FromText;
-
 constexpr int kClientWidth = 1180;
 constexpr int kClientHeight = 780;
 constexpr int kLeastClientWidth = 560;
