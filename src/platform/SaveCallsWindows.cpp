@@ -109,6 +109,7 @@ bool Replace(const fs::path& from, const fs::path& to)
   if (::ReplaceFileW(to.c_str(), from.c_str(), nullptr, 0, nullptr, nullptr)) return true;
   switch (::GetLastError()) {
     case ERROR_UNABLE_TO_MOVE_REPLACEMENT_2:  // the old file has made room already
+    case ERROR_INVALID_NAME:                  // what Wine says of some long paths
     case ERROR_INVALID_FUNCTION:              // file systems that know no more than names
     case ERROR_NOT_SUPPORTED:
     case ERROR_CALL_NOT_IMPLEMENTED: return Move(from, to);
