@@ -35,9 +35,8 @@ TEST(PictureSvg, IsAnElementOfAPage)
   EXPECT_TRUE(element.starts_with("<svg ")) << element;
   for (const char* const part : {"viewBox=\"0 0 100 50\"", "<title>both &amp; more</title>",
                                  "stroke=\"rgb(0,0,128)\" stroke-width=\"1\"", "stroke-dasharray",
-                                 "<rect x=\"1\" y=\"2\" width=\"2\" height=\"3\" fill=\"none\" "
-                                 "stroke=\"rgb(255,0,0)\"/>",
-                                 ">&lt;1</text>"})
+                                 R"(<rect x="1" y="2" width="2" height="3" fill="none")",
+                                 R"x( stroke="rgb(255,0,0)"/>)x", ">&lt;1</text>"})
     EXPECT_NE(element.find(part), std::string::npos) << part << "\n" << element;
   EXPECT_EQ(SvgDocument(picture, "both & more"),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + element);
