@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
+#include <sstream>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -70,7 +71,7 @@ std::vector<std::string> Words(int /*argc*/, char** /*argv*/)
   return words;
 }
 
-std::filesystem::path Executable()
+std::filesystem::path Executable(const std::string& /*name*/)
 {
   constexpr std::size_t kLongest = 32768;
   std::wstring path(kLongest, L'\0');
@@ -98,10 +99,19 @@ std::vector<std::string> Words(int argc, char** argv)
   return {argv + (argc > 0 ? 1 : 0), argv + argc};
 }
 
-std::filesystem::path Executable()
+/// Where the system does not say it, as without /proc, what the shell has found by `name`.
+std::filesystem::path Executable(const std::string& name)
 {
   std::error_code unknown;
-  return std::filesystem::read_symlink("/proc/self/exe", unknown);
+  auto said = std::filesystem::read_symlink("/proc/self/exe", unknown);
+  if (!said.empty()) return said;
+  if (name.find('/') != std::string::npos) return std::filesystem::absolute(name, unknown);
+  std::istringstream directories(platform::EnvironmentVariable("PATH").value_or(""));
+  for (std::string directory; std::getline(directories, directory, ':');)
+    if (auto found = std::filesystem::path(directory) / name;
+        std::filesystem::exists(found, unknown))
+      return found;
+  return {};
 }
 
 bool IsTerminal(std::FILE* file)
@@ -118,14 +128,15 @@ int Main(int argc, char** argv)
   std::ios::sync_with_stdio(false);
   PrepareOutput();
   std::signal(SIGINT, Interrupt);
-  return cli::Run(
-      Words(argc, argv),
-      {.out = std::cout,
-       .err = std::cerr,
-       .shows_progress = IsTerminal(stderr) && !IsTerminal(stdout),
-       .interrupted = [] { return was_interrupted != 0; },
-       .program_directory =
-           [] { return platform::DataDirectory(Executable(), platform::EnvironmentVariable); }});
+  return cli::Run(Words(argc, argv), {.out = std::cout,
+                                      .err = std::cerr,
+                                      .shows_progress = IsTerminal(stderr) && !IsTerminal(stdout),
+                                      .interrupted = [] { return was_interrupted != 0; },
+                                      .program_directory =
+                                          [name = std::string(argc > 0 ? argv[0] : "")] {
+                                            return platform::DataDirectory(
+                                                Executable(name), platform::EnvironmentVariable);
+                                          }});
 }
 
 }  // namespace
