@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/FileSystem.h"
 
@@ -16,6 +17,8 @@ struct OpenFile {
 
   /// The file as it is now. Throws FileError for what is no path.
   [[nodiscard]] static OpenFile AsItIs(const platform::FileSystem& files, const std::string& path);
+  /// `other` leads to it, however it is spelled.
+  [[nodiscard]] bool IsAt(const platform::FileSystem& files, std::string_view other) const;
   /// Another program has changed it since. A file that is gone is not changed.
   [[nodiscard]] bool IsChangedOnDisk(const platform::FileSystem& files) const;
 };

@@ -172,15 +172,12 @@ void MainWindow::Opening::EnterInstallation(const std::string& path)
 /// Before a file is written over: asks when it is the open one and another program changed it.
 bool MainWindow::MayOverwriteChanged(const std::string& path)
 {
-  const auto host = outside_.files.HostText(path);
   auto& file = globals_.open_file;
-  if (host != outside_.files.HostText(file.path) ||
-      !globals_.open_file.IsChangedOnDisk(outside_.files))
-    return true;
+  if (!file.IsAt(outside_.files, path) || !file.IsChangedOnDisk(outside_.files)) return true;
   file.told = outside_.files.Stamp(file.path);
   return outside_.dialogs.ShowMessage(
-             "Another program has changed this file since it was read here:\n" + host +
-                 "\nDo you want to overwrite what it has written?",
+             "Another program has changed this file since it was read here:\n" +
+                 outside_.files.HostText(path) + "\nDo you want to overwrite what it has written?",
              Icon::kQuestion, Buttons::kNoYes) == Answer::kYes;
 }
 

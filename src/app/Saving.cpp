@@ -131,6 +131,10 @@ bool MainWindow::Write(const std::string& path, std::optional<setup::Layout> lay
                        "This data file has no ratio for a gear of the setup");
     }
     car_.WriteFile(outside_.files, path, layout);
+  } catch (const NotFlushedError& error) {
+    auto& file = globals_.open_file;
+    if (file.IsAt(outside_.files, path)) file.stamp = outside_.files.Stamp(path);
+    return not_saved(error.Path(), error.Reason());
   } catch (const FileError& error) {
     return not_saved(error.Path(), error.Reason());
   }

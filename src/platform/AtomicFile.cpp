@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/Errors.h"
 #include "platform/FileReason.h"
 #include "platform/SystemFiles.h"
 
@@ -128,7 +129,7 @@ class Save {
   {
     if (const auto error = Whole([&] { return calls_.rename(name_, target_); })) return error;
     name_.clear();
-    return Whole([&] { return calls_.flush_directory(target_.parent_path()); });
+    return {};
   }
 
  private:
@@ -196,6 +197,8 @@ void WriteAtomically(const fs::path& target, std::span<const std::byte> bytes,
   error = WriteNameless(calls, real, bytes, nameless);
   if (!nameless) error = WriteNamed(calls, real, bytes);
   if (error) FailFile(shown_path, error);
+  error = Whole([&] { return calls.flush_directory(real.parent_path()); });
+  if (error) throw NotFlushedError(std::string(shown_path), ReasonOf(error));
 }
 
 }  // namespace velquist::platform

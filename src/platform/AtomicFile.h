@@ -17,7 +17,8 @@ namespace velquist::platform {
 /// not stay: other names of the old file keep its old bytes.
 ///
 /// On failure the old file is whole, no temporary file is left, and FileError tells `shown_path`
-/// and the reason; only when flushing the directory is what fails does the new file stand already.
+/// and the reason; only when flushing the directory is what fails does the new file stand already,
+/// which is a NotFlushedError.
 /// Temporary files of programs that have ended, older than a minute, are removed from the directory
 /// before.
 void WriteAtomically(const std::filesystem::path& target, std::span<const std::byte> bytes,

@@ -30,6 +30,13 @@ class FileError : public std::runtime_error {
   std::string reason_;
 };
 
+/// The file was written and has its name, but the directory that says so could not be flushed to the
+/// disk.
+class NotFlushedError : public FileError {
+ public:
+  using FileError::FileError;
+};
+
 /// Ends the program at once: unwinds to the event entry, nothing is written on the way.
 class ProgramEnd {};
 

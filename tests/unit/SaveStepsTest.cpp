@@ -214,6 +214,9 @@ TEST_P(SaveSteps, AreToldWhenTheDirectoryCannotBeFlushedThoughTheNewFileStands)
 {
   calls.failing = "flush_directory";
   calls.error = EIO;
+  EXPECT_THROW(WriteAtomically(target, AsBytes("new bytes"), kShown, calls.Calls()),
+               NotFlushedError);
+  EXPECT_EQ(ContentOf(target), "new bytes");
   EXPECT_EQ(Save(target), ReasonOf({EIO, std::generic_category()}));
   EXPECT_EQ(ContentOf(target), "new bytes");
   EXPECT_EQ(folder.Names(), Steps{"a.lo1"});
