@@ -85,10 +85,10 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Change pressures, springs, dampers, camber, gears and differential of a
- setup with arrow buttons and lists, see the engine's torque and power and
- the speed bands of the gearing, and write the file back as the game reads
- it. Serves the mod years 1965, 1966, 1967, 1969 and GT, with the game in a
- Wine prefix or on a mounted drive.")
+setup with arrow buttons and lists, see the engine's torque and power and
+the speed bands of the gearing, and write the file back as the game reads
+it. Serves the mod years 1965, 1966, 1967, 1969 and GT, with the game in a
+Wine prefix or on a mounted drive.")
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 include(CPack)

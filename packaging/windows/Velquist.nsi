@@ -2,6 +2,7 @@
 ; The installer: for the one user who runs it, without administrator rights.
 ;
 ; makensis -DVERSION=1.2.3 -DFOLDER=<what ships> -DFILES=<lists of files> -DOUT=<installer>
+;   -DICON=<icon> -DSIDE=<bitmap> -DBANNER=<bitmap> -DCOPYRIGHT=<line>
 ;
 ; Data files and default setups are the user's to change. Beside each, an untouched copy lies in
 ; Originals: an update replaces only what is still the same as its copy, and removing the program
@@ -11,6 +12,7 @@ Target amd64-unicode
 Unicode true
 SetCompressor /SOLID lzma
 Name "Velquist"
+BrandingText "Velquist ${VERSION}"
 OutFile "${OUT}"
 RequestExecutionLevel user
 InstallDir "$LOCALAPPDATA\Programs\Velquist"
@@ -26,22 +28,40 @@ VIAddVersionKey "LegalCopyright" "${COPYRIGHT}"
 VIAddVersionKey "ProductName" "Velquist"
 VIAddVersionKey "ProductVersion" "${VERSION}"
 
+!include FileFunc.nsh
 !include LogicLib.nsh
 !include MUI2.nsh
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Velquist"
+!define OPEN_WITH_KEY "Software\Classes\Applications\Velquist.exe"
 !define SETTINGS "Velquist Program Settings.ini"
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_HEADERIMAGE
+!define MUI_HEADERIMAGE_RIGHT
+!define MUI_HEADERIMAGE_BITMAP "${BANNER}"
+!define MUI_HEADERIMAGE_UNBITMAP "${BANNER}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${SIDE}"
 !define MUI_FINISHPAGE_RUN "$INSTDIR\Velquist.exe"
-!insertmacro MUI_PAGE_LICENSE "${FOLDER}\Licences\Velquist.txt"
+; What the page calls its read-me box is the shortcut's.
+!define MUI_FINISHPAGE_SHOWREADME
+!define MUI_FINISHPAGE_SHOWREADME_NOTCHECKED
+!define MUI_FINISHPAGE_SHOWREADME_TEXT "&Put a shortcut on the desktop"
+!define MUI_FINISHPAGE_SHOWREADME_FUNCTION PutShortcutOnDesktop
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
+
+Function PutShortcutOnDesktop
+  CreateShortCut "$DESKTOP\Velquist.lnk" "$INSTDIR\Velquist.exe"
+FunctionEnd
+
+; The list of programs that open a file is read again.
+!define ASSOCIATIONS_CHANGED "System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'"
 
 ; $R0 becomes 1 when both files are there and hold the same bytes, else 0.
 !macro SameFile PREFIX
@@ -184,8 +204,22 @@ Section
   WriteRegStr HKCU "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
   WriteRegStr HKCU "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\Uninstall.exe"'
   WriteRegStr HKCU "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\Uninstall.exe" /S'
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "Contact" "Velquist Project"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "Readme" "$INSTDIR\Velquist Manual.txt"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "HelpLink" "file:///$INSTDIR\Velquist Manual.txt"
+  ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
+  IntFmt $0 "0x%08X" $0
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "EstimatedSize" "$0"
   WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoModify" 1
   WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoRepair" 1
+
+  ; Offered for any file, taken for none: setups have too many endings, and the game's own tools
+  ; know some of them.
+  WriteRegStr HKCU "${OPEN_WITH_KEY}" "FriendlyAppName" "Velquist"
+  WriteRegStr HKCU "${OPEN_WITH_KEY}\DefaultIcon" "" "$INSTDIR\Velquist.exe,0"
+  WriteRegStr HKCU "${OPEN_WITH_KEY}\shell\open" "FriendlyAppName" "Velquist"
+  WriteRegStr HKCU "${OPEN_WITH_KEY}\shell\open\command" "" '"$INSTDIR\Velquist.exe" "%1"'
+  ${ASSOCIATIONS_CHANGED}
 SectionEnd
 
 Section Uninstall
@@ -202,6 +236,7 @@ Section Uninstall
   Delete "$INSTDIR\MyPicture.tmp"
   Delete "$INSTDIR\Uninstall.exe"
   Delete "$SMPROGRAMS\Velquist.lnk"
+  Delete "$DESKTOP\Velquist.lnk"
 
   StrCpy $R9 0
   !insertmacro DataFiles RemoveData
@@ -223,6 +258,8 @@ Section Uninstall
   RMDir "$INSTDIR\Licences"
   RMDir "$INSTDIR\Metric"
   RMDir "$INSTDIR"
+  DeleteRegKey HKCU "${OPEN_WITH_KEY}"
+  ${ASSOCIATIONS_CHANGED}
   DeleteRegKey HKCU "${UNINSTALL_KEY}"
   DeleteRegKey HKCU "Software\Velquist Project\Velquist"
   DeleteRegKey /ifempty HKCU "Software\Velquist Project"
