@@ -2,6 +2,9 @@
 #include <gdk/gdkx.h>
 #include <gtk/gtk.h>
 
+#include <map>
+#include <string>
+
 #include "platform_wx/NativeLook.h"
 
 namespace velquist::platform {
@@ -34,18 +37,48 @@ constexpr char kTightStyle[] = R"css(
 .velquist-tight label { padding: 0; min-width: 0; min-height: 0; }
 )css";
 
-/// The last entry of a style sheet provider is in force for all windows of the screen; what it
-/// says holds for marked panels alone.
-void LoadStyleOnce()
+/// For all windows of the screen. The style sheet names classes that our own widgets alone have.
+void LoadStyle(const char* style, guint priority)
 {
-  static bool loaded = false;
-  if (loaded) return;
-  loaded = true;
   GtkCssProvider* provider = gtk_css_provider_new();
-  gtk_css_provider_load_from_data(provider, kTightStyle, -1, nullptr);
+  gtk_css_provider_load_from_data(provider, style, -1, nullptr);
   gtk_style_context_add_provider_for_screen(gdk_screen_get_default(), GTK_STYLE_PROVIDER(provider),
-                                            GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+                                            priority);
   g_object_unref(provider);
+}
+
+void LoadTightStyleOnce()
+{
+  static const bool kLoaded = [] {
+    LoadStyle(kTightStyle, GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+    return true;
+  }();
+  (void)kLoaded;
+}
+
+/// What the toolkit would put into a style sheet of the control's own: points are whole ones.
+std::string LettersStyle(const wxFont& font, const wxColour& colour)
+{
+  std::string style = "{font:" + std::to_string(font.GetNumericWeight()) + " " +
+                      std::to_string(static_cast<int>(font.GetFractionalPointSize())) + "pt \"" +
+                      std::string(font.GetFaceName().utf8_str()) + "\";";
+  if (colour.IsOk()) style += "color:" + std::string(colour.GetAsString().utf8_str()) + ";";
+  return style + "}";
+}
+
+/// The class of all controls with that style. A style sheet for each control would make the system
+/// work out each one's look by itself.
+const std::string& LettersClass(const std::string& style)
+{
+  static std::map<std::string, std::string> classes;
+  auto& name = classes[style];
+  if (!name.empty()) return name;
+  name = "velquist-letters-" + std::to_string(classes.size());
+  // Before what the toolkit says of a control when it gives it a text.
+  constexpr guint kPriority = GTK_STYLE_PROVIDER_PRIORITY_APPLICATION + 1;
+  LoadStyle(("." + name + ",." + name + " label,." + name + " cellview" + style).c_str(),
+            kPriority);
+  return name;
 }
 
 class LabelledFrame final : public wxStaticBox {
@@ -87,9 +120,24 @@ wxFont LetterFont(const wxString& face, int pixels)
   return wxFont(wxFontInfo(pixels * kPointsPerInch / resolution).FaceName(face));
 }
 
+void SetLetters(wxWindow& control, const wxFont& font, const wxColour& colour)
+{
+  constexpr char kClass[] = "velquist-letters";
+  const auto& name = LettersClass(LettersStyle(font, colour));
+  control.wxWindowBase::SetFont(font);
+  control.wxWindowBase::SetForegroundColour(colour);
+  auto* const widget = G_OBJECT(control.GetHandle());
+  const auto* const before = static_cast<const char*>(g_object_get_data(widget, kClass));
+  if (before == name.c_str()) return;
+  GtkStyleContext* const context = gtk_widget_get_style_context(control.GetHandle());
+  if (before != nullptr) gtk_style_context_remove_class(context, before);
+  gtk_style_context_add_class(context, name.c_str());
+  g_object_set_data(widget, kClass, const_cast<char*>(name.c_str()));
+}
+
 void AllowSmallControls(wxWindow& panel)
 {
-  LoadStyleOnce();
+  LoadTightStyleOnce();
   gtk_style_context_add_class(gtk_widget_get_style_context(panel.GetHandle()), kStyleClass);
 }
 

@@ -44,6 +44,12 @@ wxFont LetterFont(const wxString& face, int pixels)
   return wxFont(wxFontInfo(wxSize(0, pixels)).FaceName(face));
 }
 
+void SetLetters(wxWindow& control, const wxFont& font, const wxColour& colour)
+{
+  control.SetFont(font);
+  control.SetForegroundColour(colour);
+}
+
 void AllowSmallControls(wxWindow&)
 {
   // Controls have any size here.

@@ -7,6 +7,8 @@
 #include <array>
 #include <cmath>
 
+#include "platform_wx/NativeLook.h"
+
 namespace velquist::ui {
 namespace {
 
@@ -42,10 +44,11 @@ wxColour MarkColour(const wxColour& background)
 void SetMarked(wxWindow& window, bool marked)
 {
   const wxFont font = window.GetFont();
-  if (marked != (font.GetWeight() >= wxFONTWEIGHT_BOLD))
-    window.SetFont(marked ? font.Bold() : font.GetBaseFont());
-  window.SetForegroundColour(marked ? MarkColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE))
-                                    : wxColour());
+  if (marked)
+    platform::SetLetters(window, font.Bold(),
+                         MarkColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE)));
+  else
+    platform::SetLetters(window, font.GetBaseFont());
 }
 
 }  // namespace velquist::ui

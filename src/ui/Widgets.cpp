@@ -62,7 +62,8 @@ void KeepTextWhole(wxWindow& control, const wxString& text, int letters, int wid
     const int beside = control.GetBestSize().x - control.GetTextExtent(label).x;
     return control.GetTextExtent(text).x + beside;
   };
-  while (wanted() > width && letters > kSmallestLetters) control.SetFont(ControlFont(--letters));
+  while (wanted() > width && letters > kSmallestLetters)
+    platform::SetLetters(control, ControlFont(--letters));
 }
 
 long LabelStyle(const app::ControlDesign& design)
@@ -99,17 +100,15 @@ void ControlWidget::BringInLine(bool shown)
       HasMark(Design().kind) && !control_->text.empty() &&
       (other_letters || control_->text != last_.text || control_->place.width != last_.place.width);
   const bool other_mark = control_->marked != last_.marked;
-  if (other_letters || other_fit) {
-    const wxFont font = ControlFont(control_->font_size);
-    window_->SetFont(control_->marked ? font.Bold() : font);
-  }
-  if (other_mark) SetMarked(*window_, control_->marked);
-  last_.marked = control_->marked;
-  last_.font_size = control_->font_size;
+  // Before the letters, of which the toolkit would make the control's own with each text.
   if (Design().kind == ControlKind::kList)
     ShowItems();
   else if (control_->text != last_.text)
     ShowText();
+  if (other_letters || other_fit) platform::SetLetters(*window_, ControlFont(control_->font_size));
+  if (other_mark || (other_letters && control_->marked)) SetMarked(*window_, control_->marked);
+  last_.marked = control_->marked;
+  last_.font_size = control_->font_size;
   if (control_->checked != last_.checked) ShowChecked();
   if (control_->place != last_.place) ShowPlace();
   if (other_fit)
