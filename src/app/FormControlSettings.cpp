@@ -106,7 +106,8 @@ struct ControlRows {
     const int heading = front ? 0 : 2;
     const int first_caption = front ? 0 : 6;
     form.Frame({VELQUIST_CONTROL(Frame1), .index = frame_index, .kind = kFrame,
-                .place = {8, top, 640, 316}, .font_size = kTitleSize, .caption = title});
+                .place = {8, top, 640, 316}, .font_size = kTitleSize, .caption = title,
+                .shortcut = front ? "Ctrl+1" : "Ctrl+2"});
     form.Add({VELQUIST_CONTROL(Label6), .index = heading,
               .place = {kLeftColumn, top + 22, kColumnWidth, 20}, .font_size = kCaptionSize,
               .caption = "Left"});
@@ -148,7 +149,8 @@ struct ControlRows {
       Stepper(form, slot, left + 4, kTop + 44, button_width, value_width);
     };
     form.Frame({VELQUIST_CONTROL(Frame1), .index = 3, .kind = kFrame, .place = {8, kTop, 404, 86},
-                .font_size = kTitleSize, .spoken = "Fuel, Steering and Brakes"});
+                .font_size = kTitleSize, .spoken = "Fuel, Steering and Brakes",
+                .shortcut = "Ctrl+3"});
     cell(setup::kFuel, 18, "Fuel Level, gals", 14, 126, 34);
     cell(setup::kSteeringRatio, 19, "Steering Ratio", 142, 118, 34);
     cell(setup::kBrakeBias, 20, "Front Brake Bias, %", 262, 148, 34);
@@ -161,7 +163,7 @@ struct ControlRows {
   static constexpr void Gears(FormDesigner& form)
   {
     form.Frame({VELQUIST_CONTROL(Frame1), .index = 4, .kind = kFrame, .place = {656, 92, 190, 236},
-                .font_size = kTitleSize, .caption = "Gearing"});
+                .font_size = kTitleSize, .caption = "Gearing", .shortcut = "Ctrl+4"});
     constexpr std::array<std::string_view, 6> kNumbers = {"1", "2", "3", "4", "5", "6"};
     for (int gear = 0; gear < 6; ++gear) {
       const int slot = setup::kFirstGear + gear;
@@ -184,7 +186,7 @@ struct ControlRows {
   static constexpr void Differential(FormDesigner& form)
   {
     form.Frame({VELQUIST_CONTROL(Frame1), .index = 5, .kind = kFrame, .place = {854, 92, 236, 80},
-                .font_size = kTitleSize, .caption = "Differential Gearing"});
+                .font_size = kTitleSize, .caption = "Differential Gearing", .shortcut = "Ctrl+5"});
     Caption(form, setup::kFinalDrive, "&Differential Ratio", {864, 110, 216, 20}, kTextSize,
             Alignment::kLeft);
     DrivetrainList(form, 0, "Final drive", {864, 132, 216, 32});
@@ -214,7 +216,7 @@ struct ControlRows {
   static constexpr void Options(FormDesigner& form)
   {
     form.Frame({VELQUIST_CONTROL(Frame1), .index = 7, .kind = kFrame, .place = {1098, 92, 158, 144},
-                .font_size = kTitleSize, .caption = "Edit Options"});
+                .font_size = kTitleSize, .caption = "Edit Options", .shortcut = "Ctrl+6"});
     Option(form, 114,
            {VELQUIST_CONTROL(AsymmetricCheck), .kind = kCheck, .caption = "&Asymmetric Adjust",
             .tip = "Left and right sides can differ",

@@ -159,7 +159,8 @@ class FormDesigner {
     const bool entry = row.kind == ControlKind::kMenu && !row.frame.empty();
     const bool item = entry && row.event != nullptr;
     const bool option = row.kind == ControlKind::kOption;
-    Need(row, row.shortcut.empty() || item, "only a menu item has a shortcut");
+    Need(row, row.shortcut.empty() || item || row.kind == ControlKind::kFrame,
+         "only a menu item has a shortcut");
     Need(row, row.other_shortcut.empty() || !row.shortcut.empty(), "a second shortcut alone");
     Need(row, !row.exclusive || item, "only a menu item is exclusive");
     Need(row, !row.chosen_again || row.exclusive, "only an exclusive item is chosen again");

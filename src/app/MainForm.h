@@ -63,7 +63,7 @@ struct ControlDesign {
   std::string_view caption{};     ///< initial text; `&` marks the mnemonic
   std::string_view spoken{};      ///< accessible name where the caption does not say it
   std::string_view tip{};
-  std::string_view shortcut{};        ///< "Ctrl+O"
+  std::string_view shortcut{};        ///< "Ctrl+O"; of a frame: leads to its first control
   std::string_view other_shortcut{};  ///< a second one that does the same
 
   /// What happens when the user presses, chooses or checks it; null where nothing does.

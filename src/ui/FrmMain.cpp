@@ -83,6 +83,7 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
   for (const auto& design : app::FormControlSettings()) {
     if (wxWindow* const made = MakeWindow(design, id, pictures)) {
       Describe(*made, design, {}, {});
+      keys_.Add(design, *made);
       const auto& control = design.In(window_.Form());
       if (&control == &window_.Form().Label4) file_label_ = made;
       widgets_.emplace_back(control, *made);

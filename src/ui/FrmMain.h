@@ -15,6 +15,7 @@
 #include "ui/DifferenceTexts.h"
 #include "ui/Menus.h"
 #include "ui/PictureBoxes.h"
+#include "ui/RowKeys.h"
 #include "ui/SideWindows.h"
 #include "ui/UnsavedMark.h"
 #include "ui/Widgets.h"
@@ -73,6 +74,7 @@ class FrmMain final : public wxFrame {
   Menus menus_;
   SideWindows beside_;
   std::vector<ControlWidget> widgets_;
+  RowKeys keys_{*this};
   DifferenceTexts differences_;
   DifferenceCount* count_ = nullptr;
   std::vector<ChartBox*> charts_;

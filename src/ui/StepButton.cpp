@@ -13,6 +13,11 @@ namespace {
 constexpr int kDelay = 400;    ///< milliseconds until a held button repeats
 constexpr int kInterval = 50;  ///< milliseconds between repeats
 
+bool IsSpaceBar(const wxKeyEvent& event)
+{
+  return event.GetKeyCode() == WXK_SPACE || event.GetKeyCode() == WXK_NUMPAD_SPACE;
+}
+
 }  // namespace
 
 StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& name, Value value)
@@ -28,8 +33,8 @@ StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& name, Va
   Bind(wxEVT_CHAR_HOOK, &StepButton::OnKeyDown, this);
   Bind(wxEVT_KEY_UP, &StepButton::OnKeyUp, this);
   Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
-    LetGo();  // the release may go to a box that the step has brought up
-    key_ = WXK_NONE;
+    key_down_ = false;  // the release may go to a box that the step has brought up
+    LetGo();
     event.Skip();
   });
 }
@@ -47,6 +52,11 @@ bool StepButton::Step(bool repeated)
     ProcessWindowEvent(step);
   }
   return bits() != before;
+}
+
+void StepButton::StepTimes(int times, bool repeated)
+{
+  for (; times > 0 && Step(repeated); --times) repeated = true;
 }
 
 void StepButton::OnPress(wxMouseEvent& event)
@@ -75,36 +85,36 @@ void StepButton::LetGo()
 
 void StepButton::OnHeld(wxTimerEvent&)
 {
+  if (!IsShownOnScreen() || !IsEnabled()) return;
   const auto mouse = wxGetMouseState();
-  if (!mouse.LeftIsDown() || !IsShownOnScreen() || !IsEnabled()) return;
-  const bool over = GetScreenRect().Contains(mouse.GetPosition());
+  if (!key_down_ && !mouse.LeftIsDown()) return;
+  const bool over = key_down_ || GetScreenRect().Contains(mouse.GetPosition());
   if (!over || Step(true)) held_.StartOnce(kInterval);
 }
 
 void StepButton::OnClicked(wxCommandEvent& event)
 {
   event.Skip(stepping_ || !pressed_);
-  // The system repeats the click of a key that is held.
-  if (!stepping_ && key_ != WXK_NONE && std::exchange(key_stepped_, true)) event.SetExtraLong(1);
 }
 
+/// The system's own press of a key lasts a quarter of a second, however often the key repeats.
 void StepButton::OnKeyDown(wxKeyEvent& event)
 {
-  event.Skip();
-  if (event.GetKeyCode() == key_ && !key_up_) return;
-  key_ = event.GetKeyCode();
-  key_up_ = key_stepped_ = false;
+  if (!IsSpaceBar(event) || event.GetModifiers() != wxMOD_NONE) {
+    event.Skip();
+    return;
+  }
+  if (key_down_) return;  // the system repeats it
+  key_down_ = true;
+  if (Step(false)) held_.StartOnce(kDelay);
 }
 
 void StepButton::OnKeyUp(wxKeyEvent& event)
 {
   event.Skip();
-  if (event.GetKeyCode() != key_) return;
-  key_up_ = true;
-  // The last click of the key may come behind its release.
-  CallAfter([this] {
-    if (key_up_) key_ = WXK_NONE;
-  });
+  if (!IsSpaceBar(event)) return;
+  key_down_ = false;
+  if (!down_) held_.Stop();
 }
 
 }  // namespace velquist::ui

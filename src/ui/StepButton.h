@@ -8,16 +8,20 @@
 
 namespace velquist::ui {
 
-/// A button that steps a value: at once when the mouse presses it, then again and again while it
-/// is held. Each step is one wxEVT_BUTTON, with 1 as its extra long where it is a repeat, of the
-/// mouse or of a key. Held down by the mouse it stops when it is released, when the focus goes, and
-/// when a step leaves the value as it was.
+/// A button that steps a value: at once when the mouse or the space bar presses it, then again and
+/// again while it is held. Each step is one wxEVT_BUTTON, with 1 as its extra long where it is a
+/// repeat. Held down it stops when it is released, when the focus goes, and when a step leaves the
+/// value as it was.
 class StepButton final : public wxButton {
  public:
   /// The current value itself, which moves in finer steps than its label may show.
   using Value = std::function<float()>;
 
   StepButton(wxWindow* parent, wxWindowID id, const wxString& name, Value value);
+
+  /// So many steps, or as many as move the value; all but the first are repeats, and the first one
+  /// where `repeated` says so.
+  void StepTimes(int times, bool repeated);
 
  private:
   /// One step; false when it moved nothing.
@@ -33,11 +37,9 @@ class StepButton final : public wxButton {
   Value value_;
   wxTimer held_;
   bool down_ = false;      ///< the mouse holds the button down
-  bool pressed_ = false;   ///< and a click of the system's own belongs to that
+  bool key_down_ = false;  ///< the space bar does
+  bool pressed_ = false;   ///< the mouse has, and a click of the system's own belongs to that
   bool stepping_ = false;  ///< the event under way is a step of our own
-  int key_ = WXK_NONE;     ///< that is down, or has just come up
-  bool key_up_ = false;
-  bool key_stepped_ = false;  ///< since it went down
 };
 
 }  // namespace velquist::ui
