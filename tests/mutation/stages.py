@@ -53,8 +53,10 @@ FRONT_END = {
     "TypeAhead": ("ListsByKey.*", []),
     "MessageBoxGtk": ("MessageBoxes.*", []),
     "NativeLookGtk": ("Accessibility.*:Status.*:Mark.*:ToolTips.*", []),
+    "ProgramIconsElf": ("Icons.*", []),
     "WxDialogs": ("FileDialogs.*", []),
     "WxPictureLoader": ("Behaviour.*", ["face/car-pictures.scn"]),
+    "WxSystem": ("Behaviour.*", []),
 }
 
 
@@ -127,6 +129,12 @@ def of(file, front_end):
     found = [window("the tests of its name", [filters], 900)] if filters else []
     if paths:
         found.append(scenarios("its scenarios", paths, True, 600))
+    if stem == "Program":
+        found.append(Stage("program tests", "tests/window/velquist_program_tests", "unit",
+                           [*DISPLAY, "1280x1024", PROGRAM], ["*"], 300))
     found.append(scenarios("scenarios", [""], True, 1200))
     found.append(window("window tests", ["*"], 1800))
+    found += [Stage(name, "src/velquist", "script",
+                    [*DISPLAY, "1280x1024", f"tests/window/{name}-test", PROGRAM], [], 600)
+              for name in ("keyboard", "screen-reader", "walk")]
     return found
