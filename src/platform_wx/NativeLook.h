@@ -46,6 +46,9 @@ void PutBehindSiblings(wxWindow& frame);
 /// Puts the one line of `label` in the middle of its height.
 void CentreVertically(wxStaticText& label);
 
+/// A width for a text's paragraphs, which are measured in tenths of a millimeter.
+[[nodiscard]] int TenthsOfMillimeter(const wxWindow& text, int pixels);
+
 /// The mnemonic of `label` leads to `target`, which is the next control in tab order.
 void SetMnemonicTarget(wxStaticText& label, wxWindow& target);
 

@@ -135,6 +135,16 @@ void SetLetters(wxWindow& control, const wxFont& font, const wxColour& colour)
   g_object_set_data(widget, kClass, const_cast<char*>(name.c_str()));
 }
 
+int TenthsOfMillimeter(const wxWindow&, int pixels)
+{
+  constexpr int kTenths = 10;
+  GdkScreen* const screen = gdk_screen_get_default();
+  // As the toolkit does the other way round.
+  G_GNUC_BEGIN_IGNORE_DEPRECATIONS
+  return pixels * kTenths * gdk_screen_get_width_mm(screen) / gdk_screen_get_width(screen);
+  G_GNUC_END_IGNORE_DEPRECATIONS
+}
+
 void AllowSmallControls(wxWindow& panel)
 {
   LoadTightStyleOnce();

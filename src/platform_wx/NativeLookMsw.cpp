@@ -50,6 +50,12 @@ void SetLetters(wxWindow& control, const wxFont& font, const wxColour& colour)
   control.SetForegroundColour(colour);
 }
 
+int TenthsOfMillimeter(const wxWindow& text, int pixels)
+{
+  constexpr int kTenthsPerInch = 254;
+  return pixels * kTenthsPerInch / text.GetDPI().x;
+}
+
 void AllowSmallControls(wxWindow&)
 {
   // Controls have any size here.

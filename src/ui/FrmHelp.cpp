@@ -9,6 +9,7 @@
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/ProgramIcons.h"
 #include "platform_wx/WxText.h"
+#include "ui/ManualStyle.h"
 
 namespace velquist::ui {
 namespace {
@@ -42,6 +43,7 @@ FrmHelp::FrmHelp(wxWindow* parent, std::string_view manual)
   platform::SetSpoken(*text_, "User manual", {});
   text_->Hide();
   text_->ChangeValue(platform::FromText(manual));
+  StyleManual(*text_);
   text_->Show();
   text_->SetInsertionPoint(0);
   text_->ShowPosition(0);

@@ -33,6 +33,14 @@ class HelpWindow : public ::testing::Test {
     return *static_cast<wxTextCtrl*>(wxWindow::FindWindowByName("Text1", help_));
   }
 
+  /// Where the words stand first.
+  [[nodiscard]] long PositionOf(std::string_view words) const
+  {
+    const auto at = Text().GetValue().find(platform::FromText(words));
+    EXPECT_NE(at, wxString::npos) << words;
+    return static_cast<long>(at);
+  }
+
   std::string manual_ = platform::EmbeddedResources().Help();
   wxWeakRef<ui::FrmHelp> help_;
 };
@@ -48,6 +56,31 @@ TEST_F(HelpWindow, ShowsTheWholeManualFromItsFirstLine)
   EXPECT_EQ(Text().GetInsertionPoint(), 0);
   EXPECT_TRUE(Text().IsShown());
   EXPECT_FALSE(Text().IsEditable());
+}
+
+TEST_F(HelpWindow, HasBoldHeadings)
+{
+  const auto is_bold = [&](std::string_view words) {
+    wxTextAttr style;
+    EXPECT_TRUE(Text().GetStyle(PositionOf(words), style)) << words;
+    return style.HasFontWeight() && style.GetFontWeight() >= wxFONTWEIGHT_BOLD;
+  };
+  EXPECT_TRUE(is_bold("Velquist User Manual"));
+  EXPECT_TRUE(is_bold("FIRST START"));
+  EXPECT_FALSE(is_bold("The first time, Velquist asks"));
+  EXPECT_FALSE(is_bold("Install Directory"));
+}
+
+TEST_F(HelpWindow, LetsTheLinesOfAnItemBeginBelowEachOther)
+{
+  const auto first = PositionOf("The game installation you");
+  const auto begin = Text().PositionToCoords(first);
+  auto next = begin;
+  for (auto at = first; next.y == begin.y; ++at) next = Text().PositionToCoords(at);
+  EXPECT_NEAR(next.x, begin.x, 2);
+  EXPECT_GT(begin.x, Text().PositionToCoords(PositionOf("Install Directory\t")).x);
+  // Terms of whatever length share one column.
+  EXPECT_NEAR(Text().PositionToCoords(PositionOf("First start, Your first")).x, begin.x, 2);
 }
 
 TEST(Help, AskedForAgainIsTheSameWindow)
