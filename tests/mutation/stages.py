@@ -28,7 +28,7 @@ FRONT_END = {
     "DifferenceCount": ("Status.*:Mark*.*:DifferenceWords.*", ["reference"]),
     "DifferenceTexts": ("DifferenceWords.*:ToolTips.*", []),
     "FileDrop": ("Behaviour.*:FileDialogs.*:Status.*", []),
-    "FitToDesktop": ("*Fit.*:Behaviour.*", []),
+    "FitToDesktop": ("Desktop.*:Behaviour.ACopy*:*Fit.*", []),
     "FrmColumns": ("LibraryWindow.*", []),
     "FrmCompare": ("Compare.*", ["reference"]),
     "FrmGearing": ("GearingWindow.*", ["gearing"]),
@@ -46,7 +46,7 @@ FRONT_END = {
     "ProgramDialogs": ("Help*.*:FileDialogs.*", ["files/year-by-question.scn", "face/help.scn"]),
     "SideWindow": ("Compare.*:GearingWindow.*:LibraryWindow.*", ["reference"]),
     "SideWindows": ("Compare.*:GearingWindow.*:LibraryWindow.*", ["reference"]),
-    "StepButton": ("Behaviour.*:ListsByKey.*:Accessibility.*", ["editing/steps-fine.scn"]),
+    "StepButton": ("StepButtons.*:Accessibility.*", ["editing/steps-fine.scn"]),
     "UnsavedMark": ("Status.*:Accessibility.*", []),
     "Widgets": ("Accessibility.*:Rows.*:Behaviour.*:ToolTips.*", ["face", "editing"]),
     "ListChoiceGtk": ("ListsByKey.*:Accessibility.*", ["lifecycle/player-and-track.scn"]),
@@ -105,8 +105,8 @@ def suites_of(stem):
     return named + using
 
 
-def of(file, front_end):
-    """The stages for a mutant of this source."""
+def of(file, front_end, whole):
+    """The stages for a mutant of this source: those that are likely to tell, or the whole."""
     stem = pathlib.Path(file).stem
     scenarios = lambda name, paths, ui, seconds: Stage(
         name, SCENARIO, "scenarios",
@@ -132,9 +132,10 @@ def of(file, front_end):
     if stem == "Program":
         found.append(Stage("program tests", "tests/window/velquist_program_tests", "unit",
                            [*DISPLAY, "1280x1024", PROGRAM], ["*"], 300))
-    found.append(scenarios("scenarios", [""], True, 1200))
-    found.append(window("window tests", ["*"], 1800))
-    found += [Stage(name, "src/velquist", "script",
-                    [*DISPLAY, "1280x1024", f"tests/window/{name}-test", PROGRAM], [], 600)
-              for name in ("keyboard", "screen-reader", "walk")]
+    if whole or not found:
+        found.append(scenarios("scenarios", [""], True, 1200))
+        found.append(window("window tests", ["*"], 1800))
+        found += [Stage(name, "src/velquist", "script",
+                        [*DISPLAY, "1280x1024", f"tests/window/{name}-test", PROGRAM], [], 600)
+                  for name in ("keyboard", "screen-reader", "walk")]
     return found

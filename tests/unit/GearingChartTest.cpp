@@ -167,6 +167,8 @@ TEST(GearingChart, LettersGrowWithThePictureAndNothingLeavesIt)
   for (const double width : {240.0, 500.0, 1000.0, 1900.0}) {
     for (const auto draw : {DrawThrust, DrawSawTooth}) {
       const auto surface = Drawn(draw, picture, width, width / 2);
+      EXPECT_TRUE(HasText(surface, "1st 9000"));
+      EXPECT_TRUE(HasText(surface, "6th"));
       for (const auto& drawn : surface.Drawn()) {
         if (drawn.kind == Primitive::Kind::kText) {
           EXPECT_GE(drawn.x1, 0) << drawn.text;

@@ -135,8 +135,9 @@ TEST(PlotXy, AnAxisWithoutDivisionsHasNoGridAndNoLabels)
   auto picture = Picture();
   const PlotXy plot(picture, kTenths, {0, 1, 0});
   EXPECT_EQ(Texts(picture), (std::vector<std::string>{"0", "2", "4", "6", "8", "10"}));
-  for (const auto& line : Lines(picture, kGridGrey, LineStyle::kDotted))
-    EXPECT_EQ(line.x1, line.x2);
+  const auto grid = Lines(picture, kGridGrey, LineStyle::kDotted);
+  EXPECT_EQ(grid.size(), 6U);
+  for (const auto& line : grid) EXPECT_EQ(line.x1, line.x2);
 }
 
 TEST(PlotXy, LettersShrinkBeforeLabelsTouch)

@@ -2,17 +2,16 @@
 #include <wx/choice.h>
 #include <wx/display.h>
 #include <wx/dnd.h>
+#include <wx/frame.h>
 #include <wx/modalhook.h>
-#include <wx/uiaction.h>
 #include <wx/utils.h>
 
 #include <functional>
-#include <stdexcept>
-#include <utility>
 
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,7 +20,6 @@
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/WxSystem.h"
 #include "platform_wx/WxText.h"
-#include "setup/SlotTable.h"
 #include "ui/FitToDesktop.h"
 
 namespace velquist::testing {
@@ -29,23 +27,7 @@ namespace {
 
 class Behaviour : public RealWindow {
  protected:
-  void Press(const char* button)
-  {
-    Frame().Raise();
-    LetTimePass(300);
-    const auto at = Widget(button)->GetScreenRect();
-    mouse_.MouseMove(at.x + at.width / 2, at.y + at.height / 2);
-    LetTimePass(100);
-    mouse_.MouseDown();
-  }
-  void Release()
-  {
-    mouse_.MouseUp();
-    LetTimePass(200);
-  }
   [[nodiscard]] float Value(int slot) const { return editor.Window().Car().Value(slot); }
-
-  wxUIActionSimulator mouse_;
 };
 
 TEST_F(Behaviour, ThePointerIsBusyWhileADroppedFileIsReadAndNoOtherEventIsTaken)
@@ -73,6 +55,27 @@ TEST_F(Behaviour, ThePointerIsBusyWhileADroppedFileIsReadAndNoOtherEventIsTaken)
   EXPECT_FALSE(wxIsBusy());
 }
 
+TEST_F(Behaviour, TwoFilesThatAreDroppedAtOnceAreNotOpened)
+{
+  Start();
+  editor.Play("setup $G/Players/Jim/Setups/monza/fast.lp1 long 0=25 48=80 49=45 50=60 51=3\n");
+  const std::string shown = editor.Window().Car().FileName();
+  auto* const drop = dynamic_cast<wxFileDropTarget*>(Frame().GetDropTarget());
+  ASSERT_NE(drop, nullptr);
+  const wxString file =
+      platform::FromText(editor.Path("$G/Players/Jim/Setups/monza/fast.lp1").string());
+  wxArrayString dropped;
+  EXPECT_FALSE(drop->OnDropFiles(0, 0, dropped));
+  dropped.Add(file);
+  dropped.Add(file);
+  EXPECT_FALSE(drop->OnDropFiles(0, 0, dropped));
+  LetTimePass(100);
+  EXPECT_EQ(editor.Window().Car().FileName(), shown);
+  dropped.pop_back();
+  EXPECT_TRUE(drop->OnDropFiles(0, 0, dropped));
+  EXPECT_TRUE(WaitUntil([&] { return editor.Window().Car().FileName() == "fast.lp1"; }));
+}
+
 TEST_F(Behaviour, ThePointerIsBusyWhileASetupThatAnotherProgramChangedIsReadAgain)
 {
   Start();
@@ -87,72 +90,6 @@ TEST_F(Behaviour, ThePointerIsBusyWhileASetupThatAnotherProgramChangedIsReadAgai
               "focus\nexpect slot 0 = 25\n");
   EXPECT_TRUE(busy);
   EXPECT_FALSE(wxIsBusy());
-}
-
-TEST_F(Behaviour, AStepThatThrowsLeavesItsButtonToAnswerThePressOnce)
-{
-  Start();
-  auto& button = *Widget("CmdInc(0)");
-  bool throws = true;
-  button.Bind(wxEVT_BUTTON, [&](wxCommandEvent& event) {
-    if (std::exchange(throws, false)) throw std::runtime_error("no step");
-    event.Skip();
-  });
-  const float before = Value(0);
-  wxMouseEvent press(wxEVT_LEFT_DOWN);
-  press.SetEventObject(&button);
-  EXPECT_THROW(button.GetEventHandler()->ProcessEvent(press), std::runtime_error);
-  wxCommandEvent click(wxEVT_BUTTON, button.GetId());  // the system's own of that press
-  click.SetEventObject(&button);
-  button.ProcessWindowEvent(click);
-  EXPECT_EQ(Value(0), before);
-}
-
-TEST_F(Behaviour, AClickOfTheMouseIsOneStep)
-{
-  Start();
-  const float before = Value(0);
-  Press("CmdInc(0)");
-  Release();
-  EXPECT_EQ(Value(0), before + 1);
-}
-
-TEST_F(Behaviour, AHeldStepButtonGoesOnUntilItIsReleased)
-{
-  Start();
-  const float before = Value(4);
-  Press("CmdInc(4)");
-  EXPECT_TRUE(WaitUntil([&] { return Value(4) >= before + 4 * 5; }));
-  Release();
-  const float released = Value(4);
-  LetTimePass(300);
-  EXPECT_EQ(Value(4), released);
-}
-
-TEST_F(Behaviour, AHeldStepButtonIsUndoneAtOnce)
-{
-  Start();
-  const float before = Value(4);
-  Press("CmdInc(4)");
-  EXPECT_TRUE(WaitUntil([&] { return Value(4) >= before + 4 * 5; }));
-  Release();
-  EXPECT_TRUE(Frame().GetMenus().Choose("MnuUndo"));
-  EXPECT_EQ(Value(4), before);
-  EXPECT_EQ(editor.Window().Car().UndoText(), "");
-}
-
-TEST_F(Behaviour, AHeldStepButtonGoesOnInFineStepsAsFarAsTheLimit)
-{
-  Start();
-  editor.Play("check FineCheck\n");
-  const float before = Value(setup::kWheelRate);
-  Press("CmdDec(4)");
-  EXPECT_TRUE(WaitUntil([&] { return Value(setup::kWheelRate) != before; }));
-  EXPECT_EQ(Value(setup::kWheelRate), before - 1);
-  EXPECT_TRUE(WaitUntil([&] { return Value(setup::kWheelRate) <= 40; }, 30000));
-  LetTimePass(200);
-  Release();
-  EXPECT_EQ(Value(setup::kWheelRate), 40);
 }
 
 TEST_F(Behaviour, TheMarqueeRestsWhileTheWindowIsMinimised)
@@ -216,6 +153,29 @@ TEST_F(Behaviour, AResizedWindowKeepsItsProportions)
   Frame().SetClientSize(app::kDesignClientWidth * 3 / 4, app::kDesignClientHeight * 3 / 4);
   const auto expected = wxRect(492, 252, 450, 198);
   EXPECT_TRUE(WaitUntil([&] { return Widget("PictureChart2")->GetRect() == expected; }));
+}
+
+TEST(Desktop, HasEveryWindowWithinItAndInItsMiddle)
+{
+  const wxRect desktop = wxDisplay(0U).GetClientArea();
+  auto* const window = new wxFrame(nullptr, wxID_ANY, "window", desktop.GetPosition());
+  const auto comes_to = [&](const wxRect& place) {
+    EXPECT_TRUE(WaitUntil([&] { return window->GetRect() == place; }))
+        << window->GetPosition().x << " " << window->GetPosition().y << " " << window->GetSize().x
+        << " " << window->GetSize().y;
+  };
+  window->SetSize(desktop.GetSize() + wxSize(100, 100));
+  ui::FitToDesktop(*window, std::nullopt);
+  window->Show();
+  comes_to(desktop);
+
+  const wxRect small(desktop.GetPosition(), desktop.GetSize() / 2);
+  window->SetSize(small);
+  comes_to(small);
+  ui::FitToDesktop(*window, std::nullopt);
+  comes_to(small.CentreIn(desktop));
+  window->Destroy();
+  LetTimePass(20);
 }
 
 TEST_F(Behaviour, ACopyOfTheWindowStandsWhereItIsTold)

@@ -136,6 +136,24 @@ std::string FolderOf(GtkWidget* box)
   return text;
 }
 
+TEST_F(FileDialogs, ToOpenShowTheFilterThatWasAskedFor)
+{
+  for (const int wanted : {1, 2, 3}) {
+    std::string shown;
+    const AtNativeBox at_box([&](GtkWidget* box) {
+      GtkFileFilter* const filter = gtk_file_chooser_get_filter(GTK_FILE_CHOOSER(box));
+      if (filter != nullptr) shown = gtk_file_filter_get_name(filter);
+      Cancel(box);
+    });
+    (void)dialogs_.AskOpenFile({.filter = "Filter 1|*.lo1|Filter 2|*.lo2|Filter 3|*.lo3",
+                                .filter_index = wanted,
+                                .start = folder_.Text() + "\\*.*",
+                                .directory = {},
+                                .title = "Open"});
+    EXPECT_EQ(shown, "Filter " + std::to_string(wanted));
+  }
+}
+
 TEST_F(FileDialogs, HaveTheTitleOfTheirTask)
 {
   const AtNativeBox at_box([](GtkWidget* box) {

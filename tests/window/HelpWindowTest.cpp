@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
+#include <wx/stattext.h>
 #include <wx/textctrl.h>
 #include <wx/weakref.h>
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "RealWindow.h"
 #include "platform/EmbeddedResources.h"
@@ -39,6 +41,48 @@ class HelpWindow : public ::testing::Test {
     const auto at = Text().GetValue().find(platform::FromText(words));
     EXPECT_NE(at, wxString::npos) << words;
     return static_cast<long>(at);
+  }
+
+  void Press(int key, int modifiers = wxMOD_NONE)
+  {
+    wxKeyEvent press(wxEVT_CHAR_HOOK);
+    press.m_keyCode = key;
+    press.SetControlDown((modifiers & wxMOD_CONTROL) != 0);
+    press.SetShiftDown((modifiers & wxMOD_SHIFT) != 0);
+    help_->ProcessWindowEvent(press);
+  }
+  /// Opens the bar and types.
+  void LookFor(const wxString& text)
+  {
+    Press('F', wxMOD_CONTROL);
+    Wanted().SetValue(text);
+  }
+  [[nodiscard]] wxTextCtrl& Wanted() const
+  {
+    return *static_cast<wxTextCtrl*>(wxWindow::FindWindowByName("FindText", help_));
+  }
+  [[nodiscard]] wxString Result() const
+  {
+    return wxWindow::FindWindowByName("FindResult", help_)->GetLabel();
+  }
+  /// Where the selected text begins, which must be as long as what is looked for.
+  [[nodiscard]] long Found() const
+  {
+    long from = 0;
+    long to = 0;
+    Text().GetSelection(&from, &to);
+    EXPECT_EQ(to - from, static_cast<long>(Wanted().GetValue().length()));
+    return from;
+  }
+  /// Where `text` stands in the manual, whatever its letter case.
+  [[nodiscard]] std::vector<long> Places(const wxString& text) const
+  {
+    std::vector<long> places;
+    const wxString manual = Text().GetValue().Lower();
+    for (auto at = manual.find(text.Lower()); at != wxString::npos;
+         at = manual.find(text.Lower(), at + 1))
+      places.push_back(static_cast<long>(at));
+    return places;
   }
 
   std::string manual_ = platform::EmbeddedResources().Help();
@@ -105,6 +149,66 @@ TEST(Help, AskedForAgainIsTheSameWindow)
   EXPECT_EQ(windows(), 1);
   wxWindow::FindWindowByName("FrmHelp")->Close();
   LetTimePass(100);
+}
+
+TEST_F(HelpWindow, SearchGoesOnBehindTheLastPlaceWithTheFirst)
+{
+  const auto places = Places("differential");
+  ASSERT_GE(places.size(), 2U);
+  LookFor("DiffeRential");
+  for (const long place : places) {
+    Press(WXK_F3);
+    EXPECT_EQ(Found(), place);
+  }
+  Press(WXK_F3);
+  EXPECT_EQ(Found(), places.front());
+  EXPECT_EQ(Result(), "");
+}
+
+TEST_F(HelpWindow, SearchWithShiftGoesBackAndOnBeforeTheFirstPlaceWithTheLast)
+{
+  const auto places = Places("differential");
+  ASSERT_GE(places.size(), 2U);
+  LookFor("differential");
+  Press(WXK_F3);
+  ASSERT_EQ(Found(), places.front());
+  for (auto place = places.rbegin(); place != places.rend(); ++place) {
+    Press(WXK_F3, wxMOD_SHIFT);
+    EXPECT_EQ(Found(), *place);
+  }
+}
+
+TEST_F(HelpWindow, SearchSaysThatThereIsNoSuchPlaceAndStaysWhereItWas)
+{
+  LookFor("differential");
+  Press(WXK_F3);
+  const auto found = Text().GetStringSelection();
+  const long place = Found();
+  Wanted().SetValue("no such word in it");
+  Press(WXK_F3);
+  EXPECT_EQ(Result(), "Not found");
+  EXPECT_EQ(Text().GetStringSelection(), found);
+  Wanted().SetValue("differential");
+  EXPECT_EQ(Found(), place);
+  Press(WXK_F3);
+  EXPECT_EQ(Result(), "");
+}
+
+TEST_F(HelpWindow, SearchIsOpenedByItsKeysAndClosedByEscapeWhichThenClosesTheWindow)
+{
+  EXPECT_FALSE(Wanted().GetParent()->IsShown());
+  const int height = Text().GetSize().y;
+  Press(WXK_F3);
+  EXPECT_TRUE(Wanted().GetParent()->IsShown());
+  EXPECT_LT(Text().GetSize().y, height);
+  Press(WXK_ESCAPE);
+  EXPECT_FALSE(Wanted().GetParent()->IsShown());
+  EXPECT_EQ(Text().GetSize().y, height);
+  Press('F', wxMOD_CONTROL);
+  EXPECT_TRUE(Wanted().GetParent()->IsShown());
+  Press(WXK_ESCAPE);
+  Press(WXK_ESCAPE);
+  EXPECT_TRUE(WaitUntil([&] { return !help_; }));
 }
 
 TEST_F(HelpWindow, KeepsItsProportionsWhenItIsResized)

@@ -4,10 +4,15 @@
 #include <gtest/gtest.h>
 #include <gtk/gtk.h>
 #include <wx/button.h>
+#include <wx/display.h>
 #include <wx/init.h>
 #include <wx/stattext.h>
 #include <wx/timer.h>
+#include <wx/utils.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <optional>
 #include <stdexcept>
@@ -19,9 +24,14 @@
 #include "app/Flag.h"
 #include "runner/SourceDirectory.h"
 #include "runner/World.h"
+#include "ui/FrmMain.h"
 #include "ui/Program.h"
 
 namespace velquist::testing {
+
+/// The environment variable with the file that a copy of this program writes.
+constexpr const char* kReport = "VELQUIST_TOLD_OPTIONS";
+
 namespace {
 
 /// What a user does in the main loop, one thing after the other, each when the one before is over
@@ -45,9 +55,11 @@ class User final : public wxTimer {
     }
     if (GtkWidget* const box = ShownBox(); box != nullptr) {
       Answer(box);
-    } else if (!acting_ && next_ < actions_.size()) {
+    } else if (!waiting_ && !acting_ && next_ < actions_.size()) {
       // Behind this event: no timer fires while what it has brought about is under way.
+      waiting_ = true;
       wxTheApp->CallAfter([this] {
+        waiting_ = false;
         const app::Flag under_way(acting_, true);
         const auto& action = actions_[next_++];
         action();
@@ -78,6 +90,7 @@ class User final : public wxTimer {
 
   std::vector<Action> actions_;
   std::size_t next_ = 0;
+  bool waiting_ = false;  ///< an action is put off until this event is over
   bool acting_ = false;
   std::vector<std::string> told_;
   int looks_ = 0;
@@ -132,6 +145,12 @@ class ProgramRuns : public ::testing::Test {
   std::vector<std::string> told_;
 };
 
+bool WaitForFile(const std::string& path)
+{
+  for (int look = 0; look < 200 && !std::filesystem::exists(path); ++look) wxMilliSleep(50);
+  return std::filesystem::exists(path);
+}
+
 constexpr const char* kQuit =
     "You have made changes that are not saved.  Do you still want to quit?";
 
@@ -177,11 +196,59 @@ TEST_F(ProgramRuns, OnAfterExceptionsThatNoEventOfItsOwnCatches)
                    }));
 }
 
+TEST_F(ProgramRuns, InAWindowWithinTheDesktop)
+{
+  wxRect window;
+  wxRect desktop;
+  Run({
+      [&] {
+        window = wxTheApp->GetTopWindow()->GetRect();
+        desktop = wxDisplay(0U).GetClientArea();
+      },
+      [] { wxTheApp->GetTopWindow()->Close(); },
+  });
+  EXPECT_GT(window.width, 0);
+  EXPECT_LE(window.width, desktop.width);
+  EXPECT_LE(window.height, desktop.height);
+}
+
+TEST_F(ProgramRuns, ASecondTimeInTheSameDirectoryBesideTheFirstWindow)
+{
+  const auto report = world_.Names().program + "/told";
+  ::setenv(kReport, report.c_str(), 1);
+  wxPoint at;
+  Run({
+      [&] {
+        at = wxTheApp->GetTopWindow()->GetPosition();
+        auto* const frame = dynamic_cast<ui::FrmMain*>(wxTheApp->GetTopWindow());
+        ASSERT_NE(frame, nullptr);
+        EXPECT_TRUE(frame->GetMenus().Choose("MnuNew"));
+      },
+      [&] { EXPECT_TRUE(WaitForFile(report)); },
+      [] { wxTheApp->GetTopWindow()->Close(); },
+  });
+  ::unsetenv(kReport);
+  std::string words;
+  std::ifstream file(report);
+  for (std::string word; std::getline(file, word);) words += word + "\n";
+  EXPECT_EQ(words, "--program-directory=" + world_.Names().program + "\n--window-at=" +
+                       std::to_string(at.x + 40) + "," + std::to_string(at.y + 40) + "\n");
+}
+
 }  // namespace
 }  // namespace velquist::testing
 
 int main(int argc, char** argv)
 {
+  // The copy that a test starts says what it was told.
+  if (const char* const report = std::getenv(velquist::testing::kReport); report != nullptr) {
+    const std::string whole = std::string(report) + ".part";
+    std::ofstream file(whole);
+    for (int word = 1; word < argc; ++word) file << argv[word] << '\n';
+    file.close();
+    std::filesystem::rename(whole, report);
+    return 0;
+  }
   ::testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }
