@@ -13,9 +13,8 @@ namespace {
 using enum ControlKind;
 
 constexpr int kChartSize = 12;
-constexpr int kFileNameSize = 12;
-constexpr int kTitleSize = 14;  ///< frames and options
-constexpr int kTextSize = kUsualLetters;
+constexpr int kOptionSize = 14;
+constexpr int kTextSize = kUsualLetters;  ///< also titles of frames and the name of the file
 constexpr int kCaptionSize = 16;
 constexpr int kValueSize = 18;  ///< values and step buttons
 constexpr int kStepHeight = 30;
@@ -28,40 +27,41 @@ struct ControlRows {
   static constexpr void TopList(FormDesigner& form, int index, std::string_view caption, int left,
                                 int width, ControlDesign list)
   {
-    form.Add({VELQUIST_CONTROL(Label5), .index = index, .place = {left, 24, width, 20},
+    form.Add({VELQUIST_CONTROL(Label5), .index = index, .place = {left, 20, width, 20},
               .caption = caption, .alignment = Alignment::kLeft});
     list.kind = kList;
-    list.place = {left, 46, width, 32};
+    list.place = {left, 42, width, 32};
     form.Add(list);
   }
 
+  /// Where the setup is, then what it is of; the formula, which not every car has, last.
   static constexpr void WhereAndWhat(FormDesigner& form)
   {
-    form.Frame({VELQUIST_CONTROL(Frame1), .index = 0, .kind = kFrame, .place = {8, 4, 1248, 82},
-                .font_size = kTitleSize});
-    TopList(form, 0, "&Install Directory", 20, 290,
+    form.Frame({VELQUIST_CONTROL(Frame1), .index = 0, .kind = kFrame, .place = {8, 6, 1248, 76},
+                .font_size = kTextSize});
+    TopList(form, 0, "&Install Directory", 16, 268,
             {VELQUIST_CONTROL(Combo7), .tip = "Game installation",
-             .event = On<&MainWindow::Combo7_Click>, .opens_first = true});
-    TopList(form, 1, "Mod &Year", 320, 90,
-            {VELQUIST_CONTROL(Combo2), .tip = "Mod year of the setup",
-             .event = On<&MainWindow::Combo2_Click>, .opens_first = true});
-    TopList(form, 2, "&Chassis", 420, 270,
-            {VELQUIST_CONTROL(Combo3), .tip = "Car of the setup",
-             .event = On<&MainWindow::Combo3_Click>});
-    TopList(form, 3, "Fo&rmula", 700, 70,
-            {VELQUIST_CONTROL(Combo6), .tip = "Engine formula",
-             .event = On<&MainWindow::Combo6_Click>});
-    TopList(form, 4, "&Player", 780, 172,
+             .event = On<&MainWindow::Combo7_Click>, .opens_first = true, .ellipsis = true});
+    TopList(form, 4, "&Player", 294, 176,
             {VELQUIST_CONTROL(Combo4), .tip = "Player whose setups are opened and saved",
              .event = On<&MainWindow::Combo4_Click>});
-    TopList(form, 5, "Trac&k", 962, 140,
+    TopList(form, 5, "Trac&k", 480, 144,
             {VELQUIST_CONTROL(Combo5),
              .tip = "Track directory that setups are opened from and saved to",
              .event = On<&MainWindow::Combo5_Click>});
-    form.Add({VELQUIST_CONTROL(Label5), .index = 6, .place = {1114, 24, 136, 20},
+    form.Add({VELQUIST_CONTROL(Label5), .index = 6, .place = {636, 20, 172, 20},
               .caption = "Setup File", .alignment = Alignment::kLeft});
-    form.Add({VELQUIST_CONTROL(Label4), .place = {1114, 46, 136, 32}, .font_size = kFileNameSize,
-              .alignment = Alignment::kLeft, .ellipsis = true});
+    form.Add({VELQUIST_CONTROL(Label4), .place = {636, 42, 172, 32}, .alignment = Alignment::kLeft,
+              .ellipsis = true});
+    TopList(form, 1, "Mod &Year", 820, 84,
+            {VELQUIST_CONTROL(Combo2), .tip = "Mod year of the setup",
+             .event = On<&MainWindow::Combo2_Click>, .opens_first = true});
+    TopList(form, 2, "&Chassis", 914, 260,
+            {VELQUIST_CONTROL(Combo3), .tip = "Car of the setup",
+             .event = On<&MainWindow::Combo3_Click>});
+    TopList(form, 3, "Fo&rmula", 1184, 64,
+            {VELQUIST_CONTROL(Combo6), .tip = "Engine formula",
+             .event = On<&MainWindow::Combo6_Click>});
   }
 
   /// Decrease button, value and increase button of a slot, `value_width` wide in the middle.
@@ -92,27 +92,30 @@ struct ControlRows {
               .caption = text, .alignment = alignment});
   }
 
-  /// Both wheels of an axle in mirrored columns around the captions, the axle's own values beneath.
+  /// Both wheels of an axle in mirrored columns around the captions, the axle's own values in the
+  /// same columns beneath.
   static constexpr void Axle(FormDesigner& form, int frame_index, std::string_view title, int top,
                              bool front)
   {
-    constexpr int kLeftColumn = 24;
-    constexpr int kRightColumn = 472;
+    constexpr std::array kColumns = {16, 248, 480};
     constexpr int kColumnWidth = 160;
-    constexpr int kCaption = 192;
-    constexpr int kCaptionWidth = 272;
+    constexpr int kCaption = 176;
+    constexpr int kCaptionWidth = 304;
     constexpr int kRowPitch = 34;
-    constexpr int kCell = 208;
+    constexpr int kBeside = 8;  ///< that the longest caption stands out beside its column
     const int heading = front ? 0 : 2;
     const int first_caption = front ? 0 : 6;
+    const auto stepper = [&form](int slot, int column, int y) {
+      Stepper(form, slot, column, y, 34, 88);
+    };
     form.Frame({VELQUIST_CONTROL(Frame1), .index = frame_index, .kind = kFrame,
-                .place = {8, top, 640, 316}, .font_size = kTitleSize, .caption = title,
+                .place = {8, top, 640, 320}, .font_size = kTextSize, .caption = title,
                 .shortcut = front ? "Ctrl+1" : "Ctrl+2"});
     form.Add({VELQUIST_CONTROL(Label6), .index = heading,
-              .place = {kLeftColumn, top + 22, kColumnWidth, 20}, .font_size = kCaptionSize,
+              .place = {kColumns[0], top + 22, kColumnWidth, 20}, .font_size = kCaptionSize,
               .caption = "Left"});
     form.Add({VELQUIST_CONTROL(Label6), .index = heading + 1,
-              .place = {kRightColumn, top + 22, kColumnWidth, 20}, .font_size = kCaptionSize,
+              .place = {kColumns[2], top + 22, kColumnWidth, 20}, .font_size = kCaptionSize,
               .caption = "Right"});
     // Camber's unit is spelled out until the first values are shown.
     constexpr std::array<std::string_view, 6> kCaptions = {
@@ -121,57 +124,57 @@ struct ControlRows {
     for (int row = 0; row < 6; ++row) {
       const int left_slot = 4 * row + (front ? 0 : 2);
       const int y = top + 44 + row * kRowPitch;
-      Stepper(form, left_slot, kLeftColumn, y, 34, 88);
+      stepper(left_slot, kColumns[0], y);
       Caption(form, first_caption + row, kCaptions[static_cast<std::size_t>(row)],
               {kCaption, y, kCaptionWidth, kStepHeight}, kCaptionSize);
-      Stepper(form, left_slot + 1, kRightColumn, y, 34, 88);
+      stepper(left_slot + 1, kColumns[2], y);
     }
     const std::array<std::string_view, 3> captions = {
         "Toe In, in", "Roll Bar Stiffness, lbs/in",
         front ? "Static Ride Height,in" : "Static Ride Height, in"};
     for (int cell = 0; cell < 3; ++cell) {
       const int slot = setup::kToeIn + 2 * cell + (front ? 0 : 1);
-      const int x = 16 + cell * kCell;
-      Caption(form, (front ? 12 : 15) + cell, captions[static_cast<std::size_t>(cell)],
-              {x, top + 252, kCell, 20}, kCaptionSize);
-      Stepper(form, slot, x + (kCell - kColumnWidth) / 2, top + 274, 34, 88);
+      const auto at = static_cast<std::size_t>(cell);
+      const int beside = cell == 1 ? kBeside : 0;
+      Caption(form, (front ? 12 : 15) + cell, captions[at],
+              {kColumns[at] - beside, top + 260, kColumnWidth + 2 * beside, 20}, kCaptionSize);
+      stepper(slot, kColumns[at], top + 282);
     }
   }
 
+  /// The wings, which few cars have, last.
   static constexpr void SingleValues(FormDesigner& form)
   {
-    constexpr int kTop = 740;
-    const auto cell = [&form](int slot, int caption, std::string_view text, int left, int width,
-                              int button_width) {
-      constexpr int kGaps = 4;
-      const int value_width = width - 2 * button_width - kGaps - 8;
-      Caption(form, caption, text, {left, kTop + 20, width, 20}, kTextSize);
-      Stepper(form, slot, left + 4, kTop + 44, button_width, value_width);
+    constexpr int kTop = 746;
+    constexpr int kWidth = 110;
+    const auto cell = [&form](int slot, int caption, std::string_view text, int left, int beside) {
+      Caption(form, caption, text, {left - beside, kTop + 16, kWidth + 2 * beside, 20}, kTextSize);
+      Stepper(form, slot, left, kTop + 42, 30, 46);
     };
-    form.Frame({VELQUIST_CONTROL(Frame1), .index = 3, .kind = kFrame, .place = {8, kTop, 404, 86},
-                .font_size = kTitleSize, .spoken = "Fuel, Steering and Brakes",
+    form.Frame({VELQUIST_CONTROL(Frame1), .index = 3, .kind = kFrame, .place = {8, kTop, 388, 80},
+                .font_size = kTextSize, .spoken = "Fuel, Steering and Brakes",
                 .shortcut = "Ctrl+3"});
-    cell(setup::kFuel, 18, "Fuel Level, gals", 14, 126, 34);
-    cell(setup::kSteeringRatio, 19, "Steering Ratio", 142, 118, 34);
-    cell(setup::kBrakeBias, 20, "Front Brake Bias, %", 262, 148, 34);
-    form.Frame({VELQUIST_CONTROL(Wings), .kind = kFrame, .place = {420, kTop, 228, 86},
-                .font_size = kTitleSize, .spoken = "Wings"});
-    cell(setup::kFrontWing, 21, "Front Wing, deg", 424, 110, 26);
-    cell(setup::kRearWing, 22, "Rear Wing , deg", 534, 110, 26);
+    cell(setup::kFuel, 18, "Fuel Level, gals", 16, 0);
+    cell(setup::kSteeringRatio, 19, "Steering Ratio", 134, 0);
+    cell(setup::kBrakeBias, 20, "Front Brake Bias, %", 265, 13);
+    form.Frame({VELQUIST_CONTROL(Wings), .kind = kFrame, .place = {404, kTop, 244, 80},
+                .font_size = kTextSize, .spoken = "Wings"});
+    cell(setup::kFrontWing, 21, "Front Wing, deg", 412, 0);
+    cell(setup::kRearWing, 22, "Rear Wing , deg", 530, 0);
   }
 
   static constexpr void Gears(FormDesigner& form)
   {
-    form.Frame({VELQUIST_CONTROL(Frame1), .index = 4, .kind = kFrame, .place = {656, 92, 190, 236},
-                .font_size = kTitleSize, .caption = "Gearing", .shortcut = "Ctrl+4"});
+    form.Frame({VELQUIST_CONTROL(Frame1), .index = 4, .kind = kFrame, .place = {656, 90, 180, 238},
+                .font_size = kTextSize, .caption = "Gearing", .shortcut = "Ctrl+4"});
     constexpr std::array<std::string_view, 6> kNumbers = {"1", "2", "3", "4", "5", "6"};
     for (int gear = 0; gear < 6; ++gear) {
       const int slot = setup::kFirstGear + gear;
-      const int y = 116 + gear * 34;
-      Caption(form, slot, kNumbers[static_cast<std::size_t>(gear)], {658, y, 14, kStepHeight},
+      const int y = 115 + gear * 35;
+      Caption(form, slot, kNumbers[static_cast<std::size_t>(gear)], {664, y, 11, kStepHeight},
               kCaptionSize);
-      Stepper(form, slot, 674, y, 28, 58);
-      form.Add({VELQUIST_CONTROL(Label2), .index = slot, .place = {794, y, 50, kStepHeight},
+      Stepper(form, slot, 675, y, 28, 50);
+      form.Add({VELQUIST_CONTROL(Label2), .index = slot, .place = {786, y, 42, kStepHeight},
                 .font_size = kCaptionSize});
     }
   }
@@ -185,62 +188,63 @@ struct ControlRows {
 
   static constexpr void Differential(FormDesigner& form)
   {
-    form.Frame({VELQUIST_CONTROL(Frame1), .index = 5, .kind = kFrame, .place = {854, 92, 236, 80},
-                .font_size = kTitleSize, .caption = "Differential Gearing", .shortcut = "Ctrl+5"});
-    Caption(form, setup::kFinalDrive, "&Differential Ratio", {864, 110, 216, 20}, kTextSize,
+    form.Frame({VELQUIST_CONTROL(Frame1), .index = 5, .kind = kFrame, .place = {844, 90, 236, 86},
+                .font_size = kTextSize, .caption = "Differential Gearing", .shortcut = "Ctrl+5"});
+    Caption(form, setup::kFinalDrive, "&Differential Ratio", {852, 114, 220, 20}, kTextSize,
             Alignment::kLeft);
-    DrivetrainList(form, 0, "Final drive", {864, 132, 216, 32});
-    form.Frame({VELQUIST_CONTROL(Frame1), .index = 6, .kind = kFrame, .place = {854, 180, 236, 148},
-                .font_size = kTitleSize, .caption = "Diff Settings and Locking Percent"});
+    DrivetrainList(form, 0, "Final drive", {852, 136, 220, 32});
+    form.Frame({VELQUIST_CONTROL(Frame1), .index = 6, .kind = kFrame, .place = {844, 184, 236, 144},
+                .font_size = kTextSize, .caption = "Diff Settings and Locking Percent"});
     const auto row = [&form](int list, int slot, std::string_view caption, std::string_view tip,
                              int top, bool locking) {
-      Caption(form, slot, caption, {862, top, 98, 32}, kTextSize, Alignment::kLeft);
-      DrivetrainList(form, list, tip, {960, top, 76, 32});
+      Caption(form, slot, caption, {852, top, 98, 32}, kTextSize, Alignment::kLeft);
+      DrivetrainList(form, list, tip, {952, top, 74, 32});
       if (locking)
-        form.Add({VELQUIST_CONTROL(Label2), .index = slot, .place = {1040, top, 44, 32},
+        form.Add({VELQUIST_CONTROL(Label2), .index = slot, .place = {1028, top, 44, 32},
                   .font_size = kValueSize});
     };
-    row(1, setup::kPowerAngle, "Po&wer Angle", "Ramp angle under power, degrees", 202, true);
-    row(2, setup::kCoastAngle, "C&oast Angle", "Ramp angle off the throttle, degrees", 242, true);
-    row(3, setup::kClutches, "C&lutches", "Clutch plates of the differential", 282, false);
+    row(1, setup::kPowerAngle, "Po&wer Angle", "Ramp angle under power, degrees", 208, true);
+    row(2, setup::kCoastAngle, "C&oast Angle", "Ramp angle off the throttle, degrees", 248, true);
+    row(3, setup::kClutches, "C&lutches", "Clutch plates of the differential", 288, false);
   }
 
   /// A box or option of the column on the right.
   static constexpr void Option(FormDesigner& form, int top, ControlDesign row)
   {
-    row.place = {1101, top, 154, 26};
-    row.font_size = kTitleSize;
+    row.place = {1096, top, 152, 26};
+    row.font_size = kOptionSize;
     form.Add(row);
   }
 
+  /// What not every car has comes last.
   static constexpr void Options(FormDesigner& form)
   {
-    form.Frame({VELQUIST_CONTROL(Frame1), .index = 7, .kind = kFrame, .place = {1098, 92, 158, 144},
-                .font_size = kTitleSize, .caption = "Edit Options", .shortcut = "Ctrl+6"});
+    form.Frame({VELQUIST_CONTROL(Frame1), .index = 7, .kind = kFrame, .place = {1088, 90, 168, 142},
+                .font_size = kTextSize, .caption = "Edit Options", .shortcut = "Ctrl+6"});
     Option(form, 114,
-           {VELQUIST_CONTROL(AsymmetricCheck), .kind = kCheck, .caption = "&Asymmetric Adjust",
-            .tip = "Left and right sides can differ",
-            .event = On<&MainWindow::AsymmetricCheck_Click>});
-    Option(form, 144,
            {VELQUIST_CONTROL(FineCheck), .kind = kCheck, .caption = "Fi&ne Adjust",
             .tip = "Up and down edits are smaller", .event = On<&MainWindow::FineCheck_Click>});
-    Option(form, 174,
+    Option(form, 142,
            {VELQUIST_CONTROL(RollBarConstTotal), .kind = kCheck, .caption = "Constant Rol&bars",
             .tip = "Total roll bar stiffness is constant",
             .event = On<&MainWindow::RollBarConstTotal_Click>});
-    Option(form, 204,
+    Option(form, 170,
            {VELQUIST_CONTROL(SpringStiffnessProportional), .kind = kCheck,
             .caption = "Proportional &Springs",
             .tip = "Spring stiffness proportional to weight distribution",
             .event = On<&MainWindow::SpringStiffnessProportional_Click>});
-    form.Frame({VELQUIST_CONTROL(Frame1), .index = 8, .kind = kFrame, .place = {1098, 244, 158, 84},
-                .font_size = kTitleSize, .caption = "Units"});
+    Option(form, 198,
+           {VELQUIST_CONTROL(AsymmetricCheck), .kind = kCheck, .caption = "&Asymmetric Adjust",
+            .tip = "Left and right sides can differ",
+            .event = On<&MainWindow::AsymmetricCheck_Click>});
+    form.Frame({VELQUIST_CONTROL(Frame1), .index = 8, .kind = kFrame, .place = {1088, 240, 168, 88},
+                .font_size = kTextSize, .caption = "Units"});
     Option(form, 266,
            {VELQUIST_CONTROL(OptUnits), .index = 0, .kind = kOption, .caption = "En&glish",
             .tip = "Show psi, lbs/in, inches, gallons and mph",
             .event = On<&MainWindow::OptUnits_Click>, .begins_group = true});
     Option(
-        form, 296,
+        form, 294,
         {VELQUIST_CONTROL(OptUnits), .index = 1, .kind = kOption, .caption = "&Metric",
          .tip = "Show kPa, N/cm, cm, litres and km/h", .event = On<&MainWindow::OptUnits_Click>});
   }
@@ -260,7 +264,7 @@ struct ControlRows {
     form.Add({VELQUIST_CONTROL(GEMPic1), .kind = kPicture, .place = {1020, 608, 236, 218},
               .spoken = "Picture of the car", .shape = Shape::kCarPicture});
     form.Frame({VELQUIST_CONTROL(Picture1), .kind = kPicture, .place = {8, 834, 1248, 38},
-                .font_size = kTitleSize, .shape = Shape::kMarquee});
+                .font_size = kTextSize, .shape = Shape::kMarquee});
     form.Add({VELQUIST_CONTROL(LblMarquee), .place = {8, 840, 1248, 26}, .font_size = kValueSize,
               .shape = Shape::kNone});
   }
@@ -270,8 +274,8 @@ struct ControlRows {
     FormDesigner form;
     MenuRows::AddTo(form);
     WhereAndWhat(form);
-    Axle(form, 1, "Front", 92, true);
-    Axle(form, 2, "Rear", 416, false);
+    Axle(form, 1, "Front", 90, true);
+    Axle(form, 2, "Rear", 418, false);
     SingleValues(form);
     Gears(form);
     Differential(form);

@@ -176,9 +176,10 @@ class FormDesigner {
     const bool label = row.kind == ControlKind::kLabel;
     const bool picture = row.kind == ControlKind::kPicture;
     const bool chart = row.shape == Shape::kChart;
-    Need(row, label || (row.alignment == Alignment::kCentre && !row.ellipsis),
-         "only a label has an alignment and an ellipsis");
-    Need(row, row.kind == ControlKind::kList || !row.opens_first, "only a list opens first");
+    const bool list = row.kind == ControlKind::kList;
+    Need(row, label || row.alignment == Alignment::kCentre, "only a label has an alignment");
+    Need(row, label || list || !row.ellipsis, "only a label or a list has an ellipsis");
+    Need(row, list || !row.opens_first, "only a list opens first");
     Need(row, chart == (row.chart != nullptr) && chart == (row.reading != nullptr),
          "a chart, and nothing else, has a recorder and a reading");
     switch (row.shape) {

@@ -75,7 +75,7 @@ struct ControlDesign {
   bool chosen_again = false;  ///< choosing the marked one of them is no idle choice
   Alignment alignment = Alignment::kCentre;  ///< of a label
   bool ellipsis =
-      false;  ///< a long text loses its middle and is whole in the window's tool tip for it
+      false;  ///< a long text of a label or of a list is cut; the tool tip has the whole of it
 
   Shape shape = Shape::kOfKind;
   charts::PictureRecorder MainForm::*chart = nullptr;  ///< of a chart

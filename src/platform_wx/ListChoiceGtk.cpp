@@ -116,7 +116,7 @@ class Chooser {
   {
     list_.CallAfter([this] {
       const int current = list_.GetSelection();
-      const int chosen = AskInWindow(Combo(), list_.GetToolTipText(), current);
+      const int chosen = AskInWindow(Combo(), list_.GetToolTipText().BeforeFirst('\n'), current);
       if (chosen >= 0 && chosen != current) Choose(chosen);
     });
   }
@@ -255,6 +255,14 @@ void SetUpChoice(wxChoice& list, ListKeys keys)
   list.Bind(wxEVT_MOUSEWHEEL, [](wxMouseEvent&) {});
   list.Bind(wxEVT_KEY_DOWN, [chooser](wxKeyEvent& event) { chooser->OnKeyDown(event); });
   list.Bind(wxEVT_CHAR, [chooser](wxKeyEvent& event) { chooser->OnChar(event); });
+}
+
+void CutItemsAtStart(wxChoice& list)
+{
+  GList* const cells = gtk_cell_layout_get_cells(GTK_CELL_LAYOUT(list.GetHandle()));
+  for (const GList* cell = cells; cell != nullptr; cell = cell->next)
+    g_object_set(cell->data, "ellipsize", PANGO_ELLIPSIZE_START, nullptr);
+  g_list_free(cells);
 }
 
 }  // namespace velquist::platform

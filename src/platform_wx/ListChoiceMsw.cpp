@@ -76,4 +76,9 @@ void SetUpChoice(wxChoice& list, ListKeys keys)
   if (keys == ListKeys::kOpen) OpenForKeys(list);
 }
 
+void CutItemsAtStart(wxChoice&)
+{
+  // They are always cut at their ends.
+}
+
 }  // namespace velquist::platform

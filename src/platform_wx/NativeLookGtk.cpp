@@ -33,7 +33,7 @@ constexpr char kTightStyle[] = R"css(
 .velquist-tight frame, .velquist-tight frame > border, .velquist-tight frame > label {
   padding: 0; margin: 0; min-width: 0; min-height: 0;
 }
-.velquist-tight frame > label { margin: 0 5px; padding: 0 3px; }
+.velquist-tight frame > label { padding: 0 3px; }
 .velquist-tight label { padding: 0; min-width: 0; min-height: 0; }
 )css";
 
@@ -87,6 +87,7 @@ class LabelledFrame final : public wxStaticBox {
       : wxStaticBox(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), 0, name)
   {
     ShowLabel(wxString());
+    g_signal_connect_after(m_widget, "size-allocate", G_CALLBACK(PlaceLabel), nullptr);
   }
 
   void SetLabel(const wxString& label) override
@@ -105,6 +106,21 @@ class LabelledFrame final : public wxStaticBox {
   {
     GtkWidget* const text = gtk_frame_get_label_widget(GTK_FRAME(m_widget));
     if (text != nullptr) gtk_widget_set_visible(text, label.empty() ? FALSE : TRUE);
+  }
+
+  /// A little from the corner. A margin would do so, too, but the border leaves it out with the
+  /// label, and the corner with it.
+  static void PlaceLabel(GtkWidget* frame, GtkAllocation* place, gpointer)
+  {
+    constexpr int kFromCorner = 6;
+    GtkWidget* const text = gtk_frame_get_label_widget(GTK_FRAME(frame));
+    if (text == nullptr || !gtk_widget_get_visible(text)) return;
+    int width = 0;
+    gtk_widget_get_preferred_width(text, nullptr, &width);
+    const int beside = place->width - width;
+    const float align =
+        beside > kFromCorner ? static_cast<float>(kFromCorner) / static_cast<float>(beside) : 0.0F;
+    gtk_frame_set_label_align(GTK_FRAME(frame), align, 0.5F);
   }
 };
 

@@ -82,7 +82,7 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
   int id = kFirstId;
   for (const auto& design : app::FormControlSettings()) {
     if (wxWindow* const made = MakeWindow(design, id, pictures)) {
-      Describe(*made, design, {}, {});
+      Describe(*made, design, {}, {}, {});
       keys_.Add(design, *made);
       const auto& control = design.In(window_.Form());
       if (&control == &window_.Form().Label4) file_label_ = made;

@@ -125,10 +125,13 @@ void ControlWidget::BringInLine(bool shown)
 
 void ControlWidget::Say(std::string more, const std::string& difference)
 {
-  if (more == said_ && difference == difference_) return;
+  const std::string whole =
+      Design().kind == ControlKind::kList && Design().ellipsis ? control_->text : std::string();
+  if (more == said_ && difference == difference_ && whole == whole_) return;
   said_ = std::move(more);
   difference_ = difference;
-  Describe(*window_, Design(), said_, difference_);
+  whole_ = whole;
+  Describe(*window_, Design(), said_, difference_, whole_);
 }
 
 void ControlWidget::TakeUserChange()
@@ -198,6 +201,7 @@ wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindo
           new wxChoice(parent, id, at, size, 0, nullptr, 0, wxDefaultValidator, name);
       platform::SetUpChoice(
           *list, design.opens_first ? platform::ListKeys::kOpen : platform::ListKeys::kChoose);
+      if (design.ellipsis) platform::CutItemsAtStart(*list);
       return list;
     }
     case ControlKind::kCheck: {
@@ -224,7 +228,7 @@ wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindo
 }
 
 void Describe(wxWindow& window, const app::ControlDesign& design, const std::string& more,
-              const std::string& difference)
+              const std::string& difference, const std::string& whole)
 {
   const auto join = [](wxString text, const char* between, const wxString& behind) {
     if (!text.empty() && !behind.empty()) text += between;
@@ -234,7 +238,7 @@ void Describe(wxWindow& window, const app::ControlDesign& design, const std::str
   const wxString changed = platform::FromText(difference);
   platform::SetSpoken(window, platform::FromText(design.spoken),
                       join(more.empty() ? tip : platform::FromText(more), ", ", changed));
-  const wxString shown = join(tip, "\n", changed);
+  const wxString shown = join(join(tip, "\n", changed), "\n", platform::FromText(whole));
   if (shown == window.GetToolTipText()) return;
   if (shown.empty())
     window.UnsetToolTip();

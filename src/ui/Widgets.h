@@ -48,6 +48,7 @@ class ControlWidget {
   app::Control last_;       ///< as last shown; an empty text, no items and no place at first
   std::string said_;        ///< beside its name
   std::string difference_;  ///< as last said
+  std::string whole_;       ///< the text that may be cut, as last shown in the tool tip
 };
 
 /// Makes the empty widget that the control's kind says: a button, label, list, check box, option
@@ -55,8 +56,9 @@ class ControlWidget {
 [[nodiscard]] wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent,
                                    wxWindowID id);
 
-/// What a screen reader and a tool tip say about the control, see ControlWidget::Say.
+/// What a screen reader and a tool tip say about the control, see ControlWidget::Say; the tool tip
+/// ends with `whole`, the text of a control that may cut it.
 void Describe(wxWindow& window, const app::ControlDesign& design, const std::string& more,
-              const std::string& difference);
+              const std::string& difference, const std::string& whole);
 
 }  // namespace velquist::ui

@@ -142,11 +142,12 @@ TEST(FormDesigner, NamesARowWithAFieldThatItsKindHasNot)
   EXPECT_EQ(label([](auto& row) { row.opens_first = true; }), "Label4: only a list opens first");
   EXPECT_EQ(label([](auto& row) { row.chart = &MainForm::chart; }),
             "Label4: a chart, and nothing else, has a recorder and a reading");
-  for (const auto alignment : {Alignment::kCentre, Alignment::kLeft})
-    EXPECT_EQ(
-        WhyRefused({VELQUIST_CONTROL(Combo2), .kind = kList, .place = kSomewhere, .event = Nothing,
-                    .alignment = alignment, .ellipsis = alignment == Alignment::kCentre}),
-        "Combo2: only a label has an alignment and an ellipsis");
+  EXPECT_EQ(WhyRefused({VELQUIST_CONTROL(Combo2), .kind = kList, .place = kSomewhere,
+                        .event = Nothing, .alignment = Alignment::kLeft}),
+            "Combo2: only a label has an alignment");
+  EXPECT_EQ(WhyRefused({VELQUIST_CONTROL(FineCheck), .kind = kCheck, .place = kSomewhere,
+                        .event = Nothing, .ellipsis = true}),
+            "FineCheck: only a label or a list has an ellipsis");
   EXPECT_EQ(WhyRefused({VELQUIST_CONTROL(GEMPic1), .kind = kPicture, .place = kSomewhere}),
             "GEMPic1: a picture box without a picture");
 }
