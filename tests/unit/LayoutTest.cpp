@@ -5,9 +5,7 @@
 #include <array>
 #include <cctype>
 #include <cmath>
-#include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "ScriptedEditor.h"
@@ -162,124 +160,6 @@ TEST_P(Layout, EveryTextFitsInBothUnitsAndBothStepModesForEveryModYear)
       ExpectTextsFit(FormOf(editor_));
     }
   }
-}
-
-using Rows = std::vector<const ControlDesign*>;
-
-/// The frames of the form and what stands in each.
-std::vector<std::pair<const ControlDesign*, Rows>> Frames()
-{
-  std::vector<std::pair<const ControlDesign*, Rows>> frames;
-  for (const auto& design : FormControlSettings()) {
-    if (design.kind == ControlKind::kFrame) frames.push_back({&design, {}});
-    const auto around = std::ranges::find_if(frames, [&](const auto& frame) {
-      return frame.first->name == design.frame && frame.first->index == design.frame_index;
-    });
-    if (around != frames.end()) around->second.push_back(&design);
-  }
-  return frames;
-}
-
-int Right(const Place& place)
-{
-  return place.left + place.width;
-}
-
-int Bottom(const Place& place)
-{
-  return place.top + place.height;
-}
-
-TEST(FormControlSettings, HasOneMarginWithinAllFramesAndBetweenThem)
-{
-  constexpr int kMargin = 8;
-  const auto frames = Frames();
-  ASSERT_EQ(frames.size(), 10U);
-  for (const auto& [frame, rows] : frames) {
-    SCOPED_TRACE(std::string(frame->name) + std::to_string(frame->index));
-    int left = Right(frame->place);
-    int right = 0;
-    int bottom = 0;
-    for (const auto* const row : rows) {
-      left = std::min(left, row->place.left);
-      right = std::max(right, Right(row->place));
-      bottom = std::max(bottom, Bottom(row->place));
-    }
-    EXPECT_EQ(left, frame->place.left + kMargin);
-    EXPECT_EQ(right, Right(frame->place) - kMargin);
-    EXPECT_EQ(bottom, Bottom(frame->place) - kMargin);
-    EXPECT_TRUE(frame->place.left == kMargin || std::ranges::any_of(frames, [&](const auto& other) {
-                  return Right(other.first->place) + kMargin == frame->place.left;
-                }));
-  }
-}
-
-TEST(FormControlSettings, WritesNoTitleAndNoFileNameSmallerThanTheCaptions)
-{
-  int smallest = 100;
-  for (const auto& design : FormControlSettings())
-    if (design.kind == ControlKind::kLabel && !design.caption.empty())
-      smallest = std::min(smallest, design.font_size);
-  EXPECT_EQ(smallest, kUsualLetters);
-  for (const auto& design : FormControlSettings())
-    if (design.kind == ControlKind::kFrame || design.name == "Label4") {
-      EXPECT_GE(design.font_size, smallest) << design.name << design.index;
-    }
-}
-
-TEST(FormControlSettings, PutsTheValuesOfBothAxlesInThreeColumns)
-{
-  for (const char* const array : {"CmdDec", "Label1", "CmdInc"}) {
-    std::set<int> lefts;
-    for (const auto& design : FormControlSettings())
-      if (design.name == array && (design.frame_index == 1 || design.frame_index == 2))
-        lefts.insert(design.place.left);
-    EXPECT_EQ(lefts.size(), 3U) << array;
-  }
-}
-
-TEST(FormControlSettings, MakesAllStepButtonsOfTheRowWithTheWingsAlike)
-{
-  std::set<int> widths;
-  for (const auto& design : FormControlSettings())
-    if (design.shape == Shape::kStepButton && (design.frame == "Wings" || design.frame_index == 3))
-      widths.insert(design.place.width);
-  ASSERT_EQ(widths.size(), 1U);
-  EXPECT_GE(*widths.begin(), 30);
-}
-
-/// Shown ones of the frame that `control` stands in stand before it, in the row or above it.
-void ExpectLast(const MainForm& form, const Control& control)
-{
-  for (const Control* other : PlacedControls(form)) {
-    if (!form.IsShown(*other) || other->design->frame != control.design->frame ||
-        other->design->frame_index != control.design->frame_index ||
-        (other->design->kind == ControlKind::kFrame) !=
-            (control.design->kind == ControlKind::kFrame))
-      continue;
-    EXPECT_TRUE(Right(other->place) <= control.place.left ||
-                Bottom(other->place) <= control.place.top)
-        << NameOf(*other) << " behind " << NameOf(control);
-  }
-}
-
-TEST(FormControlSettings, PutsLastWhatSomeModYearsHide)
-{
-  testing::ScriptedEditor editor;
-  editor.StartWithGame();
-  int hidden = 0;
-  for (const char* const year : {"1967", "GT"}) {
-    editor.Play(std::string("select Combo2 \"") + year + "\"\n");
-    const auto& form = FormOf(editor);
-    for (const Control* control : PlacedControls(form)) {
-      // Gears that the car does not have stand behind its last one.
-      if (control->shown || (control->design->index >= 42 && control->design->index <= 47))
-        continue;
-      ++hidden;
-      ExpectLast(form, *control);
-    }
-  }
-  EXPECT_EQ(hidden, 5);  // the wings twice, the formula and its caption, a box
 }
 
 INSTANTIATE_TEST_SUITE_P(Screens, Layout, ::testing::ValuesIn(kScreens), [](const auto& screen) {
