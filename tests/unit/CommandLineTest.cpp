@@ -62,6 +62,20 @@ TEST(CommandLineWords, HoldTheProgramDirectoryAtTheBeginningAlone)
   EXPECT_EQ(line.text, "/GPL/a.lo1 --program-directory=/opt");
 }
 
+#ifndef _WIN32
+TEST(CommandLineWords, AreThoseBehindTheProgramsName)
+{
+  char program[] = "velquist";
+  char option[] = "--program-directory=/v";
+  char path[] = "/GPL/a.lo1";
+  char* words[] = {program, option, path, nullptr};
+  const auto line = ReadCommandLine(3, words);
+  EXPECT_EQ(line.program_directory, "/v");
+  EXPECT_EQ(line.text, "/GPL/a.lo1");
+  EXPECT_EQ(ReadCommandLine(1, words).text, "");
+}
+#endif
+
 TEST(CommandLineText, IsThePathWithOrWithoutQuotes)
 {
   EXPECT_EQ(FromWholeText("").text, "");

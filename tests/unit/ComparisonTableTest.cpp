@@ -167,6 +167,8 @@ TEST_F(Comparison, IsATableOfHtml)
   // One line names the frame of both.
   const auto heading = html.find(">Front</th>");
   EXPECT_NE(heading, std::string::npos);
+  EXPECT_LT(heading, html.find("Left front wheel rate"));
+  EXPECT_LT(heading, html.find("Left front tire pressure"));
   EXPECT_EQ(html.find(">Front</th>", heading + 1), std::string::npos);
   EXPECT_EQ(html.find("<img"), std::string::npos);
 }

@@ -159,6 +159,60 @@ TEST(GearingChart, GearsWithoutRatioAreLeftOut)
   }
 }
 
+TEST(GearingChart, TheThrustAxisIsMadeForWhatTheEngineReaches)
+{
+  const auto axis_of = [](const GearingPicture& picture) {
+    std::vector<std::string> labels;
+    const auto surface = Drawn(DrawThrust, picture);
+    for (const auto& drawn : surface.Drawn())
+      if (drawn.kind == Primitive::Kind::kText && drawn.x2 <= GearingBox(800, 400).left)
+        labels.push_back(drawn.text);
+    return labels;
+  };
+  auto picture = Picture();
+  const auto expected = axis_of(picture);
+  ASSERT_FALSE(expected.empty());
+  for (std::size_t i = 0; i < picture.curve.rpm.size(); ++i)
+    if (picture.curve.rpm[i] < 1000 || picture.curve.rpm[i] > 9200) picture.curve.torque[i] = 900;
+  EXPECT_EQ(axis_of(picture), expected);
+  for (std::size_t i = 0; i < picture.curve.rpm.size(); ++i)
+    picture.curve.torque[i] = picture.curve.rpm[i] < 1000 ? 900.0F : 0.0F;
+  EXPECT_NE(axis_of(picture), expected);
+}
+
+TEST(GearingChart, TheAxisOfEngineSpeedsHasAThousandADivisionUpTo15000)
+{
+  const auto has_thousand = [](int maximum_rpm) {
+    auto picture = Picture();
+    picture.gearing.maximum_rpm = maximum_rpm;
+    return HasText(Drawn(DrawSawTooth, picture, 1900, 950), "1000");
+  };
+  EXPECT_TRUE(has_thousand(14000));
+  EXPECT_FALSE(has_thousand(14001));
+}
+
+TEST(GearingChart, WhatAShiftComesToStandsClearOfItsTooth)
+{
+  const auto picture = Picture();
+  const auto surface = Drawn(DrawSawTooth, picture);
+  const double letters = GearingLetters(800, 400);
+  int labels = 0;
+  for (const auto& gear : picture.gearing.gears) {
+    if (!gear.shift) continue;
+    for (const auto& text : surface.Drawn()) {
+      if (text.kind != Primitive::Kind::kText || text.text != std::to_string(gear.shift->after))
+        continue;
+      for (const auto& line : surface.Drawn())
+        if (line.kind == Primitive::Kind::kLine && line.x1 == line.x2 && line.width > 1 &&
+            line.x1 < text.x1 && text.x1 - line.x1 < 3 * letters) {
+          ++labels;
+          EXPECT_GE(text.x1 - line.x1 - line.width / 2, 0.3 * letters) << text.text;
+        }
+    }
+  }
+  EXPECT_GT(labels, 0);
+}
+
 TEST(GearingChart, LettersGrowWithThePictureAndNothingLeavesIt)
 {
   auto picture = Picture({2.9F, 2.2F, 1.8F, 1.5F, 1.3F, 1.1F});

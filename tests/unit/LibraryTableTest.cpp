@@ -7,10 +7,14 @@
 #include <array>
 #include <memory>
 #include <random>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "app/FormControlSettings.h"
+#include "app/LibraryValues.h"
+#include "edit/Drivetrain.h"
 #include "platform/LetterCase.h"
 
 namespace velquist::app {
@@ -182,6 +186,32 @@ TEST(LibraryTable, SortsAndNarrowsByValues)
   EXPECT_EQ(table.Count(), 0U);  // the values are missing
 }
 
+TEST(LibraryTable, PutsRowsWhoseValuesAreNotReadYetLast)
+{
+  auto table = TableOf(Some());
+  table.SetValueSlots({30});
+  table.SetValues(1, {{"2", 2.0}});
+  table.SetValues(2, {{"1", 1.0}});
+  table.SortBy({kFirstValueColumn + 30, false});
+  EXPECT_EQ(Column(table, kFirstValueColumn + 30), (Texts{"1", "2", "", ""}));
+}
+
+TEST(LibraryTable, KeepsItsOrderWhenOtherValuesAreWanted)
+{
+  auto table = TableOf(Some());
+  table.SetValueSlots({30, 4});
+  table.SortBy({kFileColumn, true});
+  const auto sorted = Column(table, kFileColumn);
+  table.SetValueSlots({4});
+  ASSERT_TRUE(table.SortedBy());
+  EXPECT_EQ(table.SortedBy()->column, kFileColumn);
+  EXPECT_EQ(Column(table, kFileColumn), sorted);
+  table.SortBy({kFirstValueColumn + 4, false});
+  table.SetValueSlots({30, 4});
+  ASSERT_TRUE(table.SortedBy());
+  EXPECT_EQ(table.SortedBy()->column, kFirstValueColumn + 4);
+}
+
 TEST(LibraryTable, KeepsValuesOfRowsThatStay)
 {
   const auto first = RowOf({.path = "a.lo1"});
@@ -194,6 +224,18 @@ TEST(LibraryTable, KeepsValuesOfRowsThatStay)
   table.SetRows({RowOf({.path = "0.lo1"}), second});
   EXPECT_EQ(table.NextWithoutValues(), 0U);
   EXPECT_EQ(table.Cell(1, kFirstValueColumn + 30), "2");
+}
+
+TEST(LibraryTable, OffersEveryValueThatTheWindowShows)
+{
+  std::set<int> shown;
+  for (const auto& design : FormControlSettings()) {
+    if (design.name == "Label1") shown.insert(design.index);
+    if (design.name == "Combo1") shown.insert(edit::SlotOfList(design.index));
+  }
+  const auto slots = LibrarySlots();
+  EXPECT_EQ(std::set<int>(slots.begin(), slots.end()), shown);
+  EXPECT_EQ(slots.size(), shown.size());
 }
 
 TEST(LibraryTable, FindsALineByItsPath)

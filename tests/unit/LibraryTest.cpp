@@ -296,6 +296,8 @@ TEST_F(LibraryTest, PreviewsADifferenceThatFollowsEdits)
   library.Finish();
   LibraryPreviews previews(editor.Window());
   EXPECT_TRUE(previews.Of(nullptr).rows.empty());
+  EXPECT_EQ(previews.Of(nullptr).text,
+            "Choose a setup to see what differs from the one being edited");
   const auto row = library.Table().SharedAt(0);
   EXPECT_EQ(previews.Of(row).text, "Nothing differs from a.lo1");
   editor.Play("click CmdInc(30)\n");

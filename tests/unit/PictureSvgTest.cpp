@@ -44,6 +44,14 @@ TEST(PictureSvg, IsAnElementOfAPage)
   EXPECT_EQ(SvgElement(picture, "").find("<polyline"), std::string::npos) << "all is dropped";
 }
 
+TEST(PictureSvg, HasNoSignBeforeNothing)
+{
+  PictureRecorder picture;
+  picture.Resize(100, 50);
+  picture.Line(-0.001, 0, 10, 20, {0, 0, 128}, 1, platform::LineStyle::kSolid);
+  EXPECT_NE(SvgElement(picture, "").find("points=\"0,0 10,20\""), std::string::npos);
+}
+
 TEST(PictureSvg, HoldsWhatWasDrawn)
 {
   PictureRecorder surface;
@@ -60,8 +68,9 @@ TEST(PictureSvg, HoldsWhatWasDrawn)
   for (const char* const part :
        {"width=\"200\" height=\"100\"", "<title>Thrust &amp; speed</title>",
         "points=\"1,2 3.5,4 5,6\"", "stroke-width=\"2\"", "stroke-dasharray",
-        "x=\"10\" y=\"20\" width=\"20\" height=\"30\" fill=\"rgb(1,2,3)\"", "x=\"7\" y=\"8\"",
-        "y=\"14.05\" font-size=\"10\"", ">a &lt; b &amp; &quot;c&quot;</text>", "</svg>"})
+        "x=\"10\" y=\"20\" width=\"20\" height=\"30\" fill=\"rgb(1,2,3)\"",
+        "x=\"7\" y=\"8\" width=\"1\" height=\"1\" fill", "y=\"14.05\" font-size=\"10\"",
+        ">a &lt; b &amp; &quot;c&quot;</text>", "</svg>"})
     EXPECT_NE(svg.find(part), std::string::npos) << part << "\n" << svg;
 }
 

@@ -56,6 +56,10 @@ TEST(SetupSheet, HasEveryPart)
                            "Track monza, player Jim", "Front wheels", "Rear wheels", "Axles",
                            "Differential", "Gears", "km/h at 8700 rpm"})
     EXPECT_NE(page.find(part), std::string::npos) << part;
+  // 2.5 is 36.36 % above 33/18, and times 37/11 it is 8.409.
+  EXPECT_NE(page.find("<td>35/14</td><td>2.500</td><td>8.41</td><td>133.7</td><td>36.4 %</td>"),
+            std::string::npos)
+      << page;
   EXPECT_EQ(Count(page, "<svg "), 2U);
   EXPECT_EQ(page.find("Differences"), std::string::npos);
   EXPECT_NE(SetupSheet(car, subject, nullptr, edit::kEnglish).find("mph at"), std::string::npos);

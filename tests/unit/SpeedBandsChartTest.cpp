@@ -213,6 +213,22 @@ TEST(SpeedBandsChart, TheLegendNamesBothBandsAndNeverCoversAGear)
   }
 }
 
+TEST(SpeedBandsChart, NoLineOfTheGridRunsThroughTheLegend)
+{
+  const auto picture = Drawn(Bands());
+  const auto texts = Having(picture, Primitive::Kind::kText);
+  const auto grounds = Having(picture, Primitive::Kind::kBox, {255, 255, 255});
+  for (const char* const name : {"Torque", "Horsepower", "Max RPM", "Max Speed"}) {
+    const auto text = std::ranges::find(texts, name, &Primitive::text);
+    ASSERT_NE(text, texts.end()) << name;
+    const auto area = testing::Covered(*text);
+    EXPECT_TRUE(std::ranges::any_of(grounds, [&](const Primitive& ground) {
+      return ground.fill == ground.colour && ground.x1 <= area.left && ground.y1 <= area.top &&
+             ground.x2 >= area.right && ground.y2 >= area.bottom;
+    })) << name;
+  }
+}
+
 TEST(SpeedBandsChart, TextsNeverTouchAndLieWithinThePictureAtEverySize)
 {
   for (const auto& size : testing::kPictureSizes) {

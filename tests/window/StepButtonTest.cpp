@@ -128,6 +128,23 @@ TEST_F(StepButtons, AHeldStepButtonIsUndoneAtOnce)
   EXPECT_EQ(editor.Window().Car().UndoText(), "");
 }
 
+TEST_F(StepButtons, AHeldStepButtonIsPressedNoMoreOnceTheLimitIsReached)
+{
+  Start();
+  int presses = 0;
+  Widget("CmdDec(4)")->Bind(wxEVT_BUTTON, [&](wxCommandEvent& event) {
+    ++presses;
+    event.Skip();
+  });
+  Press("CmdDec(4)");
+  EXPECT_TRUE(WaitUntil([&] { return Value(4) <= 40; }, 30000));
+  LetTimePass(300);
+  const int needed = presses;
+  LetTimePass(300);
+  EXPECT_EQ(presses, needed);
+  Release();
+}
+
 TEST_F(StepButtons, AHeldStepButtonGoesOnInFineStepsAsFarAsTheLimit)
 {
   Start();
