@@ -1,20 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cmath>
 #include <cstdint>
+#include <filesystem>
 #include <limits>
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
+#include "TemporaryFolder.h"
 #include "cli/Commands.h"
 #include "cli/Json.h"
 #include "cli/TextTable.h"
 #include "export/Values.h"
 #include "platform/SystemFiles.h"
 #include "runner/SourceDirectory.h"
+#include "setup/SlotTable.h"
 
 namespace velquist::cli {
 namespace {
@@ -119,6 +124,65 @@ TEST(CliList, EndsWhenTheUserWantsIt)
   EXPECT_EQ(ran.status, kTrouble);
   EXPECT_EQ(ran.out, "[]\n");
   EXPECT_EQ(ran.err, "velquist-cli: interrupted\n");
+}
+
+TEST(CliCheck, NamesEachProblemAndCountsThem)
+{
+  const samples::TemporaryFolder folder;
+  samples::WriteFile(folder / "bad.lo1", "no setup");
+  const auto bad = folder.Text() + "/bad.lo1";
+  const auto good = Path("examples/GPL/Players/okoro__linde/Setups/rouen/junior.bb3");
+  const auto one = RunWith({"check", bad});
+  EXPECT_EQ(one.status, kFound) << one.err;
+  EXPECT_TRUE(one.out.starts_with(bad + ": not-a-setup: ")) << one.out;
+  EXPECT_TRUE(one.out.ends_with("\n1 setup, 1 with problems, 1 problem\n")) << one.out;
+  const auto two = RunWith({"check", bad, good});
+  EXPECT_TRUE(two.out.ends_with("\n2 setups, 1 with problems, 1 problem\n")) << two.out;
+  const auto none = RunWith({"check", good});
+  EXPECT_EQ(none.status, kDone);
+  EXPECT_EQ(none.out, "");
+}
+
+TEST(CliCheck, ShowsHowFarItIsWhereSomebodyLooks)
+{
+  const auto some = Path("examples/GPL/Players/okoro__linde/Setups/rouen/junior.bb3");
+  std::ostringstream out;
+  std::ostringstream err;
+  const auto slowly = [] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(110));
+    return false;
+  };
+  EXPECT_EQ(
+      cli::Run({"check", some, some}, {.out = out,
+                                       .err = err,
+                                       .shows_progress = true,
+                                       .interrupted = slowly,
+                                       .program_directory = [] { return Path("assets/program"); }}),
+      kDone);
+  EXPECT_TRUE(err.str().starts_with("\r1 setups\r")) << err.str();
+  EXPECT_TRUE(err.str().ends_with(" \r")) << "the line is cleared in the end";
+}
+
+TEST(CliConvert, SaysWhatIsMissing)
+{
+  const samples::TemporaryFolder folder;
+  const auto told = [&](const std::string& bytes) {
+    samples::WriteFile(folder / "a.bb3", bytes);
+    const auto ran = RunWith({"convert", "--long", "--year", "1967", folder.Text() + "/a.bb3",
+                              "--to", folder.Text() + "/new.bb3"});
+    EXPECT_EQ(ran.status, kTrouble);
+    EXPECT_EQ(ran.out, "");
+    EXPECT_EQ(folder.Names(), std::vector<std::string>{"a.bb3"});
+    return ran.err;
+  };
+  const auto begin = "velquist-cli: " + folder.Text() + "/a.bb3: ";
+  auto bytes = samples::ContentOf(velquist::testing::SourceDirectory() /
+                                  "examples/GPL/Players/okoro__linde/Setups/rouen/junior.bb3");
+  EXPECT_EQ(told(bytes + "more"), begin + "It is in neither layout: it has 268 bytes\n");
+  bytes.at(static_cast<std::size_t>(setup::SlotOffset.at(setup::kClutches))) = '\x7F';
+  EXPECT_EQ(told(bytes), begin +
+                             "Final drive, an angle or the clutches are outside the limits of "
+                             "1967\n");
 }
 
 TEST(CliWords, ThatAreWrongAreTold)
