@@ -32,6 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto loaded = loader.Load("/x.jpg");
   Require(loaded.width == 0 || loaded.width == shown.width, "as the header says, or not at all");
   const auto picture = loader.Picture("/x.jpg", wxSize(64, 64));
-  Require(picture.IsOk() == (loaded.width > 0), "what was loaded can be shown");
+  // Not the other way round: on a busy machine the time for it may be up.
+  Require(!picture.IsOk() || loaded.width > 0, "only what can be loaded is shown");
   return 0;
 }
