@@ -166,6 +166,7 @@ TEST(Desktop, HasEveryWindowWithinItAndInItsMiddle)
   };
   window->SetSize(desktop.GetSize() + wxSize(100, 100));
   ui::FitToDesktop(*window, std::nullopt);
+  EXPECT_EQ(window->GetSize(), desktop.GetSize()) << "the window manager has no part in it yet";
   window->Show();
   comes_to(desktop);
 
