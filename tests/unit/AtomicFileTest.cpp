@@ -42,7 +42,7 @@ TEST_F(AtomicWrite, DoesNotUseATemporaryNameThatIsTaken)
 
 TEST_F(AtomicWrite, KeepsThePermissionsOfTheOldFile)
 {
-  for (const mode_t mode : {0600U, 0640U, 0644U, 0664U, 0666U, 0755U, 0200U}) {
+  for (const mode_t mode : {0600U, 0640U, 0644U, 0664U, 0666U, 0755U, 0200U, 04755U, 02755U}) {
     ASSERT_EQ(::chmod(target.c_str(), mode), 0);
     EXPECT_EQ(Save(target, "new"), "no error");
     EXPECT_EQ(ModeOf(target), mode);

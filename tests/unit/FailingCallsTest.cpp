@@ -15,6 +15,7 @@
 #include "TemporaryFolder.h"
 #include "platform/AtomicFile.h"
 #include "platform/Errors.h"
+#include "platform/FileHead.h"
 #include "platform/FileReason.h"
 #include "platform/SystemFiles.h"
 
@@ -214,6 +215,44 @@ TEST(SystemCallsOfReading, TellWhyAFileCannotBeRead)
       calls.error = error;
       EXPECT_EQ(platform::ReadFile(file, bytes), ReasonWhy(name, error)) << name;
     }
+  }
+}
+
+TEST(SystemCallsOfReading, TellOfAFileThatEndsBeforeItsLength)
+{
+  const TemporaryFolder folder;
+  const auto file = folder / "a.lo1";
+  WriteFile(file, "some bytes");
+  SystemCalls calls;
+  calls.at_once = 0;  // as if another program had cut it short meanwhile
+  std::vector<std::byte> bytes;
+  errno = 0;
+  EXPECT_EQ(platform::ReadFile(file, bytes), std::make_error_code(std::errc::io_error));
+  platform::FileHead head;
+  EXPECT_FALSE(platform::ReadHead(file, 100, head));
+  EXPECT_TRUE(head.bytes.empty());
+  EXPECT_EQ(head.stamp.size, 10U);
+}
+
+TEST(SystemCallsOfReading, ReadAHeadOnWhereFewBytesComeAtATimeOrASignalBreaksOff)
+{
+  const TemporaryFolder folder;
+  const auto file = folder / "a.lo1";
+  WriteFile(file, "some bytes");
+  SystemCalls calls;
+  calls.at_once = 3;
+  platform::FileHead head;
+  EXPECT_FALSE(platform::ReadHead(file, 8, head));
+  EXPECT_EQ(AsText(head.bytes), "some byt");
+  for (const auto* name : {"open to read", "read"}) {
+    calls.failing_name = name;
+    calls.failing_times = 2;
+    calls.error = EINTR;
+    EXPECT_FALSE(platform::ReadHead(file, 100, head)) << name;
+    EXPECT_EQ(AsText(head.bytes), "some bytes");
+    calls.failing_times = 1;
+    calls.error = EIO;
+    EXPECT_EQ(platform::ReadHead(file, 100, head), ReasonWhy(name, EIO)) << name;
   }
 }
 
