@@ -67,7 +67,7 @@ class Stage:
     kind: str  # "unit", "scenarios" or "script"
     command: list
     chosen: list  # filters of suites, or paths
-    seconds: int
+    seconds: int  # of the processor, more than it can need
     left_out: list = ()
 
     def command_of(self, only):
@@ -117,25 +117,25 @@ def of(file, front_end, whole):
     unit = lambda name, filters, seconds: Stage(name, UNIT, "unit", [PROGRAM], filters, seconds)
     if not front_end:
         near = suites_of(re.sub("Posix$", "", stem))
-        found = [unit("the tests of its name", near, 300)] if near else []
-        found.append(scenarios("scenarios", [""], False, 120))
-        found.append(Stage("unit tests", UNIT, "unit", [PROGRAM], ["*"], 300, SLOW))
-        found.append(unit("long unit tests", SLOW, 900))
+        found = [unit("the tests of its name", near, 45)] if near else []
+        found.append(scenarios("scenarios", [""], False, 20))
+        found.append(Stage("unit tests", UNIT, "unit", [PROGRAM], ["*"], 45, SLOW))
+        found.append(unit("long unit tests", SLOW, 90))
         if file.split("/")[1] in ("cli", "library", "export"):
-            found += [Stage(name, "src/cli/velquist-cli", "script", [f"tests/scripts/{name}-test", PROGRAM], [], 300)
+            found += [Stage(name, "src/cli/velquist-cli", "script", [f"tests/scripts/{name}-test", PROGRAM], [], 60)
                       for name in ("cli", "cli-use")]
         return found
     filters, paths = FRONT_END.get(stem, ("", []))
-    found = [window("the tests of its name", [filters], 900)] if filters else []
+    found = [window("the tests of its name", [filters], 60)] if filters else []
     if paths:
-        found.append(scenarios("its scenarios", paths, True, 600))
+        found.append(scenarios("its scenarios", paths, True, 60))
     if stem == "Program":
         found.append(Stage("program tests", "tests/window/velquist_program_tests", "unit",
-                           [*DISPLAY, "1280x1024", PROGRAM], ["*"], 300))
+                           [*DISPLAY, "1280x1024", PROGRAM], ["*"], 20))
     if whole or not found:
-        found.append(scenarios("scenarios", [""], True, 1200))
-        found.append(window("window tests", ["*"], 1800))
+        found.append(scenarios("scenarios", [""], True, 150))
+        found.append(window("window tests", ["*"], 180))
         found += [Stage(name, "src/velquist", "script",
-                        [*DISPLAY, "1280x1024", f"tests/window/{name}-test", PROGRAM], [], 600)
+                        [*DISPLAY, "1280x1024", f"tests/window/{name}-test", PROGRAM], [], 60)
                   for name in ("keyboard", "screen-reader", "walk")]
     return found
