@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <glib.h>
 #include <wx/app.h>
 #include <wx/frame.h>
 #include <wx/menu.h>
@@ -54,9 +55,18 @@ class Program final : public wxApp {
   Make make_;
 };
 
+/// The places are narrower than the theme would have some controls, which nobody is told here.
+inline void BeQuiet()
+{
+  g_log_set_writer_func(
+      [](GLogLevelFlags, const GLogField*, gsize, gpointer) { return G_LOG_WRITER_HANDLED; },
+      nullptr, nullptr);
+}
+
 template <class Make>
 int Run(int argc, char** argv, Make make)
 {
+  BeQuiet();
   wxApp::SetInstance(new Program(make));
   return wxEntry(argc, argv);
 }

@@ -11,6 +11,10 @@
 /// What the toolkit leaves to each system. One implementation a system.
 namespace velquist::platform {
 
+/// The face that the system has in place of `face`. It looks for what stands in for a face anew for
+/// each size of it, and not for one that it has.
+[[nodiscard]] wxString LetterFace(const wxString& face);
+
 /// A font whose letters are `pixels` high: the size of its em, not of a line.
 [[nodiscard]] wxFont LetterFont(const wxString& face, int pixels);
 

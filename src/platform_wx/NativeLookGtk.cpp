@@ -2,6 +2,7 @@
 #include <gdk/gdkx.h>
 #include <gtk/gtk.h>
 
+#include <algorithm>
 #include <map>
 #include <string>
 
@@ -56,29 +57,38 @@ void LoadTightStyleOnce()
   (void)kLoaded;
 }
 
-/// What the toolkit would put into a style sheet of the control's own: points are whole ones.
-std::string LettersStyle(const wxFont& font, const wxColour& colour)
+/// What the toolkit would put into a style sheet of a control's own.
+std::string LettersStyle(const wxFont& font, int points, const wxColour& colour)
 {
   std::string style = "{font:" + std::to_string(font.GetNumericWeight()) + " " +
-                      std::to_string(static_cast<int>(font.GetFractionalPointSize())) + "pt \"" +
+                      std::to_string(points) + "pt \"" +
                       std::string(font.GetFaceName().utf8_str()) + "\";";
   if (colour.IsOk()) style += "color:" + std::string(colour.GetAsString().utf8_str()) + ";";
   return style + "}";
 }
 
-/// The class of all controls with that style. A style sheet for each control would make the system
-/// work out each one's look by itself.
-const std::string& LettersClass(const std::string& style)
+/// The class of all controls with such letters. A style sheet for each control would make the
+/// system work out each one's look by itself.
+const std::string& LettersClass(const wxFont& font, const wxColour& colour)
 {
-  static std::map<std::string, std::string> classes;
-  auto& name = classes[style];
-  if (!name.empty()) return name;
-  name = "velquist-letters-" + std::to_string(classes.size());
   // Before what the toolkit says of a control when it gives it a text.
   constexpr guint kPriority = GTK_STYLE_PROVIDER_PRIORITY_APPLICATION + 1;
-  LoadStyle(("." + name + ",." + name + " label,." + name + " cellview" + style).c_str(),
-            kPriority);
-  return name;
+  constexpr int kUsualPoints = 40;
+  static std::map<std::string, std::string> classes;                   // by style
+  const int points = static_cast<int>(font.GetFractionalPointSize());  // as the toolkit rounds them
+  const auto style = LettersStyle(font, points, colour);
+  if (const auto known = classes.find(style); known != classes.end()) return known->second;
+  // All sizes at once, since the system looks at every widget anew for each sheet.
+  std::string sheet;
+  for (int each = 1; each <= std::max(points, kUsualPoints); ++each) {
+    const auto its = LettersStyle(font, each, colour);
+    auto& name = classes[its];
+    if (!name.empty()) continue;
+    name = "velquist-letters-" + std::to_string(classes.size());
+    sheet.append("." + name + ",." + name + " label,." + name + " cellview").append(its);
+  }
+  LoadStyle(sheet.c_str(), kPriority);
+  return classes.at(style);
 }
 
 class LabelledFrame final : public wxStaticBox {
@@ -126,6 +136,24 @@ class LabelledFrame final : public wxStaticBox {
 
 }  // namespace
 
+wxString LetterFace(const wxString& face)
+{
+  PangoFontMap* const fonts = pango_cairo_font_map_get_default();
+  PangoContext* const context = pango_font_map_create_context(fonts);
+  PangoFontDescription* const wanted = pango_font_description_from_string(face.utf8_str());
+  PangoFont* const found = pango_font_map_load_font(fonts, context, wanted);
+  wxString name = face;
+  if (found != nullptr) {
+    PangoFontDescription* const described = pango_font_describe(found);
+    name = wxString::FromUTF8(pango_font_description_get_family(described));
+    pango_font_description_free(described);
+    g_object_unref(found);
+  }
+  pango_font_description_free(wanted);
+  g_object_unref(context);
+  return name;
+}
+
 wxFont LetterFont(const wxString& face, int pixels)
 {
   // The toolkit's own sizes in pixels are those of a line.
@@ -139,12 +167,14 @@ wxFont LetterFont(const wxString& face, int pixels)
 void SetLetters(wxWindow& control, const wxFont& font, const wxColour& colour)
 {
   constexpr char kClass[] = "velquist-letters";
-  const auto& name = LettersClass(LettersStyle(font, colour));
-  control.wxWindowBase::SetFont(font);
-  control.wxWindowBase::SetForegroundColour(colour);
+  const auto& name = LettersClass(font, colour);
   auto* const widget = G_OBJECT(control.GetHandle());
   const auto* const before = static_cast<const char*>(g_object_get_data(widget, kClass));
-  if (before == name.c_str()) return;
+  if (before == name.c_str() &&
+      control.GetFont().GetFractionalPointSize() == font.GetFractionalPointSize())
+    return;
+  control.wxWindowBase::SetFont(font);
+  control.wxWindowBase::SetForegroundColour(colour);
   GtkStyleContext* const context = gtk_widget_get_style_context(control.GetHandle());
   if (before != nullptr) gtk_style_context_remove_class(context, before);
   gtk_style_context_add_class(context, name.c_str());

@@ -39,6 +39,11 @@ class Spoken final : public wxAccessible {
 
 }  // namespace
 
+wxString LetterFace(const wxString& face)
+{
+  return face;
+}
+
 wxFont LetterFont(const wxString& face, int pixels)
 {
   return wxFont(wxFontInfo(wxSize(0, pixels)).FaceName(face));

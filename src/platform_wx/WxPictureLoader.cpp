@@ -79,6 +79,11 @@ PictureLoader::Size WxPictureLoader::Load(std::string_view path)
   return decoded.picture.IsOk() ? decoded.size : Size{};
 }
 
+void WxPictureLoader::Expect(wxSize box)
+{
+  box_ = box;
+}
+
 wxImage WxPictureLoader::Picture(std::string_view path, wxSize box)
 {
   box_ = box;

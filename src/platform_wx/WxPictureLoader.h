@@ -19,6 +19,9 @@ class WxPictureLoader final : public PictureLoader {
  public:
   WxPictureLoader(const FileSystem& files, const Resources& resources);
 
+  /// What Load decodes shall fill a box of that size in pixels.
+  void Expect(wxSize box);
+
   [[nodiscard]] Size Load(std::string_view path) override;
 
   /// The picture at `path`; the built-in one when `path` is empty or cannot be shown. It may be

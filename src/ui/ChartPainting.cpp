@@ -12,13 +12,12 @@
 #include <vector>
 
 #include "platform_wx/WxText.h"
+#include "ui/Widgets.h"
 
 namespace velquist::ui {
 namespace {
 
 using charts::Primitive;
-
-constexpr char kFace[] = "Arial";
 
 wxColour ToWx(const platform::Colour& colour)
 {
@@ -33,7 +32,8 @@ class LetterFonts {
   const wxFont& Of(double letter_height)
   {
     auto& font = fonts_[letter_height];
-    if (!font.IsOk()) font = wxFont(wxFontInfo(letter_height / PixelsPerPoint()).FaceName(kFace));
+    if (!font.IsOk())
+      font = wxFont(wxFontInfo(letter_height / PixelsPerPoint()).FaceName(LetterFace()));
     return font;
   }
 
@@ -44,7 +44,7 @@ class LetterFonts {
     constexpr double kPoints = 100;
     constexpr double kDigitWidth = 0.5562;  // of the letter height
     const wxString digits("0000000000");
-    dc_.SetFont(wxFont(wxFontInfo(kPoints).FaceName(kFace)));
+    dc_.SetFont(wxFont(wxFontInfo(kPoints).FaceName(LetterFace())));
     const double measured = dc_.GetTextExtent(digits).x;
     pixels_per_point_ = measured / (static_cast<double>(digits.length()) * kDigitWidth * kPoints);
     return pixels_per_point_;

@@ -112,7 +112,7 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id,
   const wxString name = WindowName(design);
   switch (design.shape) {
     case Shape::kStepButton:
-      return new StepButton(panel_, id, name,
+      return new StepButton(panel_, id, LabelText(design.In(form)), name,
                             [this, slot = design.index] { return window_.Car().Value(slot); });
     case Shape::kChart:
       return charts_.emplace_back(new ChartBox(
@@ -124,7 +124,7 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id,
     case Shape::kNone: return nullptr;
     case Shape::kOfKind: break;
   }
-  return design.kind == ControlKind::kMenu ? nullptr : MakeWidget(design, panel_, id);
+  return design.kind == ControlKind::kMenu ? nullptr : MakeWidget(design.In(form), panel_, id);
 }
 
 void FrmMain::LinkMnemonics()
@@ -225,6 +225,7 @@ void FrmMain::ShowChanges()
     widget.BringInLine(form.IsShown(widget.Shown()));
     widget.Say(app::SpokenText(window_, widget.Design()), difference);
   }
+  for (auto& widget : widgets_) widget.KeepTextWhole();
   count_->BringInLine(window_.Form().DifferenceCount(), app::ReferenceName(window_));
   ShowFile();
   menus_.BringInLine();

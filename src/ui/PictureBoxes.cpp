@@ -80,6 +80,8 @@ void ChartBox::OnPaint()
   paint.DrawBitmap(painted_, 0, 0);
   if (pointer_ && !reading_.empty())
     DrawReading(paint, platform::FromText(reading_), *pointer_, size);
+  else
+    painted_ = wxBitmap();  // pays only while the pointer has it painted again and again
 }
 
 CarPictureBox::CarPictureBox(wxWindow* parent, wxWindowID id, const wxString& name,

@@ -47,8 +47,8 @@ class ChartBox final : public wxWindow {
   charts::PictureRecorder outlines_;
   std::shared_ptr<const void> reference_;  ///< that they are of
   unsigned outlined_ = 0;                  ///< version of the picture that they are for
-  unsigned version_ = 0;                   ///< of the picture painted last
-  wxBitmap painted_;                       ///< that picture
+  unsigned version_ = 0;                   ///< of the picture in `painted_`
+  wxBitmap painted_;                       ///< kept beneath a reading
   std::optional<wxPoint> pointer_;
   std::string reading_;  ///< shown beside the pointer
 };

@@ -3,9 +3,12 @@
 
 #include <wx/stdpaths.h>
 
+#include <algorithm>
+#include <cmath>
 #include <exception>
 #include <utility>
 
+#include "app/FormControlSettings.h"
 #include "platform/Errors.h"
 #include "platform/FileReason.h"
 #include "platform/ProgramDirectory.h"
@@ -17,6 +20,17 @@ namespace velquist::ui {
 namespace {
 
 constexpr int kBeside = 40;  ///< pixels from one window's corner to that of its copy
+
+/// The box of the car's picture in a window for that screen.
+wxSize CarPictureSize(const platform::Screen& screen)
+{
+  const auto rows = app::FormControlSettings();
+  const auto scale = app::ScaleFor(screen.Width(), screen.Height());
+  const auto box =
+      std::ranges::find(rows, app::Shape::kCarPicture, &app::ControlDesign::shape)->place;
+  return {static_cast<int>(std::ceil(static_cast<float>(box.width) * scale.fx)),
+          static_cast<int>(std::ceil(static_cast<float>(box.height) * scale.fy))};
+}
 
 }  // namespace
 
@@ -40,6 +54,7 @@ bool Program::OnInit()
                          platform::Icon::kCritical, platform::Buttons::kOk);
     return false;
   }
+  pictures_.Expect(CarPictureSize(screen_));
   window_->Form_Load(command_line_.text);
   if (window_->Ended()) return false;
   // No window of the program has anything to do when it is idle.

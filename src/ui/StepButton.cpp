@@ -20,8 +20,9 @@ bool IsSpaceBar(const wxKeyEvent& event)
 
 }  // namespace
 
-StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& name, Value value)
-    : wxButton(parent, id, " ", wxDefaultPosition, wxSize(1, 1), 0, wxDefaultValidator, name),
+StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& label, const wxString& name,
+                       Value value)
+    : wxButton(parent, id, label, wxDefaultPosition, wxSize(1, 1), 0, wxDefaultValidator, name),
       value_(std::move(value)),
       held_(this)
 {

@@ -20,8 +20,6 @@ namespace {
 
 using app::ControlKind;
 
-constexpr char kFace[] = "Arial";
-
 /// The system draws something of its own beside the text.
 bool HasMark(ControlKind kind)
 {
@@ -42,19 +40,10 @@ wxString LongestText(const app::Control& control)
   return longest;
 }
 
-/// The text with its mnemonic while it is the caption of the design.
-wxString LabelText(const app::Control& control)
-{
-  const wxString caption = platform::FromText(control.design->caption);
-  const wxString text = platform::FromText(control.text);
-  if (text == caption || text == wxControl::RemoveMnemonics(caption)) return caption;
-  return wxControl::EscapeMnemonics(text);
-}
-
 /// Makes the letters smaller until `text` is whole within `width` pixels: the mark or margin beside
 /// the label does not shrink with the letters on every system, nor do the smallest letters with the
 /// screen.
-void KeepTextWhole(wxWindow& control, const wxString& text, int letters, int width)
+void MakeLettersFit(wxWindow& control, const wxString& text, int letters, int width)
 {
   constexpr int kSmallestLetters = 6;  // pixels
   const wxString label = wxControl::RemoveMnemonics(control.GetLabel());
@@ -81,9 +70,23 @@ wxString WindowName(const app::ControlDesign& design)
   return design.index < 0 ? name : wxString::Format("%s(%d)", name, design.index);
 }
 
+wxString LabelText(const app::Control& control)
+{
+  const wxString caption = platform::FromText(control.design->caption);
+  const wxString text = platform::FromText(control.text);
+  if (text == caption || text == wxControl::RemoveMnemonics(caption)) return caption;
+  return wxControl::EscapeMnemonics(text);
+}
+
+const wxString& LetterFace()
+{
+  static const wxString kFace = platform::LetterFace("Arial");
+  return kFace;
+}
+
 wxFont ControlFont(int pixels)
 {
-  return platform::LetterFont(kFace, pixels);
+  return platform::LetterFont(LetterFace(), pixels);
 }
 
 ControlWidget::ControlWidget(const app::Control& control, wxWindow& window)
@@ -91,6 +94,10 @@ ControlWidget::ControlWidget(const app::Control& control, wxWindow& window)
 {
   last_.design = control.design;
   last_.shown = window.IsShown();
+  if (window.GetLabel() == LabelText(control)) last_.text = control.text;
+  // Each new kind of letters has the system look at all widgets that are there already.
+  platform::SetLetters(window, ControlFont(control.font_size));
+  last_.font_size = control.font_size;
 }
 
 void ControlWidget::BringInLine(bool shown)
@@ -111,8 +118,7 @@ void ControlWidget::BringInLine(bool shown)
   last_.font_size = control_->font_size;
   if (control_->checked != last_.checked) ShowChecked();
   if (control_->place != last_.place) ShowPlace();
-  if (other_fit)
-    KeepTextWhole(*window_, LongestText(*control_), control_->font_size, control_->place.width);
+  unmeasured_ = unmeasured_ || other_fit;
   if (control_->enabled != last_.enabled) {
     window_->Enable(control_->enabled);
     last_.enabled = control_->enabled;
@@ -121,6 +127,12 @@ void ControlWidget::BringInLine(bool shown)
     window_->Show(shown);
     last_.shown = shown;
   }
+}
+
+void ControlWidget::KeepTextWhole()
+{
+  if (!std::exchange(unmeasured_, false)) return;
+  MakeLettersFit(*window_, LongestText(*control_), control_->font_size, control_->place.width);
 }
 
 void ControlWidget::Say(std::string more, const std::string& difference)
@@ -188,14 +200,15 @@ void ControlWidget::ShowPlace()
   last_.place = place;
 }
 
-wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindowID id)
+wxWindow* MakeWidget(const app::Control& control, wxWindow* parent, wxWindowID id)
 {
+  const auto& design = *control.design;
   const wxPoint at = wxDefaultPosition;
   const wxSize size(1, 1);
   const wxString name = WindowName(design);
   switch (design.kind) {
     case ControlKind::kButton:
-      return new wxButton(parent, id, wxString(" "), at, size, 0, wxDefaultValidator, name);
+      return new wxButton(parent, id, LabelText(control), at, size, 0, wxDefaultValidator, name);
     case ControlKind::kList: {
       auto* const list =
           new wxChoice(parent, id, at, size, 0, nullptr, 0, wxDefaultValidator, name);
@@ -206,21 +219,21 @@ wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent, wxWindo
     }
     case ControlKind::kCheck: {
       auto* const box =
-          new wxCheckBox(parent, id, wxString(), at, size, 0, wxDefaultValidator, name);
+          new wxCheckBox(parent, id, LabelText(control), at, size, 0, wxDefaultValidator, name);
       platform::AllowCutLabel(*box);
       return box;
     }
     case ControlKind::kOption: {
       auto* const option =
-          new wxRadioButton(parent, id, wxString(), at, size, design.begins_group ? wxRB_GROUP : 0,
-                            wxDefaultValidator, name);
+          new wxRadioButton(parent, id, LabelText(control), at, size,
+                            design.begins_group ? wxRB_GROUP : 0, wxDefaultValidator, name);
       platform::AllowCutLabel(*option);
       return option;
     }
     case ControlKind::kFrame: return platform::MakeFrame(parent, id, name);
     default: {
       const long style = wxST_NO_AUTORESIZE | LabelStyle(design);
-      auto* const label = new wxStaticText(parent, id, wxString(), at, size, style, name);
+      auto* const label = new wxStaticText(parent, id, LabelText(control), at, size, style, name);
       platform::CentreVertically(*label);
       return label;
     }

@@ -13,13 +13,16 @@ namespace velquist::ui {
 /// "CmdInc(4)", or the name alone for a single control.
 [[nodiscard]] wxString WindowName(const app::ControlDesign& design);
 
-/// Arial, or what the system has in its place, of `pixels` letter height.
+/// Arial, or what the system has in its place.
+[[nodiscard]] const wxString& LetterFace();
+
+/// That face in `pixels` letter height.
 [[nodiscard]] wxFont ControlFont(int pixels);
 
 /// A control of the main form and the widget that shows it.
 class ControlWidget {
  public:
-  /// `window` was made for `control`, is empty, and belongs to its parent window.
+  /// `window` was made for `control`, shows its text or nothing, and belongs to its parent window.
   ControlWidget(const app::Control& control, wxWindow& window);
 
   [[nodiscard]] const app::Control& Shown() const { return *control_; }
@@ -29,6 +32,11 @@ class ControlWidget {
   /// Brings the widget in line with the control; touches only what differs from the last time.
   /// `shown` is that of the control and everything around it.
   void BringInLine(bool shown);
+
+  /// Makes letters smaller with which the text has no room beside the mark or margin that the
+  /// system draws. After all widgets have been brought in line: each one that is measured has the
+  /// system work out the looks of all that have changed.
+  void KeepTextWhole();
 
   /// Lets a screen reader add `more` to the control's name, in place of its tip, and behind it how
   /// the value differs from the reference, which the tool tip says, too. Empty texts add nothing.
@@ -45,16 +53,19 @@ class ControlWidget {
 
   const app::Control* control_;
   wxWindow* window_;
-  app::Control last_;       ///< as last shown; an empty text, no items and no place at first
-  std::string said_;        ///< beside its name
-  std::string difference_;  ///< as last said
-  std::string whole_;       ///< the text that may be cut, as last shown in the tool tip
+  app::Control last_;        ///< as last shown; no items and no place at first
+  bool unmeasured_ = false;  ///< text, letters or width are others
+  std::string said_;         ///< beside its name
+  std::string difference_;   ///< as last said
+  std::string whole_;        ///< the text that may be cut, as last shown in the tool tip
 };
 
-/// Makes the empty widget that the control's kind says: a button, label, list, check box, option
-/// button or frame.
-[[nodiscard]] wxWindow* MakeWidget(const app::ControlDesign& design, wxWindow* parent,
-                                   wxWindowID id);
+/// The text with its mnemonic while it is the caption of the design.
+[[nodiscard]] wxString LabelText(const app::Control& control);
+
+/// Makes the widget that the control's kind says: a button, label, check box or option button with
+/// its text, or an empty list or frame.
+[[nodiscard]] wxWindow* MakeWidget(const app::Control& control, wxWindow* parent, wxWindowID id);
 
 /// What a screen reader and a tool tip say about the control, see ControlWidget::Say; the tool tip
 /// ends with `whole`, the text of a control that may cut it.
