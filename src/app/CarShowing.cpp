@@ -62,6 +62,16 @@ void CarShowing::ShowSlotValue(int slot)
   ShowMark(slot);
 }
 
+void CarShowing::ShowStep(int slot, const edit::ShownSlots& moved)
+{
+  if (!setup::IsGear(slot)) {
+    for (const int each : moved) ShowSlotValue(each);
+  } else if (!moved.empty()) {
+    ShowGear(slot);
+    DrawSpeedBands();
+  }
+}
+
 void CarShowing::ShowGear(int slot)
 {
   const int row = edit::GearRowOf(car_.SetupData(), slot);

@@ -23,6 +23,8 @@ class CarShowing {
   /// Every value, gear, overall ratio, locking percentage and row caption.
   void RefreshDisplay();
   void ShowSlotValue(int slot);
+  /// What a press of a slot has moved.
+  void ShowStep(int slot, const edit::ShownSlots& moved);
   void ShowGear(int slot);
   void ShowOverallRatios();
   void ShowLockingPercent();

@@ -3,7 +3,6 @@
 #include "app/MainWindow.h"
 #include "edit/Display.h"
 #include "edit/Drivetrain.h"
-#include "setup/SlotTable.h"
 
 namespace velquist::app {
 
@@ -18,13 +17,7 @@ void MainWindow::ShowSetup()
 
 void MainWindow::Step(int slot, edit::Direction direction)
 {
-  const auto shown = car_.Step(slot, direction, repeated_);
-  if (!setup::IsGear(slot)) {
-    for (const int each : shown) showing_.ShowSlotValue(each);
-  } else if (!shown.empty()) {
-    showing_.ShowGear(slot);
-    showing_.DrawSpeedBands();
-  }
+  showing_.ShowStep(slot, car_.Step(slot, direction, repeated_));
 }
 
 void MainWindow::Combo1_Click(int list)

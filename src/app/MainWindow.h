@@ -37,6 +37,11 @@ class MainWindow {
   /// False when there is no list of that name.
   bool Select(std::string_view name, int index, int selection);
 
+  /// The user types a number for a value, in the unit shown; of a gear its ratio or its pair of
+  /// wheels. The value goes there as far as its steps lead. What is refused leaves it as it was and
+  /// is answered with the range, "From 12 to 40 psi."; what is taken with nothing.
+  [[nodiscard]] std::string Type(int slot, std::string_view text);
+
   /// The user takes the reference's values of these slots, as one step. What the car cannot have
   /// stays as it is.
   void TakeFromReference(std::span<const int> slots);

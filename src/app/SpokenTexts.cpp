@@ -22,16 +22,6 @@ const Control& CaptionOf(const MainForm& form, int slot)
   return form.Label3.at(static_cast<std::size_t>(row));
 }
 
-/// "psi" and the like, as the caption says behind its comma; empty for a plain number.
-std::string UnitOf(const MainForm& form, int slot)
-{
-  if (slot >= setup::kFirstRatio) return {};
-  const auto& caption = CaptionOf(form, slot).text;
-  const auto comma = caption.rfind(',');
-  if (comma == std::string::npos) return {};
-  return caption.substr(caption.find_first_not_of(' ', comma + 1));
-}
-
 /// What stands behind a gear or a ramp angle.
 const char* Kind(int slot)
 {
@@ -63,6 +53,15 @@ std::string SpokenMeaning(const MainForm& form, int slot)
 }
 
 }  // namespace
+
+std::string UnitOf(const MainForm& form, int slot)
+{
+  if (slot >= setup::kFirstRatio) return {};
+  const auto& caption = CaptionOf(form, slot).text;
+  const auto comma = caption.rfind(',');  // the unit stands behind it
+  if (comma == std::string::npos) return {};
+  return caption.substr(caption.find_first_not_of(' ', comma + 1));
+}
 
 std::string SpokenText(const MainWindow& window, const ControlDesign& design)
 {

@@ -7,6 +7,9 @@
 
 namespace velquist::app {
 
+/// "psi" and the like, as a slot's caption says; empty for a plain number.
+[[nodiscard]] std::string UnitOf(const MainForm& form, int slot);
+
 /// What a screen reader adds to a control's name where it lies in what the window shows beside it:
 /// the value of a step button with its unit, what the number on a label is, the locking percent of
 /// a ramp angle, the figures of a chart. Empty for all others.

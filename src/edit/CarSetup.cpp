@@ -180,15 +180,20 @@ void CarSetup::SetProportionalSprings(bool on) noexcept
   if (on) options_.asymmetric = false;
 }
 
+/// For the steps of proportional springs.
+float CarSetup::RearWeight() const
+{
+  return options_.proportional_springs ? data::RearWeightFraction(ModYearIndex_, EngineSlot())
+                                       : 0.0F;
+}
+
 ShownSlots CarSetup::Step(int slot, Direction direction, bool repeated)
 {
   changed_ = true;
-  const float rear_weight =
-      options_.proportional_springs ? data::RearWeightFraction(ModYearIndex_, EngineSlot()) : 0.0F;
   const auto [first, count] = ReachOfStep(slot);
   std::array<float, 4> before{};
   for (int at = 0; at < count; ++at) before[At(at)] = Value(first + at);
-  const auto shown = edit::Step(setup_data_, slot, direction, options_, rear_weight);
+  const auto shown = edit::Step(setup_data_, slot, direction, options_, RearWeight());
   if (setup::IsGear(slot)) {
     try {
       (void)GearRowOf(setup_data_, slot);

@@ -128,6 +128,10 @@ class CarSetup {
   /// Slots whose labels have to be rewritten. A press that moves nothing counts as a change, too,
   /// but is no step of the history. `repeated`: a button that is held presses itself.
   ShownSlots Step(int slot, Direction direction, bool repeated);
+  /// Presses, as one step of the history, until none brings the value nearer to `target`, English
+  /// units, rows for a gear: as far as fine steps lead, with normal ones on the way where they lead
+  /// as near. What cannot be moved nearer is left alone.
+  ShownSlots StepTo(int slot, double target);
   /// Position of list 0 to 3 of the differential.
   [[nodiscard]] int ListSelection(int list) const;
   void ChooseInList(int list, int position);
@@ -170,6 +174,9 @@ class CarSetup {
   void TakeBuffer() { edited_bytes_ = SetupBuffer_; }
   void SelectInList(int list, int position);
   void TakeValueFromReference(int slot);
+  [[nodiscard]] float RearWeight() const;
+  template <class Press>
+  void Approach(int slot, double target, bool normal_first, Press&& press);
   template <class Change>
   void AsStep(std::string_view name, bool sets_changed, Change&& change);
   [[nodiscard]] ValueSet Values() const;

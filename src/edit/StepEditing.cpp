@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "edit/StepEditing.h"
 
+#include <algorithm>
+
 #include "setup/SlotTable.h"
 
 namespace velquist::edit {
@@ -36,6 +38,18 @@ int PartnerOf(int slot)
 float RoundToSingle(double value)
 {
   return static_cast<float>(value);
+}
+
+data::Column StepColumn(int slot, const EditOptions& options)
+{
+  return options.fine && GroupOf(slot) != Group::kGear ? data::kFineStep : data::kStep;
+}
+
+/// Front and rear together.
+float TotalOfRollBars(const data::SetupData& values)
+{
+  const auto bar = [&](int slot) -> double { return values.Value(RowOf(slot), data::kCurrent); };
+  return RoundToSingle(bar(setup::kRollBar) + bar(setup::kRollBar + 1));
 }
 
 /// The parts of one press.
@@ -105,8 +119,7 @@ void ProportionalSpringStep(const Press& press, float rear_weight_fraction, Show
 void ConstantRollBarStep(const Press& press, ShownSlots& shown)
 {
   const int other = PartnerOf(press.slot);
-  const float total = RoundToSingle(static_cast<double>(press.Current(setup::kRollBar)) +
-                                    static_cast<double>(press.Current(setup::kRollBar + 1)));
+  const float total = TotalOfRollBars(press.values);
   const float moved = press.Moved();
   // The other bar may not fall below zero; its own limits play no part.
   const bool other_spent =
@@ -121,6 +134,20 @@ void ConstantRollBarStep(const Press& press, ShownSlots& shown)
 }
 
 }  // namespace
+
+float StepOf(const data::SetupData& values, int slot, const EditOptions& options)
+{
+  return values.Value(RowOf(slot), StepColumn(slot, options));
+}
+
+StepRange RangeOf(const data::SetupData& values, int slot, const EditOptions& options)
+{
+  StepRange range = {values.Value(RowOf(slot), data::kMinimum),
+                     values.Value(RowOf(slot), data::kMaximum)};
+  if (options.constant_roll_bars && GroupOf(slot) == Group::kRollBar)
+    range.maximum = std::min(range.maximum, TotalOfRollBars(values));
+  return range;
+}
 
 SlotRange ReachOfStep(int slot) noexcept
 {
@@ -139,7 +166,7 @@ ShownSlots Step(data::SetupData& values, int slot, Direction direction, const Ed
                 float rear_weight_fraction)
 {
   ShownSlots shown;
-  const Press press{values, slot, direction, options.fine ? data::kFineStep : data::kStep};
+  const Press press{values, slot, direction, StepColumn(slot, options)};
   switch (GroupOf(slot)) {
     case Group::kCorner: CornerStep(press, options.asymmetric, shown); break;
     case Group::kWheelRate:
@@ -159,7 +186,7 @@ ShownSlots Step(data::SetupData& values, int slot, Direction direction, const Ed
       shown.Add(slot);
       break;
     case Group::kGear:
-      if (PlainStep({values, slot, direction, data::kStep})) shown.Add(slot);
+      if (PlainStep(press)) shown.Add(slot);
       break;
     case Group::kNone: break;
   }

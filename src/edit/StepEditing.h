@@ -34,6 +34,18 @@ struct SlotRange {
 };
 [[nodiscard]] SlotRange ReachOfStep(int slot) noexcept;
 
+/// How far one press of the slot's buttons moves its value, English units; rows for a gear. Throws
+/// BoundsError when the data file lacks the slot's row, here and below.
+[[nodiscard]] float StepOf(const data::SetupData& values, int slot, const EditOptions& options);
+
+/// The ends that the slot's buttons keep its value between, English units; rows for a gear.
+struct StepRange {
+  float minimum = 0;
+  float maximum = 0;
+};
+[[nodiscard]] StepRange RangeOf(const data::SetupData& values, int slot,
+                                const EditOptions& options);
+
 /// One press of the step button of `slot`: moves its value by one step (the fine step when that
 /// option is on, gears excepted), refuses what would pass its limit, and applies the options.
 /// Limits are inclusive; sums are rounded to single precision before they are compared or stored.

@@ -50,6 +50,12 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
       panel_(new wxPanel(this)),
       menus_(window.Form(), kFirstId),
       beside_({this, window, [this](const auto& event) { Handle(event); }}),
+      field_(*panel_, window,
+             [this](int slot, const std::string& number) {
+               std::string refused;
+               Handle([&] { refused = window_.Type(slot, number); });
+               return refused;
+             }),
       differences_(window),
       timer_(this)
 {
@@ -84,6 +90,7 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
     if (wxWindow* const made = MakeWindow(design, id, pictures)) {
       Describe(*made, design, {}, {}, {});
       keys_.Add(design, *made);
+      field_.Add(design, *made);
       const auto& control = design.In(window_.Form());
       if (&control == &window_.Form().Label4) file_label_ = made;
       widgets_.emplace_back(control, *made);

@@ -18,6 +18,7 @@
 #include "ui/RowKeys.h"
 #include "ui/SideWindows.h"
 #include "ui/UnsavedMark.h"
+#include "ui/ValueField.h"
 #include "ui/Widgets.h"
 
 namespace velquist::ui {
@@ -74,7 +75,8 @@ class FrmMain final : public wxFrame {
   Menus menus_;
   SideWindows beside_;
   std::vector<ControlWidget> widgets_;
-  RowKeys keys_{*this};
+  RowKeys keys_{*this, [this](int slot) { field_.Open(slot); }};
+  ValueField field_;
   DifferenceTexts differences_;
   DifferenceCount* count_ = nullptr;
   std::vector<ChartBox*> charts_;

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <optional>
+#include <utility>
 
 #include "platform_wx/WxText.h"
 
@@ -25,6 +25,7 @@ int Plain(int key)
     case WXK_NUMPAD_DOWN: return WXK_DOWN;
     case WXK_NUMPAD_PAGEUP: return WXK_PAGEUP;
     case WXK_NUMPAD_PAGEDOWN: return WXK_PAGEDOWN;
+    case WXK_NUMPAD_ENTER: return WXK_RETURN;
     default: return key;
   }
 }
@@ -47,7 +48,7 @@ int MiddleOf(const wxWindow& window)
 
 }  // namespace
 
-RowKeys::RowKeys(wxWindow& top) : top_(top)
+RowKeys::RowKeys(wxWindow& top, Type type) : top_(top), type_(std::move(type))
 {
   top.Bind(wxEVT_CHAR_HOOK, &RowKeys::OnKeyDown, this);
 }
@@ -104,6 +105,7 @@ void RowKeys::OnKeyDown(wxKeyEvent& event)
       case WXK_DOWN: return GoAcross(*at, key);
       case WXK_PAGEUP:
       case WXK_PAGEDOWN: return StepPage(*at, key);
+      case WXK_RETURN: return type_(at->design->index);
       default: break;
     }
   }

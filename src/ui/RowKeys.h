@@ -14,11 +14,14 @@ namespace velquist::ui {
 /// Ways through the main window's controls for the keyboard. Step buttons of one frame that stand
 /// beside each other are a row, which the Tab key stops at once; the arrows lead to the other
 /// buttons of the row and to the rows above and below. Page Up and Page Down step the value five
-/// times. The shortcut of a frame leads to its first control.
+/// times, Enter lets the user type it. The shortcut of a frame leads to its first control.
 class RowKeys {
  public:
+  /// Lets the user type a number for the value of a slot.
+  using Type = std::function<void(int slot)>;
+
   /// All controls lie within `top`, which outlives this.
-  explicit RowKeys(wxWindow& top);
+  RowKeys(wxWindow& top, Type type);
   RowKeys(const RowKeys&) = delete;
   RowKeys& operator=(const RowKeys&) = delete;
 
@@ -45,6 +48,7 @@ class RowKeys {
   void StepPage(const Stop& at, int key);
 
   wxWindow& top_;
+  Type type_;
   std::vector<Stop> stops_;
   std::vector<Group> groups_;
   int rows_ = 0;

@@ -49,6 +49,8 @@ class Driver {
   [[nodiscard]] virtual bool Click(std::string_view name, int index) = 0;
   virtual void Check(std::string_view name, int index, bool checked) = 0;
   virtual void Select(std::string_view name, int index, int position) = 0;
+  /// Types a number for the value of a slot; what it is refused with, nothing when it is taken.
+  [[nodiscard]] virtual std::string Type(int slot, const std::string& text) = 0;
   virtual void Close() = 0;
   /// Lets the program do what has fallen due.
   virtual void Tick() = 0;

@@ -67,6 +67,10 @@ class ModelDriver final : public Driver {
   {
     window_->Select(name, index, position);
   }
+  [[nodiscard]] std::string Type(int slot, const std::string& text) override
+  {
+    return window_->Type(slot, text);
+  }
   void Close() override { closed_ = window_->CloseRequested(); }
   void Tick() override { window_->Tick(); }
   void Focus() override { window_->Activated(); }

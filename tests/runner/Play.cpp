@@ -15,6 +15,7 @@ const std::map<std::string_view, Step (*)(WordReader&)> kStatements = {
     {"select", ReadSelect}, {"close", ReadClose},   {"tick", ReadTick},
     {"on", ReadOn},         {"expect", ReadExpect}, {"dump", ReadDump},
     {"print", ReadPrint},   {"focus", ReadFocus},   {"library", ReadLibrary},
+    {"type", ReadType},
 };
 
 constexpr std::array<std::string_view, 8> kKinds = {"button", "label", "list", "check",

@@ -51,6 +51,7 @@ using Step = std::function<void(Play&)>;
 [[nodiscard]] Step ReadCheck(WordReader& words);
 [[nodiscard]] Step ReadUncheck(WordReader& words);
 [[nodiscard]] Step ReadSelect(WordReader& words);
+[[nodiscard]] Step ReadType(WordReader& words);
 [[nodiscard]] Step ReadClose(WordReader& words);
 [[nodiscard]] Step ReadFocus(WordReader& words);
 [[nodiscard]] Step ReadTick(WordReader& words);

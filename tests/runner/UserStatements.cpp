@@ -101,6 +101,23 @@ Step ReadSelect(WordReader& words)
   };
 }
 
+Step ReadType(WordReader& words)
+{
+  const auto control = words.Control();
+  const auto text = words.Next("a number").text;
+  const auto refused = words.Take("refused") ? words.Next("the range").text : std::string();
+  return [control, text, refused](Play& play) {
+    (void)Reachable(play, control, {ControlKind::kLabel}, "the label of a value");
+    if (control.name != "Label1")
+      throw Failure(control.Text() + " to be the label of a value", "another label");
+    const auto answer = play.driver.Type(control.index, text);
+    if (answer != refused)
+      throw Failure(
+          Quoted(text) + (refused.empty() ? " taken" : " refused with " + Quoted(refused)),
+          answer.empty() ? "taken" : Quoted(answer));
+  };
+}
+
 Step ReadClose(WordReader& /*words*/)
 {
   return [](Play& play) {

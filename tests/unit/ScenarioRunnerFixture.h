@@ -77,6 +77,7 @@ class ButtonDriver final : public Driver {
   {
     selection_ = position;
   }
+  [[nodiscard]] std::string Type(int /*slot*/, const std::string& text) override { return text; }
   void Close() override { closed_ = true; }
   void Tick() override {}
   void Focus() override {}

@@ -62,6 +62,14 @@ void Send(wxWindow& widget, wxEventType type, int value, const wxString& text)
   widget.ProcessWindowEvent(event);
 }
 
+void SendKey(wxWindow& widget, int key)
+{
+  wxKeyEvent event(wxEVT_CHAR_HOOK);
+  event.m_keyCode = key;
+  event.SetEventObject(&widget);
+  widget.ProcessWindowEvent(event);
+}
+
 void Press(wxWindow* around, const std::string& name)
 {
   auto& button = Get<wxButton>(around, name);

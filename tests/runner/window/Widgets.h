@@ -29,6 +29,9 @@ Widget& Get(wxWindow* around, const std::string& name)
 /// What the toolkit sends when the user has done something to `widget`.
 void Send(wxWindow& widget, wxEventType type, int value, const wxString& text = {});
 
+/// What the toolkit sends first when a key is pressed in `widget`.
+void SendKey(wxWindow& widget, int key);
+
 /// Presses the button of that name; throws when a user could not.
 void Press(wxWindow* around, const std::string& name);
 

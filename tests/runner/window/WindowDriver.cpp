@@ -2,6 +2,7 @@
 #include <wx/checkbox.h>
 #include <wx/dataview.h>
 #include <wx/radiobut.h>
+#include <wx/stattext.h>
 #include <wx/statusbr.h>
 #include <wx/textctrl.h>
 
@@ -153,6 +154,20 @@ class WindowDriver final : public Driver {
   {
     Choose(frame_, NameText(name, index), position);
     LetWindowSystemWork();
+  }
+
+  [[nodiscard]] std::string Type(int slot, const std::string& text) override
+  {
+    SendKey(Get(frame_, NameText("CmdInc", slot)), WXK_RETURN);
+    auto& number = Get<wxTextCtrl>(frame_, "Typed");
+    number.SetValue(platform::FromText(text));
+    SendKey(number, WXK_RETURN);
+    LetWindowSystemWork();
+    if (!number.IsShownOnScreen()) return {};
+    auto refused = ToText(Get<wxStaticText>(frame_, "TypedRange").GetLabelText());
+    SendKey(number, WXK_ESCAPE);
+    LetWindowSystemWork();
+    return refused;
   }
 
   void Close() override
