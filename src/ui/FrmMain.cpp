@@ -88,7 +88,7 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
   int id = kFirstId;
   for (const auto& design : app::FormControlSettings()) {
     if (wxWindow* const made = MakeWindow(design, id, pictures)) {
-      Describe(*made, design, {}, {}, {});
+      Describe(*made, design, {});
       keys_.Add(design, *made);
       field_.Add(design, *made);
       const auto& control = design.In(window_.Form());
@@ -226,11 +226,12 @@ void FrmMain::ShowChanges()
   const auto& form = window_.Form();
   const wxString caption = platform::FromText(form.caption);
   if (GetTitle() != caption) SetTitle(caption);
+  tips_.BringInLine();
   differences_.BringInLine();
   for (auto& widget : widgets_) {
-    const auto& difference = differences_.Of(widget.Design());
+    const auto& design = widget.Design();
     widget.BringInLine(form.IsShown(widget.Shown()));
-    widget.Say(app::SpokenText(window_, widget.Design()), difference);
+    widget.Tell({app::SpokenText(window_, design), tips_.Of(design), differences_.Of(design), {}});
   }
   for (auto& widget : widgets_) widget.KeepTextWhole();
   count_->BringInLine(window_.Form().DifferenceCount(), app::ReferenceName(window_));

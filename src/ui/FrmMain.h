@@ -19,6 +19,7 @@
 #include "ui/SideWindows.h"
 #include "ui/UnsavedMark.h"
 #include "ui/ValueField.h"
+#include "ui/ValueTips.h"
 #include "ui/Widgets.h"
 
 namespace velquist::ui {
@@ -77,6 +78,7 @@ class FrmMain final : public wxFrame {
   std::vector<ControlWidget> widgets_;
   RowKeys keys_{*this, [this](int slot) { field_.Open(slot); }};
   ValueField field_;
+  ValueTips tips_{window_};
   DifferenceTexts differences_;
   DifferenceCount* count_ = nullptr;
   std::vector<ChartBox*> charts_;

@@ -135,15 +135,12 @@ void ControlWidget::KeepTextWhole()
   MakeLettersFit(*window_, LongestText(*control_), control_->font_size, control_->place.width);
 }
 
-void ControlWidget::Say(std::string more, const std::string& difference)
+void ControlWidget::Tell(Told told)
 {
-  const std::string whole =
-      Design().kind == ControlKind::kList && Design().ellipsis ? control_->text : std::string();
-  if (more == said_ && difference == difference_ && whole == whole_) return;
-  said_ = std::move(more);
-  difference_ = difference;
-  whole_ = whole;
-  Describe(*window_, Design(), said_, difference_, whole_);
+  if (Design().kind == ControlKind::kList && Design().ellipsis) told.whole = control_->text;
+  if (told == told_) return;
+  told_ = std::move(told);
+  Describe(*window_, Design(), told_);
 }
 
 void ControlWidget::TakeUserChange()
@@ -240,18 +237,18 @@ wxWindow* MakeWidget(const app::Control& control, wxWindow* parent, wxWindowID i
   }
 }
 
-void Describe(wxWindow& window, const app::ControlDesign& design, const std::string& more,
-              const std::string& difference, const std::string& whole)
+void Describe(wxWindow& window, const app::ControlDesign& design, const Told& told)
 {
   const auto join = [](wxString text, const char* between, const wxString& behind) {
     if (!text.empty() && !behind.empty()) text += between;
     return text + behind;
   };
   const wxString tip = platform::FromText(design.tip);
-  const wxString changed = platform::FromText(difference);
+  const wxString changed = platform::FromText(told.difference);
   platform::SetSpoken(window, platform::FromText(design.spoken),
-                      join(more.empty() ? tip : platform::FromText(more), ", ", changed));
-  const wxString shown = join(join(tip, "\n", changed), "\n", platform::FromText(whole));
+                      join(told.more.empty() ? tip : platform::FromText(told.more), ", ", changed));
+  wxString shown = join(tip, "\n", platform::FromText(told.line));
+  shown = join(join(shown, "\n", changed), "\n", platform::FromText(told.whole));
   if (shown == window.GetToolTipText()) return;
   if (shown.empty())
     window.UnsetToolTip();

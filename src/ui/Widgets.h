@@ -19,6 +19,15 @@ namespace velquist::ui {
 /// That face in `pixels` letter height.
 [[nodiscard]] wxFont ControlFont(int pixels);
 
+/// What is told of a control beside its name and its tip; empty texts tell nothing.
+struct Told {
+  std::string more;        ///< to a screen reader, in place of the tip
+  std::string line;        ///< in the tool tip: range, step and effect of a value
+  std::string difference;  ///< to both: how the value differs from the reference
+  std::string whole;       ///< in the tool tip: the text of a control that may cut it
+  friend bool operator==(const Told&, const Told&) = default;
+};
+
 /// A control of the main form and the widget that shows it.
 class ControlWidget {
  public:
@@ -38,9 +47,8 @@ class ControlWidget {
   /// system work out the looks of all that have changed.
   void KeepTextWhole();
 
-  /// Lets a screen reader add `more` to the control's name, in place of its tip, and behind it how
-  /// the value differs from the reference, which the tool tip says, too. Empty texts add nothing.
-  void Say(std::string more, const std::string& difference);
+  /// Lets a screen reader and the tool tip tell it, and the text where it may be cut.
+  void Tell(Told told);
 
   /// The user has changed the widget itself: what it shows now counts as the last time.
   void TakeUserChange();
@@ -55,9 +63,7 @@ class ControlWidget {
   wxWindow* window_;
   app::Control last_;        ///< as last shown; no items and no place at first
   bool unmeasured_ = false;  ///< text, letters or width are others
-  std::string said_;         ///< beside its name
-  std::string difference_;   ///< as last said
-  std::string whole_;        ///< the text that may be cut, as last shown in the tool tip
+  Told told_;                ///< last
 };
 
 /// The text with its mnemonic while it is the caption of the design.
@@ -67,9 +73,7 @@ class ControlWidget {
 /// its text, or an empty list or frame.
 [[nodiscard]] wxWindow* MakeWidget(const app::Control& control, wxWindow* parent, wxWindowID id);
 
-/// What a screen reader and a tool tip say about the control, see ControlWidget::Say; the tool tip
-/// ends with `whole`, the text of a control that may cut it.
-void Describe(wxWindow& window, const app::ControlDesign& design, const std::string& more,
-              const std::string& difference, const std::string& whole);
+/// What a screen reader and a tool tip say about the control.
+void Describe(wxWindow& window, const app::ControlDesign& design, const Told& told);
 
 }  // namespace velquist::ui

@@ -2,18 +2,32 @@
 // How the window says what differs from the reference: tool tips and screen reader.
 #include <gtk/gtk.h>
 
+#include <algorithm>
 #include <string>
 
 #include "RealWindow.h"
+#include "app/ValueTexts.h"
 
 namespace velquist::testing {
 namespace {
 
 class DifferenceWords : public RealWindow {
  protected:
+  /// Of the tool tip all but the line of range and effect, which must be there.
   [[nodiscard]] std::string Tip(const char* name) const
   {
-    return Widget(name)->GetToolTipText().utf8_string();
+    const auto tip = Widget(name)->GetToolTipText().utf8_string();
+    const auto row = std::ranges::find(app::FormControlSettings(), std::string(name),
+                                       [](const auto& each) { return testing::NameOf(each); });
+    const auto line = app::TipText(editor.Window(), app::SlotOf(*row).value());
+    const auto at = tip.find(line);
+    EXPECT_NE(at, std::string::npos) << tip;
+    if (at == std::string::npos) return tip;
+    auto before = tip.substr(0, at);
+    auto behind = tip.substr(at + line.size());
+    if (before.ends_with('\n')) before.pop_back();
+    if (before.empty() && behind.starts_with('\n')) behind.erase(0, 1);
+    return before + behind;
   }
   /// What a screen reader adds to the name.
   [[nodiscard]] std::string Spoken(const char* name) const
