@@ -122,15 +122,14 @@ class LabelledFrame final : public wxStaticBox {
   /// label, and the corner with it.
   static void PlaceLabel(GtkWidget* frame, GtkAllocation* place, gpointer)
   {
-    constexpr int kFromCorner = 6;
     GtkWidget* const text = gtk_frame_get_label_widget(GTK_FRAME(frame));
     if (text == nullptr || !gtk_widget_get_visible(text)) return;
-    int width = 0;
-    gtk_widget_get_preferred_width(text, nullptr, &width);
-    const int beside = place->width - width;
-    const float align =
-        beside > kFromCorner ? static_cast<float>(kFromCorner) / static_cast<float>(beside) : 0.0F;
-    gtk_frame_set_label_align(GTK_FRAME(frame), align, 0.5F);
+    GtkRequisition size;
+    gtk_widget_get_preferred_size(text, nullptr, &size);
+    const int from_corner = std::max(6, size.height / 3);
+    const int beside = std::max(place->width - size.width, from_corner);
+    gtk_frame_set_label_align(GTK_FRAME(frame),
+                              static_cast<float>(from_corner) / static_cast<float>(beside), 0.5F);
   }
 };
 

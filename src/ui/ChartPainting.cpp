@@ -11,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+#include "charts/PlotXy.h"
 #include "platform_wx/WxText.h"
 #include "ui/Widgets.h"
 
@@ -194,18 +195,79 @@ void DrawTexts(wxDC& dc, const std::vector<Primitive>& drawn)
   }
 }
 
+/// With lines and letters, but for frames, which stay one pixel wide.
+std::vector<Primitive> Enlarged(std::vector<Primitive> drawn, double zoom)
+{
+  for (auto& shape : drawn) {
+    const double last_pixel = shape.kind == Primitive::Kind::kBox && shape.fill ? 1 : 0;
+    shape.x1 *= zoom;
+    shape.y1 *= zoom;
+    shape.x2 = (shape.x2 + last_pixel) * zoom - last_pixel;
+    shape.y2 = (shape.y2 + last_pixel) * zoom - last_pixel;
+    shape.width = std::max(std::round(shape.width * zoom), 1.0);
+    shape.letter_height *= zoom;
+  }
+  return drawn;
+}
+
+/// One above the other, the texts of all of them last.
+void DrawLayers(wxMemoryDC& dc, platform::Colour background,
+                const std::vector<std::vector<Primitive>>& layers)
+{
+  dc.SetBackground(wxBrush(ToWx(background)));
+  dc.Clear();
+  if (const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc)); context)
+    for (const auto& layer : layers) DrawShapes(*context, layer);
+  for (const auto& layer : layers) DrawTexts(dc, layer);
+}
+
 }  // namespace
 
-void DrawPicture(wxMemoryDC& dc, const charts::PictureRecorder& picture,
-                 const charts::PictureRecorder& outlined)
+void DrawPicture(wxMemoryDC& dc, const charts::PictureRecorder& picture)
 {
-  dc.SetBackground(wxBrush(ToWx(picture.Background())));
-  dc.Clear();
-  if (const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc)); context) {
-    DrawShapes(*context, Outlines(outlined.Drawn()));
-    DrawShapes(*context, picture.Drawn());
+  DrawLayers(dc, picture.Background(), {picture.Drawn()});
+}
+
+void DrawChart(wxMemoryDC& dc, const charts::PictureRecorder& chart,
+               const charts::PictureRecorder& outlined, double zoom)
+{
+  DrawLayers(dc, chart.Background(),
+             {Enlarged(BeyondLimit(chart), zoom), Enlarged(Outlines(outlined.Drawn()), zoom),
+              Enlarged(chart.Drawn(), zoom)});
+}
+
+std::vector<Primitive> BeyondLimit(const charts::PictureRecorder& chart)
+{
+  static constexpr platform::Colour kShade{236, 236, 236};
+  static constexpr char kName[] = "Max RPM";
+  constexpr double kGap = 3;
+  const auto limit = std::ranges::find_if(chart.Drawn(), [](const Primitive& line) {
+    return line.kind == Primitive::Kind::kLine && line.style == platform::LineStyle::kDotted &&
+           line.colour == charts::kRed && line.x1 == line.x2;
+  });
+  if (limit == chart.Drawn().end()) return {};
+  const charts::PlotBox plot(chart.Width(), chart.Height());
+  charts::PictureRecorder beyond;
+  if (limit->x1 + 1 < plot.right)
+    beyond.Box(limit->x1, plot.top, plot.right, plot.bottom, kShade, kShade);
+  const auto text = [](const Primitive& drawn) { return drawn.kind == Primitive::Kind::kText; };
+  const auto label = std::ranges::find_if(chart.Drawn(), text);  // of an axis
+  const bool named =
+      std::ranges::find(chart.Drawn(), kName, &Primitive::text) != chart.Drawn().end();
+  if (!named && label != chart.Drawn().end()) {
+    beyond.SetLetterHeight(label->letter_height);
+    const auto extent = beyond.Extent(kName);
+    beyond.Text(limit->x1 - kGap - extent.width, plot.bottom - extent.height - 1, kName);
   }
-  DrawTexts(dc, picture.Drawn());
+  return beyond.Drawn();
+}
+
+void DrawCrossHair(wxDC& dc, wxPoint at, wxRect plot)
+{
+  static const wxColour kColour(118, 118, 118);
+  dc.SetPen(wxPen(kColour));
+  dc.DrawLine(plot.GetLeft(), at.y, plot.GetRight() + 1, at.y);
+  dc.DrawLine(at.x, plot.GetTop(), at.x, plot.GetBottom() + 1);
 }
 
 void DrawReading(wxDC& dc, const wxString& text, wxPoint pointer, wxSize size)

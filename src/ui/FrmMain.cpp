@@ -10,6 +10,7 @@
 #include <cmath>
 #include <utility>
 
+#include "app/ChartPictures.h"
 #include "app/ComparisonTable.h"
 #include "app/Flag.h"
 #include "app/FormControlSettings.h"
@@ -107,7 +108,12 @@ void FrmMain::MakeStatusLine()
 {
   wxStatusBar* const line = CreateStatusBar(1, wxSTB_DEFAULT_STYLE, wxID_ANY, "Status");
   line->SetFont(ControlFont(window_.Form().Label4.font_size));
-  line->SetMinHeight(line->GetCharHeight() + 2);
+  const int height = line->GetCharHeight() + 2;
+  line->SetMinHeight(height);
+  // Which not every system heeds.
+  const int whole = height + 2 * line->GetBorderY();
+  if (line->GetSize().y < whole)
+    line->SetSize(wxDefaultCoord, wxDefaultCoord, wxDefaultCoord, whole);
   count_ = new DifferenceCount(line, [this] { Handle([this] { window_.Click("MnuCompare"); }); });
 }
 
@@ -122,16 +128,29 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id,
       return new StepButton(panel_, id, LabelText(design.In(form)), name,
                             [this, slot = design.index] { return window_.Car().Value(slot); });
     case Shape::kChart:
-      return charts_.emplace_back(new ChartBox(
-          panel_, id, name, form.*design.chart,
-          [this, read = design.reading](double x, double y) { return (window_.*read)(x, y); },
-          [this, outline = design.reference] { return (window_.*outline)(); }));
+      return charts_.emplace_back(new ChartBox(panel_, id, name, SourceOf(design)));
     case Shape::kCarPicture: return car_ = new CarPictureBox(panel_, id, name, pictures);
     case Shape::kMarquee: return marquee_ = new MarqueeBox(panel_, id, name, form.LblMarquee);
     case Shape::kNone: return nullptr;
     case Shape::kOfKind: break;
   }
   return design.kind == ControlKind::kMenu ? nullptr : MakeWidget(design.In(form), panel_, id);
+}
+
+ChartSource FrmMain::SourceOf(const app::ControlDesign& chart) const
+{
+  return {.recorded = &(window_.Form().*chart.chart),
+          .designed = {chart.place.width, chart.place.height},
+          .picture = [this, &chart](
+                         double width,
+                         double height) { return ChartPicture(window_, chart, width, height); },
+          .outlines =
+              [this, &chart](double width, double height) {
+                return ReferencePicture(window_, chart, width, height);
+              },
+          .read = [this, &chart](
+                      double width, double height, double x,
+                      double y) { return ChartReading(window_, chart, width, height, x, y); }};
 }
 
 void FrmMain::LinkMnemonics()

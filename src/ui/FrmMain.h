@@ -11,6 +11,7 @@
 
 #include "app/MainWindow.h"
 #include "platform_wx/WxPictureLoader.h"
+#include "ui/ChartBox.h"
 #include "ui/DifferenceCount.h"
 #include "ui/DifferenceTexts.h"
 #include "ui/Menus.h"
@@ -43,6 +44,7 @@ class FrmMain final : public wxFrame {
   void MakeWidgets(platform::WxPictureLoader& pictures);
   wxWindow* MakeWindow(const app::ControlDesign& design, wxWindowID id,
                        platform::WxPictureLoader& pictures);
+  [[nodiscard]] ChartSource SourceOf(const app::ControlDesign& chart) const;
   void LinkMnemonics();
   /// A key pressed before another is chosen must not drop the setup.
   void FocusFirstStepButton();

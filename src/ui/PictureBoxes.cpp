@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/PictureBoxes.h"
 
-#include <wx/dcbuffer.h>
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
 #include <wx/toplevel.h>
@@ -11,7 +10,6 @@
 #include "app/CarPictures.h"
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/WxText.h"
-#include "ui/ChartPainting.h"
 #include "ui/Widgets.h"
 
 namespace velquist::ui {
@@ -30,59 +28,6 @@ wxBitmap Fitted(const wxImage& image, wxSize box, double scale)
 }
 
 }  // namespace
-
-ChartBox::ChartBox(wxWindow* parent, wxWindowID id, const wxString& name,
-                   const charts::PictureRecorder& picture, Read read, Outline outline)
-    : wxWindow(parent, id, wxDefaultPosition, wxSize(1, 1), wxFULL_REPAINT_ON_RESIZE, name),
-      picture_(picture),
-      read_(std::move(read)),
-      outline_(std::move(outline))
-{
-  SetBackgroundStyle(wxBG_STYLE_PAINT);
-  SetCanFocus(false);
-  Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
-  Bind(wxEVT_MOTION, [this](wxMouseEvent& event) { OnPointer(event.GetPosition()); });
-  Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) { OnPointer(std::nullopt); });
-}
-
-void ChartBox::BringInLine(const std::shared_ptr<const void>& reference)
-{
-  if (picture_.Version() == outlined_ && reference == reference_) return;
-  outlined_ = picture_.Version();
-  reference_ = reference;
-  outlines_ = outline_();
-  painted_ = wxBitmap();
-  OnPointer(pointer_);  // which may point at something else now
-  Refresh(false);
-}
-
-void ChartBox::OnPointer(std::optional<wxPoint> pointer)
-{
-  auto reading = pointer ? read_(pointer->x, pointer->y) : std::string();
-  const bool moved = !reading.empty() && pointer != pointer_;
-  if (moved || reading != reading_) Refresh(false);
-  reading_ = std::move(reading);
-  pointer_ = pointer;
-}
-
-void ChartBox::OnPaint()
-{
-  wxAutoBufferedPaintDC paint(this);
-  const wxSize size = GetClientSize();
-  const double scale = GetContentScaleFactor();
-  if (size.x < 1 || size.y < 1) return;
-  if (picture_.Version() != version_ || !painted_.IsOk() || painted_.GetSize() != size * scale) {
-    painted_.CreateScaled(size.x, size.y, wxBITMAP_SCREEN_DEPTH, scale);
-    wxMemoryDC memory(painted_);
-    DrawPicture(memory, picture_, outlines_);
-    version_ = picture_.Version();
-  }
-  paint.DrawBitmap(painted_, 0, 0);
-  if (pointer_ && !reading_.empty())
-    DrawReading(paint, platform::FromText(reading_), *pointer_, size);
-  else
-    painted_ = wxBitmap();  // pays only while the pointer has it painted again and again
-}
 
 CarPictureBox::CarPictureBox(wxWindow* parent, wxWindowID id, const wxString& name,
                              platform::WxPictureLoader& pictures)

@@ -154,13 +154,14 @@ TEST_F(Accessibility, StepButtonsTellTheValueThatTheyHaveChanged)
   }
 }
 
-TEST_F(Accessibility, TheTabKeyGoesThroughEveryControlInTheOrderOfTheLayout)
+TEST_F(Accessibility, TheTabKeyGoesThroughEveryControlAndChartInTheOrderOfTheLayout)
 {
   Start();
   wxWindow* const panel = Widget("CmdInc(4)")->GetParent();
   std::vector<std::string> expected;
   for (const auto& design : app::FormControlSettings())
-    if (IsInteractive(design)) expected.push_back(testing::NameOf(design));
+    if (IsInteractive(design) || design.shape == app::Shape::kChart)
+      expected.push_back(testing::NameOf(design));
   std::vector<std::string> found;
   for (const wxWindow* child : panel->GetChildren())
     if (CanFocus(*child)) found.push_back(child->GetName().ToStdString());

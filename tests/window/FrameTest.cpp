@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What is seen of the frames and of the texts that are too long for their places.
 #include <gtk/gtk.h>
+#include <wx/statusbr.h>
 
 #include <string>
 #include <vector>
@@ -63,6 +64,23 @@ INSTANTIATE_TEST_SUITE_P(Screens, Frames,
                          ::testing::Values(ScreenSize{800, 600}, ScreenSize{1280, 1024},
                                            ScreenSize{3840, 2160}),
                          [](const auto& screen) { return std::to_string(screen.param.width); });
+
+TEST_P(Frames, HaveALineBelowThatIsAsHighAsItsLetters)
+{
+  Start(GetParam());
+  LetTimePass(500);
+  wxStatusBar* const line = Frame().GetStatusBar();
+  EXPECT_GE(line->GetClientSize().y, line->GetCharHeight());
+  GtkAllocation allocated;
+  gtk_widget_get_allocation(line->GetHandle(), &allocated);
+  EXPECT_GE(allocated.height, line->GetCharHeight());
+  const wxSize client = Frame().GetClientSize();
+  EXPECT_EQ(client, Widget("panel")->GetSize());
+  EXPECT_LE(client.y + allocated.height, Frame().GetSize().y);
+  wxRect field;
+  ASSERT_TRUE(line->GetFieldRect(0, field));
+  EXPECT_GE(field.height, line->GetCharHeight());
+}
 
 class LongPath : public RealWindow {};
 
