@@ -34,6 +34,11 @@ class ScriptedEditor {
   /// Without the window, unless another driver is given.
   explicit ScriptedEditor(std::unique_ptr<runner::Driver> driver = runner::MakeModelDriver());
 
+  /// The window may still be painted while it goes: before what it shows.
+  ~ScriptedEditor() { driver_->Stop(); }
+  ScriptedEditor(const ScriptedEditor&) = delete;
+  ScriptedEditor& operator=(const ScriptedEditor&) = delete;
+
   /// Plays the lines of a script. The first that fails is a failure of the test, as is a dialog
   /// that was announced and has not come at the end of the piece.
   void Play(const std::string& script);
