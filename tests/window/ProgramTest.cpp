@@ -113,7 +113,7 @@ class ProgramRuns : public ::testing::Test {
   void Run(const std::vector<User::Action>& actions)
   {
     wxApp::SetInstance(new ui::Program(
-        {.text = setup_, .program_directory = world_.Names().program, .window_at = window_at_}));
+        {.text = setup_, .program_directory = world_.Names().program, .window_at = std::nullopt}));
     char name[] = "velquist";
     char* words[] = {name, nullptr};
     int count = 1;
@@ -142,7 +142,6 @@ class ProgramRuns : public ::testing::Test {
 
   runner::World world_;
   std::string setup_;
-  std::optional<platform::ScreenPlace> window_at_;
   std::vector<std::string> told_;
 };
 
@@ -211,24 +210,6 @@ TEST_F(ProgramRuns, InAWindowWithinTheDesktop)
   EXPECT_GT(window.width, 0);
   EXPECT_LE(window.width, desktop.width);
   EXPECT_LE(window.height, desktop.height);
-}
-
-TEST_F(ProgramRuns, InAWindowWhereItIsTold)
-{
-  window_at_ = {60, 50};
-  wxPoint at;
-  Run({
-      [&] {
-        // The window manager answers in its own time.
-        for (int look = 0; look < 100 && at != wxPoint(60, 50); ++look) {
-          wxMilliSleep(50);
-          wxTheApp->Yield();
-          at = wxTheApp->GetTopWindow()->GetPosition();
-        }
-      },
-      [] { wxTheApp->GetTopWindow()->Close(); },
-  });
-  EXPECT_EQ(at, wxPoint(60, 50)) << at.x << " " << at.y;
 }
 
 TEST_F(ProgramRuns, ASecondTimeInTheSameDirectoryBesideTheFirstWindow)
