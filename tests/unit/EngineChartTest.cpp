@@ -188,6 +188,9 @@ TEST(EngineChart, ADottedRedLineMarksMaximumRpm)
   ASSERT_EQ(marks.size(), 1U);
   EXPECT_NEAR(marks[0].x1, 30 + 300 * 13500.0 / 14000, 1e-9);
   EXPECT_EQ(marks[0].x1, marks[0].x2);
+  const auto at_the_end = Lines(Drawn(k1965, LevelCurve(), 14000), kRed, LineStyle::kDotted);
+  ASSERT_EQ(at_the_end.size(), 1U);
+  EXPECT_NEAR(at_the_end[0].x1, 330, 1e-9);
   for (const int rpm : {0, -1, 14001})
     EXPECT_TRUE(Lines(Drawn(k1965, LevelCurve(), rpm), kRed, LineStyle::kDotted).empty());
 }
@@ -206,6 +209,19 @@ TEST(EngineChart, TheLegendNamesBothCurvesBelowThePlotBox)
     EXPECT_GT(samples[0].y1, 188);
     EXPECT_GT(testing::Covered(*text).top, 188);
   }
+}
+
+TEST(EngineChart, TheLegendGoesWithoutMaximumRpmWhereThereIsLittleRoom)
+{
+  const auto names = [](int width, int height) {
+    auto texts = Texts(Drawn(kGT, 0, width, height));
+    const auto first = std::ranges::find(texts, "Horsepower");
+    return std::vector<std::string>(first, texts.end());
+  };
+  EXPECT_EQ(names(600, 264),
+            (std::vector<std::string>{"Horsepower", "Torque, lb-ft", "Versus RPM", "Max RPM"}));
+  EXPECT_EQ(names(222, 128),
+            (std::vector<std::string>{"Horsepower", "Torque, lb-ft", "Versus RPM"}));
 }
 
 TEST(EngineChart, TextsNeverTouchAndLieWithinThePictureAtEverySize)

@@ -20,6 +20,7 @@
 #include "platform/SystemFiles.h"
 
 #ifndef _WIN32
+#include <sys/stat.h>
 #include <sys/xattr.h>
 
 #include "AccessListSample.h"
@@ -160,6 +161,15 @@ TEST_P(SystemCallsOfASave, ThatFailAreToldAndLeaveTheOldFileWhole)
 }
 
 #ifndef _WIN32
+
+TEST_P(SystemCallsOfASave, GiveANewFileTheUsualRights)
+{
+  const auto before = ::umask(0);
+  SystemCalls calls;
+  EXPECT_EQ(Save(calls, folder / "new.lo1"), "no error");
+  ::umask(before);
+  EXPECT_EQ(fs::status(folder / "new.lo1").permissions(), fs::perms(0666));
+}
 
 TEST_P(SystemCallsOfASave, AreMadeAgainWhenASignalBreaksThemOff)
 {

@@ -166,6 +166,16 @@ INSTANTIATE_TEST_SUITE_P(Screens, Layout, ::testing::ValuesIn(kScreens), [](cons
   return std::to_string(screen.param.width) + "x" + std::to_string(screen.param.height);
 });
 
+TEST(ScaleControls, LeavesNoLettersThatCannotBeRead)
+{
+  MainForm form;
+  ScaleControls(form, ScaleFor(800, 600));
+  int smallest = kUsualLetters;
+  for (const auto& design : FormControlSettings())
+    smallest = std::min(smallest, design.In(form).font_size);
+  EXPECT_EQ(smallest, 9);
+}
+
 TEST(FormControlSettings, NamesEveryControlOnceAndFramesBeforeWhatTheyHold)
 {
   std::vector<std::string> seen;

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <cmath>
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "ScriptedEditor.h"
+#include "app/Marquee.h"
 #include "app/Quotations.h"
+#include "platform/System.h"
 
 namespace velquist::app {
 namespace {
@@ -13,9 +17,9 @@ namespace {
 constexpr int kPause = 30000;  ///< ms
 constexpr int kPeriod = 40;    ///< ms
 
-class Marquee : public ::testing::Test {
+class MarqueeTest : public ::testing::Test {
  protected:
-  Marquee()
+  MarqueeTest()
   {
     editor_.Play("clock 777000\nrandom 0\n");
     editor_.StartWithGame();
@@ -31,14 +35,14 @@ class Marquee : public ::testing::Test {
   testing::ScriptedEditor editor_;
 };
 
-TEST_F(Marquee, BeginsAtTheRightEdgeOfItsBox)
+TEST_F(MarqueeTest, BeginsAtTheRightEdgeOfItsBox)
 {
   EXPECT_EQ(Label().text, Quotation(0));
   EXPECT_EQ(Left(), Box().width * 15);
   EXPECT_EQ(Label().place.left, Box().left + Box().width);
 }
 
-TEST_F(Marquee, WaitsThirtySecondsAndThenGoesTenUnitsAStep)
+TEST_F(MarqueeTest, WaitsThirtySecondsAndThenGoesTenUnitsAStep)
 {
   const int begin = Left();
   Tick(kPause - 1);
@@ -51,19 +55,22 @@ TEST_F(Marquee, WaitsThirtySecondsAndThenGoesTenUnitsAStep)
   }
 }
 
-TEST_F(Marquee, KeepsItsQuotationUntilThatHasPassedTheLeftEdge)
+TEST_F(MarqueeTest, KeepsItsQuotationUntilThatHasPassedTheLeftEdge)
 {
   editor_.Play("random 0.5\n");
   Tick(kPause);
+  int end = Box().left + 1;
   while (Label().text == Quotation(0)) {
-    ASSERT_GE(Label().place.left + Label().place.width, Box().left - 1);
+    end = Label().place.left + Label().place.width;
+    ASSERT_GE(end, Box().left - 1);
     Tick(kPeriod);
   }
+  EXPECT_EQ(end, Box().left - 1) << "and no sooner";
   EXPECT_EQ(Label().text, Quotation(11));
   EXPECT_EQ(Left(), Box().width * 15);
 }
 
-TEST_F(Marquee, CatchesUpAfterALongSleepWithoutSkippingAQuotation)
+TEST_F(MarqueeTest, CatchesUpAfterALongSleepWithoutSkippingAQuotation)
 {
   editor_.Play("random 0.5\n");
   const auto clock = std::string("clock 99999000\n");
@@ -74,7 +81,7 @@ TEST_F(Marquee, CatchesUpAfterALongSleepWithoutSkippingAQuotation)
   EXPECT_EQ(Left(), Box().width * 15);
 }
 
-TEST_F(Marquee, TellsHowLongThereIsNothingToShow)
+TEST_F(MarqueeTest, TellsHowLongThereIsNothingToShow)
 {
   EXPECT_EQ(editor_.Window().UntilTick(), kPause);
   Tick(kPause - 10);
@@ -83,7 +90,7 @@ TEST_F(Marquee, TellsHowLongThereIsNothingToShow)
   EXPECT_EQ(editor_.Window().UntilTick(), kPeriod);
 }
 
-TEST_F(Marquee, MovesByOnePixelWheneverItIsDue)
+TEST_F(MarqueeTest, MovesByOnePixelWheneverItIsDue)
 {
   Tick(kPause);
   for (int i = 0; i < 100; ++i) {
@@ -93,11 +100,40 @@ TEST_F(Marquee, MovesByOnePixelWheneverItIsDue)
   }
 }
 
-TEST_F(Marquee, IsWideEnoughForItsText)
+TEST_F(MarqueeTest, IsWideEnoughForItsText)
 {
   charts::PictureRecorder measure;
   measure.SetLetterHeight(Label().font_size);
   EXPECT_GE(Label().place.width, measure.Extent(Label().text).width);
+}
+
+TEST(MarqueeQuotations, ArePickedByNumbersThatTheClockSeeds)
+{
+  struct ATime final : platform::Clock {
+    [[nodiscard]] std::uint64_t TickCount() const override { return time; }
+    std::uint64_t time = 4711;
+  } clock;
+  struct Seeds final : platform::Random {
+    void Seed(std::uint64_t seed) override { seeds.push_back(seed); }
+    [[nodiscard]] double Next() override
+    {
+      EXPECT_FALSE(seeds.empty()) << "seeded first";
+      return 0;
+    }
+    std::vector<std::uint64_t> seeds;
+  } random;
+  MarqueeState state;
+  testing::ScriptedEditor editor;
+  editor.StartWithGame();
+  MainForm form = editor.Window().Form();
+  app::Marquee marquee(state, form, clock, random);
+  marquee.Move();
+  marquee.Move();
+  EXPECT_EQ(random.seeds, std::vector<std::uint64_t>{4711});
+  state.scrolling = false;
+  clock.time = 99000;
+  marquee.Move();
+  EXPECT_EQ(random.seeds, (std::vector<std::uint64_t>{4711, 99000}));
 }
 
 TEST(MarqueeQuotations, EveryRandomNumberBelowOnePicksOneOfThem)
