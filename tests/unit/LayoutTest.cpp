@@ -176,6 +176,19 @@ TEST(ScaleControls, LeavesNoLettersThatCannotBeRead)
   EXPECT_EQ(smallest, 9);
 }
 
+TEST(FormControlSettings, SaysWhichButtonIncreasesAndWhichDecreases)
+{
+  int buttons = 0;
+  for (const auto& design : FormControlSettings()) {
+    if (design.name != "CmdInc" && design.name != "CmdDec") continue;
+    ++buttons;
+    const std::string does = design.name == "CmdInc" ? "Increase " : "Decrease ";
+    EXPECT_TRUE(design.tip.starts_with(does)) << design.tip;
+    EXPECT_TRUE(design.spoken.starts_with(does)) << design.spoken;
+  }
+  EXPECT_GT(buttons, 60);
+}
+
 TEST(FormControlSettings, NamesEveryControlOnceAndFramesBeforeWhatTheyHold)
 {
   std::vector<std::string> seen;
