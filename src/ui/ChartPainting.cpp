@@ -189,9 +189,14 @@ void DrawTexts(wxDC& dc, const std::vector<Primitive>& drawn)
     letter_height = text.letter_height;
     dc.SetTextForeground(ToWx(text.colour));
     const wxString shown = platform::FromText(text.text);
-    // Letters put on whole pixels are not quite as wide as measured.
-    const double left = (text.x1 + text.x2 - dc.GetTextExtent(shown).x) / 2;
-    dc.DrawText(shown, static_cast<int>(std::lround(left)), static_cast<int>(std::lround(text.y1)));
+    // Letters put on whole pixels are not quite as wide as measured, nor their lines as high.
+    int width = 0;
+    int height = 0;
+    int descent = 0;
+    dc.GetTextExtent(shown, &width, &height, &descent);
+    const double left = (text.x1 + text.x2 - width) / 2;
+    const double top = text.y1 + charts::kBaseline * text.letter_height - (height - descent);
+    dc.DrawText(shown, static_cast<int>(std::lround(left)), static_cast<int>(std::lround(top)));
   }
 }
 
