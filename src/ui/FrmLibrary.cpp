@@ -25,6 +25,14 @@ constexpr char kHint[] =
     "Down: table   Enter: open   Ctrl+R: reference   Ctrl+E: export   Ctrl+B: folder   "
     "Ctrl+F: filter   F5: scan   Escape: close";
 
+/// In two lines where `width` is too narrow for one.
+wxString HintFor(const wxWindow& label, int width)
+{
+  wxString text = kHint;
+  if (label.GetTextExtent(text).x > width) text.Replace("   Ctrl+B", "\nCtrl+B");
+  return text;
+}
+
 /// Of plain columns, in the order of the library's numbers.
 constexpr std::array<int, app::kPlainColumns> kWidths = {150, 90, 110, 150, 90, 190, 75, 130, 400};
 constexpr int kValueWidth = 110;
@@ -45,8 +53,7 @@ FrmLibrary::FrmLibrary(const Setting& setting)
   auto* const progress = MakeProgressRow(panel);
   auto* const buttons = MakeButtons(panel);
   auto* const hint = new wxStaticText(panel, wxID_ANY, kHint, wxDefaultPosition, wxDefaultSize,
-                                      wxST_ELLIPSIZE_END, "Hint");
-  hint->SetToolTip(kHint);
+                                      wxST_NO_AUTORESIZE, "Hint");
 
   auto* const rows = new wxBoxSizer(wxVERTICAL);
   const auto wide = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, FromDIP(kGap));
@@ -56,6 +63,14 @@ FrmLibrary::FrmLibrary(const Setting& setting)
   rows->Add(buttons, wide);
   rows->Add(hint, wxSizerFlags(wide).Border(wxALL, FromDIP(kGap)));
   panel->SetSizer(rows);
+  panel->Bind(wxEVT_SIZE, [panel, hint](wxSizeEvent& event) {
+    const auto text = HintFor(*hint, panel->GetClientSize().x - 2 * panel->FromDIP(kGap));
+    if (text != hint->GetLabel()) {
+      hint->SetLabel(text);
+      hint->InvalidateBestSize();
+    }
+    event.Skip();  // and all is placed anew
+  });
 
   wxSize client = FromDIP(wxSize(kClientWidth, kClientHeight));
   client.IncTo(OfDesktop(kUsualPercent));

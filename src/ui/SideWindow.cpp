@@ -4,6 +4,7 @@
 #include <wx/display.h>
 #include <wx/menu.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "platform_wx/NativeLook.h"
@@ -77,6 +78,23 @@ void SideWindow::TakeSize(wxSize client)
   client.DecTo(OfDesktop(kMostPercent));
   SetClientSize(client);
   CentreOnParent();
+  StepAside();
+}
+
+void SideWindow::StepAside()
+{
+  constexpr int kStep = 28;
+  const wxRect desktop = wxDisplay(GetParent()).GetClientArea();
+  const auto covers = [this](const wxWindow* other) {
+    return other != this && other->IsTopLevel() && other->IsShown() &&
+           (other->GetPosition() - GetPosition()).x < kStep / 2 &&
+           (GetPosition() - other->GetPosition()).x < kStep / 2;
+  };
+  while (std::ranges::any_of(GetParent()->GetChildren(), covers)) {
+    const wxRect moved(GetPosition() + wxPoint(FromDIP(kStep), FromDIP(kStep)), GetSize());
+    if (!desktop.Contains(moved)) return;  // there is no room
+    Move(moved.GetPosition());
+  }
 }
 
 /// It stays as it is for the next time; the main window has the focus again.

@@ -46,6 +46,8 @@ class SideWindow : public wxFrame {
   void GiveEvent(const std::function<void()>& event) const { give_(event); }
 
  private:
+  /// Down and to the right of windows that it would cover, while there is room.
+  void StepAside();
   void OnClose(wxCloseEvent& event);
 
   app::MainWindow& window_;

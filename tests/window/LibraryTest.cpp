@@ -184,6 +184,16 @@ TEST_F(LibraryWindow, IsToldToAScreenReader)
   EXPECT_STREQ(atk_object_get_name(spoken("Differences")), "What differs from the chosen setup");
 }
 
+TEST_F(LibraryWindow, CoversNoOtherWindowThatIsOpen)
+{
+  StartWithSetups();
+  editor.Play("click MnuGearing\n");
+  Open();
+  const auto* const gearing = wxWindow::FindWindowByName("FrmGearing");
+  ASSERT_NE(gearing, nullptr);
+  EXPECT_TRUE(WaitUntil([&] { return gearing->GetPosition() != Library().GetPosition(); }));
+}
+
 TEST_F(LibraryWindow, FitsASmallScreen)
 {
   for (const auto screen : {ScreenSize{800, 600}, ScreenSize{1280, 1024}}) {
@@ -192,8 +202,13 @@ TEST_F(LibraryWindow, FitsASmallScreen)
     Library().SetClientSize(Library().GetMinClientSize());
     LetTimePass(100);
     const auto window = Library().GetClientSize();
+    const auto hint = PartOf("Hint").GetLabel();
+    EXPECT_NE(hint.find("Escape: close"), wxString::npos);
+    for (const wxString& line : wxSplit(hint, '\n'))
+      EXPECT_LE(PartOf("Hint").GetTextExtent(line).x, PartOf("Hint").GetSize().x) << line;
+    EXPECT_GE(PartOf("Hint").GetSize().y, PartOf("Hint").GetBestSize().y);
     for (const char* const name : {"Open", "Reference", "Export", "Show", "CloseButton", "Stop",
-                                   "Columns", "Filter", "Setups", "Differences"}) {
+                                   "Columns", "Filter", "Setups", "Differences", "Hint"}) {
       const auto corner = Library().ScreenToClient(PartOf(name).GetScreenRect().GetBottomRight());
       EXPECT_LE(corner.x, window.x) << name;
       EXPECT_LE(corner.y, window.y) << name;
