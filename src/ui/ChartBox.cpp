@@ -9,6 +9,7 @@
 #include <cmath>
 #include <utility>
 
+#include "app/ChartPictures.h"
 #include "charts/PlotXy.h"
 #include "platform_wx/WxText.h"
 #include "ui/ChartPainting.h"
@@ -21,6 +22,22 @@ constexpr int kSteps = 100;
 constexpr int kLargeSteps = 10;
 
 }  // namespace
+
+ChartSource SourceOf(const app::MainWindow& window, const app::ControlDesign& chart)
+{
+  return {.recorded = &(window.Form().*chart.chart),
+          .designed = {chart.place.width, chart.place.height},
+          .picture = [&window, &chart](
+                         double width,
+                         double height) { return app::ChartPicture(window, chart, width, height); },
+          .outlines =
+              [&window, &chart](double width, double height) {
+                return app::ReferencePicture(window, chart, width, height);
+              },
+          .read = [&window, &chart](
+                      double width, double height, double x,
+                      double y) { return app::ChartReading(window, chart, width, height, x, y); }};
+}
 
 ChartBox::ChartBox(wxWindow* parent, wxWindowID id, const wxString& name, ChartSource source)
     : wxWindow(parent, id, wxDefaultPosition, wxSize(1, 1),

@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "charts/PictureRecorder.h"
+#include "app/MainWindow.h"
 
 namespace velquist::ui {
 
@@ -23,6 +23,9 @@ struct ChartSource {
   /// The text to show for a place in the picture; empty for none.
   std::function<std::string(double width, double height, double x, double y)> read;
 };
+
+/// The source of the row `chart`; `window` outlives it.
+[[nodiscard]] ChartSource SourceOf(const app::MainWindow& window, const app::ControlDesign& chart);
 
 /// A picture box that shows a chart, beneath it the outlines of what the reference would, and a
 /// cross hair with what both say there: at the pointer, or where the keys have moved it. In a box

@@ -10,7 +10,6 @@
 #include <cmath>
 #include <utility>
 
-#include "app/ChartPictures.h"
 #include "app/ComparisonTable.h"
 #include "app/Flag.h"
 #include "app/FormControlSettings.h"
@@ -128,29 +127,13 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id,
       return new StepButton(panel_, id, LabelText(design.In(form)), name,
                             [this, slot = design.index] { return window_.Car().Value(slot); });
     case Shape::kChart:
-      return charts_.emplace_back(new ChartBox(panel_, id, name, SourceOf(design)));
+      return charts_.emplace_back(new ChartBox(panel_, id, name, SourceOf(window_, design)));
     case Shape::kCarPicture: return car_ = new CarPictureBox(panel_, id, name, pictures);
     case Shape::kMarquee: return marquee_ = new MarqueeBox(panel_, id, name, form.LblMarquee);
     case Shape::kNone: return nullptr;
     case Shape::kOfKind: break;
   }
   return design.kind == ControlKind::kMenu ? nullptr : MakeWidget(design.In(form), panel_, id);
-}
-
-ChartSource FrmMain::SourceOf(const app::ControlDesign& chart) const
-{
-  return {.recorded = &(window_.Form().*chart.chart),
-          .designed = {chart.place.width, chart.place.height},
-          .picture = [this, &chart](
-                         double width,
-                         double height) { return ChartPicture(window_, chart, width, height); },
-          .outlines =
-              [this, &chart](double width, double height) {
-                return ReferencePicture(window_, chart, width, height);
-              },
-          .read = [this, &chart](
-                      double width, double height, double x,
-                      double y) { return ChartReading(window_, chart, width, height, x, y); }};
 }
 
 void FrmMain::LinkMnemonics()

@@ -44,7 +44,6 @@ class FrmMain final : public wxFrame {
   void MakeWidgets(platform::WxPictureLoader& pictures);
   wxWindow* MakeWindow(const app::ControlDesign& design, wxWindowID id,
                        platform::WxPictureLoader& pictures);
-  [[nodiscard]] ChartSource SourceOf(const app::ControlDesign& chart) const;
   void LinkMnemonics();
   /// A key pressed before another is chosen must not drop the setup.
   void FocusFirstStepButton();
