@@ -67,7 +67,7 @@ std::string ListRangeText(const edit::CarSetup& car, int slot)
     return slot == setup::kFinalDrive ? car.Gears().Text(number, 2) : std::to_string(number);
   };
   const int last = edit::LengthOfList(list, car.SetupData()) - 1;
-  const auto range = end(0) + " to " + end(last);
+  auto range = end(0) + " to " + end(last);
   if (slot == setup::kFinalDrive) return range;
   const int step =
       edit::ValueInList(list, 1, car.SetupData()) - edit::FirstOfList(list, car.SetupData());
@@ -122,7 +122,7 @@ std::string NumberText(const MainWindow& window, int slot)
 std::string TipText(const MainWindow& window, int slot)
 {
   const auto& car = window.Car();
-  const std::string effect(kEffectTexts.at(static_cast<std::size_t>(slot)));
+  std::string effect(kEffectTexts.at(static_cast<std::size_t>(slot)));
   if (effect.empty()) return effect;
   try {
     if (edit::ListOfSlot(slot)) return ListRangeText(car, slot) + ". " + effect;
