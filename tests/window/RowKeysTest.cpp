@@ -231,12 +231,13 @@ TEST_F(RowKeys, AHeldSpaceBarEndsWhereTheFocusGoes)
   const float before = Value(4);
   user_.KeyDown(WXK_SPACE);
   EXPECT_TRUE(WaitUntil([&] { return Value(4) >= before + 10; }));
-  Widget("FineCheck")->SetFocus();
+  Widget("CmdInc(8)")->SetFocus();
   LetTimePass(100);
   const float left = Value(4);
   LetTimePass(300);
   EXPECT_EQ(Value(4), left);
   user_.KeyUp(WXK_SPACE);
+  LetTimePass(300);
 }
 
 }  // namespace
