@@ -18,10 +18,13 @@ namespace velquist::platform {
 /// A font whose letters are `pixels` high: the size of its em, not of a line.
 [[nodiscard]] wxFont LetterFont(const wxString& face, int pixels);
 
-/// Gives `control` letters of `font`, in `colour` or, where that is not valid, in the system's own.
-/// As SetFont and SetForegroundColour do, but controls whose letters are alike share them, so that
-/// many controls cost little.
-void SetLetters(wxWindow& control, const wxFont& font, const wxColour& colour = wxColour());
+/// Gives `control` letters of `font`, as SetFont does, but controls whose letters are alike share
+/// them, so that many controls cost little.
+void SetLetters(wxWindow& control, const wxFont& font);
+
+/// Gives `control` alone letters of `font`, in `colour` or, where that is not valid, in the
+/// system's own. Costs less than SetLetters where others stay as they are.
+void SetOwnLetters(wxWindow& control, const wxFont& font, const wxColour& colour);
 
 /// Lets the controls in `panel` be as small as their places say, where a desktop's theme would
 /// keep them larger.

@@ -57,31 +57,27 @@ void LoadTightStyleOnce()
   (void)kLoaded;
 }
 
-/// What the toolkit would put into a style sheet of a control's own.
-std::string LettersStyle(const wxFont& font, int points, const wxColour& colour)
+/// What the toolkit would put into a style sheet of a control's own, which rounds the points.
+std::string LettersStyle(const wxFont& font, int points)
 {
-  std::string style = "{font:" + std::to_string(font.GetNumericWeight()) + " " +
-                      std::to_string(points) + "pt \"" +
-                      std::string(font.GetFaceName().utf8_str()) + "\";";
-  if (colour.IsOk()) style += "color:" + std::string(colour.GetAsString().utf8_str()) + ";";
-  return style + "}";
+  return "{font:" + std::to_string(font.GetNumericWeight()) + " " + std::to_string(points) +
+         "pt \"" + std::string(font.GetFaceName().utf8_str()) + "\"}";
 }
 
 /// The class of all controls with such letters. A style sheet for each control would make the
 /// system work out each one's look by itself.
-const std::string& LettersClass(const wxFont& font, const wxColour& colour)
+const std::string& LettersClass(const wxFont& font)
 {
-  // Before what the toolkit says of a control when it gives it a text.
-  constexpr guint kPriority = GTK_STYLE_PROVIDER_PRIORITY_APPLICATION + 1;
+  constexpr guint kPriority = GTK_STYLE_PROVIDER_PRIORITY_APPLICATION - 1;  // behind own letters
   constexpr int kUsualPoints = 40;
-  static std::map<std::string, std::string> classes;                   // by style
-  const int points = static_cast<int>(font.GetFractionalPointSize());  // as the toolkit rounds them
-  const auto style = LettersStyle(font, points, colour);
+  static std::map<std::string, std::string> classes;  // by style
+  const int points = static_cast<int>(font.GetFractionalPointSize());
+  const auto style = LettersStyle(font, points);
   if (const auto known = classes.find(style); known != classes.end()) return known->second;
   // All sizes at once, since the system looks at every widget anew for each sheet.
   std::string sheet;
   for (int each = 1; each <= std::max(points, kUsualPoints); ++each) {
-    const auto its = LettersStyle(font, each, colour);
+    const auto its = LettersStyle(font, each);
     auto& name = classes[its];
     if (!name.empty()) continue;
     name = "velquist-letters-" + std::to_string(classes.size());
@@ -90,6 +86,8 @@ const std::string& LettersClass(const wxFont& font, const wxColour& colour)
   LoadStyle(sheet.c_str(), kPriority);
   return classes.at(style);
 }
+
+constexpr char kOwnLetters[] = "velquist-own-letters";
 
 class LabelledFrame final : public wxStaticBox {
  public:
@@ -163,17 +161,20 @@ wxFont LetterFont(const wxString& face, int pixels)
   return wxFont(wxFontInfo(pixels * kPointsPerInch / resolution).FaceName(face));
 }
 
-void SetLetters(wxWindow& control, const wxFont& font, const wxColour& colour)
+void SetLetters(wxWindow& control, const wxFont& font)
 {
   constexpr char kClass[] = "velquist-letters";
-  const auto& name = LettersClass(font, colour);
   auto* const widget = G_OBJECT(control.GetHandle());
+  if (g_object_get_data(widget, kOwnLetters) != nullptr) {
+    control.SetFont(font);
+    return;
+  }
+  const auto& name = LettersClass(font);
   const auto* const before = static_cast<const char*>(g_object_get_data(widget, kClass));
   if (before == name.c_str() &&
       control.GetFont().GetFractionalPointSize() == font.GetFractionalPointSize())
     return;
   control.wxWindowBase::SetFont(font);
-  control.wxWindowBase::SetForegroundColour(colour);
   GtkStyleContext* const context = gtk_widget_get_style_context(control.GetHandle());
   if (before != nullptr) gtk_style_context_remove_class(context, before);
   gtk_style_context_add_class(context, name.c_str());
@@ -188,6 +189,14 @@ int TenthsOfMillimeter(const wxWindow&, int pixels)
   G_GNUC_BEGIN_IGNORE_DEPRECATIONS
   return pixels * kTenths * gdk_screen_get_width_mm(screen) / gdk_screen_get_width(screen);
   G_GNUC_END_IGNORE_DEPRECATIONS
+}
+
+void SetOwnLetters(wxWindow& control, const wxFont& font, const wxColour& colour)
+{
+  // A class that a control loses has the system look at all that stand beside it.
+  g_object_set_data(G_OBJECT(control.GetHandle()), kOwnLetters, &control);
+  control.SetFont(font);
+  control.SetForegroundColour(colour);
 }
 
 void AllowSmallControls(wxWindow& panel)

@@ -49,7 +49,12 @@ wxFont LetterFont(const wxString& face, int pixels)
   return wxFont(wxFontInfo(wxSize(0, pixels)).FaceName(face));
 }
 
-void SetLetters(wxWindow& control, const wxFont& font, const wxColour& colour)
+void SetLetters(wxWindow& control, const wxFont& font)
+{
+  control.SetFont(font);
+}
+
+void SetOwnLetters(wxWindow& control, const wxFont& font, const wxColour& colour)
 {
   control.SetFont(font);
   control.SetForegroundColour(colour);

@@ -45,10 +45,10 @@ void SetMarked(wxWindow& window, bool marked)
 {
   const wxFont font = window.GetFont();
   if (marked)
-    platform::SetLetters(window, font.Bold(),
-                         MarkColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE)));
+    platform::SetOwnLetters(window, font.Bold(),
+                            MarkColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE)));
   else
-    platform::SetLetters(window, font.GetBaseFont());
+    platform::SetOwnLetters(window, font.GetBaseFont(), wxColour());
 }
 
 }  // namespace velquist::ui

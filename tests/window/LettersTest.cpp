@@ -83,9 +83,6 @@ TEST_F(Letters, AreSharedByControlsWhoseLettersAreAlike)
   };
   EXPECT_EQ(classes("Label1(4)"), classes("Label1(5)"));
   EXPECT_NE(classes("Label1(4)"), classes("Label4"));
-  editor.Play("click CmdInc(4)\nclick CmdInc(30)\n");
-  EXPECT_EQ(classes("Label1(4)"), classes("Label1(30)"));
-  EXPECT_NE(classes("Label1(4)"), classes("Label1(6)"));
 }
 
 }  // namespace
