@@ -33,8 +33,6 @@ constexpr int kFirstId = wxID_HIGHEST + 1;
 constexpr int kLeastClientWidth = 700;
 constexpr int kLeastClientHeight = 440;
 
-constexpr int kLongestPause = 1000;  ///< milliseconds between looks at the clock for the marquee
-
 int Rounded(float value)
 {
   return static_cast<int>(std::nearbyint(value));
@@ -280,7 +278,7 @@ void FrmMain::SetTimer()
     timer_.Stop();
     return;
   }
-  timer_.StartOnce(std::clamp(window_.UntilTick(), 1, kLongestPause));
+  timer_.StartOnce(std::max(window_.UntilTick(), 1));
 }
 
 const app::ControlDesign* FrmMain::DesignOf(int id) const

@@ -92,6 +92,15 @@ TEST_F(Behaviour, ThePointerIsBusyWhileASetupThatAnotherProgramChangedIsReadAgai
   EXPECT_FALSE(wxIsBusy());
 }
 
+TEST_F(Behaviour, ARestingQuotationWakesTheProgramOnlyWhenItMoves)
+{
+  Start();
+  editor.Play("tick 0\n");
+  Frame().RunMarquee();
+  constexpr int kRest = 30000;  // milliseconds
+  EXPECT_GE(Frame().MarqueeTimer().GetInterval(), kRest);
+}
+
 TEST_F(Behaviour, TheMarqueeRestsWhileTheWindowIsMinimised)
 {
   Start();
