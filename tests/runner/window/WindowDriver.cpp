@@ -87,7 +87,10 @@ class WindowDriver final : public Driver {
 
   void Stop() override
   {
-    if (frame_) frame_->Destroy();
+    if (frame_) {
+      frame_->SetEvtHandlerEnabled(false);  // whom it would ask may be gone
+      frame_->Destroy();
+    }
     LetWindowSystemWork();
     library_.reset();
     window_.reset();
