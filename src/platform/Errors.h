@@ -30,8 +30,8 @@ class FileError : public std::runtime_error {
   std::string reason_;
 };
 
-/// The file was written and has its name, but the directory that says so could not be flushed to the
-/// disk.
+/// The file was written and has its name, but the directory that says so could not be flushed to
+/// the disk.
 class NotFlushedError : public FileError {
  public:
   using FileError::FileError;

@@ -16,8 +16,8 @@ enum class ListKeys {
 /// that item with a key is no event.
 void SetUpChoice(wxChoice& list, ListKeys keys);
 
-/// Cuts the start of an item that is too long for the closed `list`, where the system lets it: paths
-/// differ at their ends.
+/// Cuts the start of an item that is too long for the closed `list`, where the system lets it:
+/// paths differ at their ends.
 void CutItemsAtStart(wxChoice& list);
 
 }  // namespace velquist::platform
