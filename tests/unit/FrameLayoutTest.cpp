@@ -60,7 +60,9 @@ TEST(FrameLayout, HasTheSameMarginAtBothSidesOfAFrameAndBetweenFrames)
   constexpr int kMargin = 8;
   const auto frames = Frames();
   ASSERT_EQ(frames.size(), 10U);
-  for (const auto& [frame, rows] : frames) {
+  for (const auto& each : frames) {
+    const auto* const frame = each.first;
+    const auto& rows = each.second;
     SCOPED_TRACE(std::string(frame->name) + std::to_string(frame->index));
     int left = Right(frame->place);
     int right = 0;
