@@ -81,7 +81,9 @@ const std::string& LettersClass(const wxFont& font)
     auto& name = classes[its];
     if (!name.empty()) continue;
     name = "velquist-letters-" + std::to_string(classes.size());
-    sheet.append("." + name + ",." + name + " label,." + name + " cellview").append(its);
+    for (const auto* const inner : {"", " label", " cellview"})
+      sheet.append(sheet.empty() || sheet.back() == '}' ? "." : ",.").append(name).append(inner);
+    sheet.append(its);
   }
   LoadStyle(sheet.c_str(), kPriority);
   return classes.at(style);

@@ -73,6 +73,8 @@ void RowKeys::Add(const app::ControlDesign& design, wxWindow& window)
                        stops_.back().design->frame_index == design.frame_index &&
                        stops_.back().design->place.top == design.place.top;
   stops_.push_back({&design, &window, button, goes_on ? rows_ - 1 : rows_++});
+  // Enter does not get to the top on every system.
+  window.Bind(wxEVT_CHAR_HOOK, &RowKeys::OnKeyDown, this);
   window.Bind(wxEVT_KEY_UP, [this](wxKeyEvent& event) {
     event.Skip();
     if (Plain(event.GetKeyCode()) == page_key_) page_key_ = WXK_NONE;
