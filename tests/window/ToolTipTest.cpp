@@ -56,7 +56,7 @@ TEST_F(ToolTips, AppearOverEveryKindOfControl)
     const auto tip = widget->GetToolTipText().utf8_string();
     ASSERT_NE(tip, "") << name;
     PointAt(*widget);
-    EXPECT_TRUE(WaitUntil([&] { return ShownTip() == tip; }, 3000)) << name << ": " << ShownTip();
+    EXPECT_TRUE(WaitUntil([&] { return ShownTip() == tip; }, 8000)) << name << ": " << ShownTip();
   }
 }
 
