@@ -15,8 +15,11 @@ namespace velquist::platform {
 /// each size of it, and not for one that it has.
 [[nodiscard]] wxString LetterFace(const wxString& face);
 
-/// A font whose letters are `pixels` high: the size of its em, not of a line.
-[[nodiscard]] wxFont LetterFont(const wxString& face, int pixels);
+/// A font to draw with, whose letters are `pixels` high: the size of its em, not of a line.
+[[nodiscard]] wxFont LetterFont(const wxString& face, double pixels);
+
+/// The same as near as the letters of controls can be.
+[[nodiscard]] wxFont ControlFont(const wxString& face, int pixels);
 
 /// Gives `control` letters of `font`, as SetFont does, but controls whose letters are alike share
 /// them, so that many controls cost little.
@@ -33,15 +36,8 @@ void AllowSmallControls(wxWindow& panel);
 /// True when a wxClientDC paints what is on the screen, and not only a wxPaintDC.
 [[nodiscard]] bool PaintsAtOnce();
 
-/// What a screen reader says for `control`, and what it can add in place of what it added before;
-/// an empty text leaves the system's own.
-void SetSpoken(wxWindow& control, const wxString& name, const wxString& description);
-
 /// A frame whose label names the frame alone and not the control behind it.
 [[nodiscard]] wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name);
-
-/// Tells a screen reader that `line`, a line of what was done last, says `text` now.
-void Announce(wxWindow& line, const wxString& text);
 
 /// Lets the label of a box or option be cut while the control is placed anew: the system may do so
 /// before it knows of smaller letters.

@@ -57,7 +57,7 @@ void LoadTightStyleOnce()
   (void)kLoaded;
 }
 
-/// What the toolkit would put into a style sheet of a control's own, which rounds the points.
+/// What the toolkit would put into a style sheet of a control's own.
 std::string LettersStyle(const wxFont& font, int points)
 {
   return "{font:" + std::to_string(font.GetNumericWeight()) + " " + std::to_string(points) +
@@ -69,17 +69,17 @@ std::string LettersStyle(const wxFont& font, int points)
 const std::string& LettersClass(const wxFont& font)
 {
   constexpr guint kPriority = GTK_STYLE_PROVIDER_PRIORITY_APPLICATION - 1;  // behind own letters
-  constexpr int kUsualPoints = 40;
+  constexpr int kInSheet = 16;  // the sizes of one design and screen are near each other
   static std::map<std::string, std::string> classes;  // by style
-  const int points = static_cast<int>(font.GetFractionalPointSize());
+  const int points = font.GetPointSize();
   const auto style = LettersStyle(font, points);
   if (const auto known = classes.find(style); known != classes.end()) return known->second;
-  // All sizes at once, since the system looks at every widget anew for each sheet.
+  // Many sizes at once, since the system looks at every widget anew for each sheet.
   std::string sheet;
-  for (int each = 1; each <= std::max(points, kUsualPoints); ++each) {
+  const int first = (points - 1) / kInSheet * kInSheet + 1;
+  for (int each = first; each < first + kInSheet; ++each) {
     const auto its = LettersStyle(font, each);
     auto& name = classes[its];
-    if (!name.empty()) continue;
     name = "velquist-letters-" + std::to_string(classes.size());
     for (const auto* const inner : {"", " label", " cellview"})
       sheet.append(sheet.empty() || sheet.back() == '}' ? "." : ",.").append(name).append(inner);
@@ -133,6 +133,14 @@ class LabelledFrame final : public wxStaticBox {
   }
 };
 
+double Points(double pixels)
+{
+  constexpr double kUsualResolution = 96;  // where the desktop sets none
+  constexpr double kPointsPerInch = 72;
+  const double set = gdk_screen_get_resolution(gdk_screen_get_default());
+  return pixels * kPointsPerInch / (set > 0 ? set : kUsualResolution);
+}
+
 }  // namespace
 
 wxString LetterFace(const wxString& face)
@@ -153,14 +161,17 @@ wxString LetterFace(const wxString& face)
   return name;
 }
 
-wxFont LetterFont(const wxString& face, int pixels)
+wxFont LetterFont(const wxString& face, double pixels)
 {
   // The toolkit's own sizes in pixels are those of a line.
-  constexpr double kUsualResolution = 96;  // where the desktop sets none
-  constexpr double kPointsPerInch = 72;
-  const double set = gdk_screen_get_resolution(gdk_screen_get_default());
-  const double resolution = set > 0 ? set : kUsualResolution;
-  return wxFont(wxFontInfo(pixels * kPointsPerInch / resolution).FaceName(face));
+  return wxFont(wxFontInfo(Points(pixels)).FaceName(face));
+}
+
+wxFont ControlFont(const wxString& face, int pixels)
+{
+  // Style sheets take whole points. Letters of other sizes would be measured as they are not shown,
+  // and be one more font to look for.
+  return wxFont(wxFontInfo(std::max(static_cast<int>(Points(pixels)), 1)).FaceName(face));
 }
 
 void SetLetters(wxWindow& control, const wxFont& font)
@@ -173,9 +184,7 @@ void SetLetters(wxWindow& control, const wxFont& font)
   }
   const auto& name = LettersClass(font);
   const auto* const before = static_cast<const char*>(g_object_get_data(widget, kClass));
-  if (before == name.c_str() &&
-      control.GetFont().GetFractionalPointSize() == font.GetFractionalPointSize())
-    return;
+  if (before == name.c_str() && control.GetFont().GetPointSize() == font.GetPointSize()) return;
   control.wxWindowBase::SetFont(font);
   GtkStyleContext* const context = gtk_widget_get_style_context(control.GetHandle());
   if (before != nullptr) gtk_style_context_remove_class(context, before);
@@ -212,29 +221,9 @@ bool PaintsAtOnce()
   return GDK_IS_X11_DISPLAY(gdk_display_get_default());
 }
 
-void SetSpoken(wxWindow& control, const wxString& name, const wxString& description)
-{
-  AtkObject* spoken = gtk_widget_get_accessible(control.GetHandle());
-  if (spoken == nullptr) return;
-  if (!name.empty()) atk_object_set_name(spoken, name.utf8_str());
-  if (!description.empty() || spoken->description != nullptr)
-    atk_object_set_description(spoken, description.utf8_str());
-}
-
 wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name)
 {
   return new LabelledFrame(parent, id, name);
-}
-
-void Announce(wxWindow& line, const wxString& text)
-{
-  AtkObject* spoken = gtk_widget_get_accessible(line.GetHandle());
-  if (spoken == nullptr) return;
-  atk_object_set_role(spoken, ATK_ROLE_STATUSBAR);
-  atk_object_set_name(spoken, text.utf8_str());
-  constexpr char kAnnouncement[] = "announcement";  // older systems have none
-  if (g_signal_lookup(kAnnouncement, G_OBJECT_TYPE(spoken)) != 0)
-    g_signal_emit_by_name(spoken, kAnnouncement, static_cast<const char*>(text.utf8_str()));
 }
 
 void AllowCutLabel(wxWindow& control)

@@ -1,50 +1,22 @@
 // SPDX-License-Identifier: MIT
-#include <wx/access.h>
+#include <wx/gdicmn.h>
 #include <wx/msw/wrapwin.h>
 
 #include "platform_wx/NativeLook.h"
 
 namespace velquist::platform {
-namespace {
-
-/// Adds a name and a description to what the system tells about a control.
-class Spoken final : public wxAccessible {
- public:
-  explicit Spoken(wxWindow* window) : wxAccessible(window) {}
-
-  void Set(const wxString& name, const wxString& description)
-  {
-    name_ = name;
-    description_ = description;
-  }
-
-  wxAccStatus GetName(int child, wxString* name) override { return Tell(child, name_, name); }
-
-  wxAccStatus GetDescription(int child, wxString* description) override
-  {
-    return Tell(child, description_, description);
-  }
-
- private:
-  static wxAccStatus Tell(int child, const wxString& text, wxString* told)
-  {
-    if (child != wxACC_SELF || text.empty()) return wxACC_NOT_IMPLEMENTED;
-    *told = text;
-    return wxACC_OK;
-  }
-
-  wxString name_;
-  wxString description_;
-};
-
-}  // namespace
-
 wxString LetterFace(const wxString& face)
 {
   return face;
 }
 
-wxFont LetterFont(const wxString& face, int pixels)
+wxFont LetterFont(const wxString& face, double pixels)
+{
+  constexpr double kPointsPerInch = 72;
+  return wxFont(wxFontInfo(pixels * kPointsPerInch / wxGetDisplayPPI().y).FaceName(face));
+}
+
+wxFont ControlFont(const wxString& face, int pixels)
 {
   return wxFont(wxFontInfo(wxSize(0, pixels)).FaceName(face));
 }
@@ -76,26 +48,9 @@ bool PaintsAtOnce()
   return true;
 }
 
-void SetSpoken(wxWindow& control, const wxString& name, const wxString& description)
-{
-  auto* spoken = dynamic_cast<Spoken*>(control.GetAccessible());
-  if (spoken == nullptr) {
-    if (name.empty() && description.empty()) return;
-    spoken = new Spoken(&control);
-    control.SetAccessible(spoken);
-  }
-  spoken->Set(name, description);
-}
-
 wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name)
 {
   return new wxStaticBox(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), 0, name);
-}
-
-void Announce(wxWindow& line, const wxString&)
-{
-  // The system's line tells its text itself when it is asked.
-  ::NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, line.GetHWND(), OBJID_CLIENT, 1);
 }
 
 void AllowCutLabel(wxWindow&)

@@ -162,28 +162,43 @@ void ChartBox::OnPaint()
 {
   wxAutoBufferedPaintDC paint(this);
   const wxSize size = GetClientSize();
-  const double scale = GetContentScaleFactor();
   if (size.x < 1 || size.y < 1) return;
-  if (!painted_.IsOk() || painted_.GetSize() != size * scale) {
-    const double zoom = Zoom();
-    const auto drawn = PictureSize();
-    painted_.CreateScaled(size.x, size.y, wxBITMAP_SCREEN_DEPTH, scale);
-    wxMemoryDC memory(painted_);
-    DrawChart(memory, zoom > 1 ? source_.picture(drawn.x, drawn.y) : *source_.recorded,
-              source_.outlines(drawn.x, drawn.y), zoom);
+  const auto cross = CrossHair();
+  if (cross) {
+    paint.DrawBitmap(Painted(), 0, 0);
+  } else {
+    painted_ = wxBitmap();
+    Draw(paint);
   }
-  paint.DrawBitmap(painted_, 0, 0);
   paint.SetBrush(*wxTRANSPARENT_BRUSH);
   if (HasFocus()) {
     paint.SetPen(wxPen(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT), 2));
     paint.DrawRectangle(wxRect(size).Deflate(1, 1));
   }
-  if (const auto cross = CrossHair()) {
+  if (cross) {
     DrawCrossHair(paint, *cross, Plot());
     DrawReading(paint, platform::FromText(reading_), *cross, size);
-  } else {
-    painted_ = wxBitmap();  // pays only while the cross has it painted again and again
   }
+}
+
+void ChartBox::Draw(wxDC& dc) const
+{
+  const double zoom = Zoom();
+  const auto size = PictureSize();
+  DrawChart(dc, zoom > 1 ? source_.picture(size.x, size.y) : *source_.recorded,
+            source_.outlines(size.x, size.y), zoom);
+}
+
+/// Kept while the cross hair has it painted again and again.
+const wxBitmap& ChartBox::Painted()
+{
+  const wxSize size = GetClientSize();
+  const double scale = GetContentScaleFactor();
+  if (painted_.IsOk() && painted_.GetSize() == size * scale) return painted_;
+  painted_.CreateScaled(size.x, size.y, wxBITMAP_SCREEN_DEPTH, scale);
+  wxMemoryDC memory(painted_);
+  Draw(memory);
+  return painted_;
 }
 
 }  // namespace velquist::ui

@@ -46,6 +46,8 @@ class ChartBox final : public wxWindow {
 
  private:
   void OnPaint();
+  void Draw(wxDC& dc) const;
+  const wxBitmap& Painted();
   void OnPointer(std::optional<wxPoint> pointer);
   void OnKey(wxKeyEvent& event);
   void OnFocus(bool has_focus);

@@ -7,11 +7,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <map>
 #include <memory>
 #include <vector>
 
 #include "charts/PlotXy.h"
+#include "platform_wx/NativeLook.h"
 #include "platform_wx/WxText.h"
 #include "ui/Widgets.h"
 
@@ -24,37 +24,6 @@ wxColour ToWx(const platform::Colour& colour)
 {
   return {colour.red, colour.green, colour.blue};
 }
-
-/// Fonts by letter height. Font sizes that the toolkit takes in pixels are those of the whole line.
-class LetterFonts {
- public:
-  explicit LetterFonts(wxDC& dc) : dc_(dc) {}
-
-  const wxFont& Of(double letter_height)
-  {
-    auto& font = fonts_[letter_height];
-    if (!font.IsOk())
-      font = wxFont(wxFontInfo(letter_height / PixelsPerPoint()).FaceName(LetterFace()));
-    return font;
-  }
-
- private:
-  double PixelsPerPoint()
-  {
-    if (pixels_per_point_ > 0) return pixels_per_point_;
-    constexpr double kPoints = 100;
-    constexpr double kDigitWidth = 0.5562;  // of the letter height
-    const wxString digits("0000000000");
-    dc_.SetFont(wxFont(wxFontInfo(kPoints).FaceName(LetterFace())));
-    const double measured = dc_.GetTextExtent(digits).x;
-    pixels_per_point_ = measured / (static_cast<double>(digits.length()) * kDigitWidth * kPoints);
-    return pixels_per_point_;
-  }
-
-  wxDC& dc_;
-  double pixels_per_point_ = 0;
-  std::map<double, wxFont> fonts_;
-};
 
 bool IsAlongPixels(const Primitive& line)
 {
@@ -179,13 +148,12 @@ std::vector<Primitive> Outlines(const std::vector<Primitive>& drawn)
 /// Above all shapes, with the system's own text, which finds a font in place of a missing one.
 void DrawTexts(wxDC& dc, const std::vector<Primitive>& drawn)
 {
-  LetterFonts fonts(dc);
   double letter_height = 0;
   dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
   for (const auto& text : drawn) {
     if (text.kind != Primitive::Kind::kText) continue;
-    const auto& font = fonts.Of(text.letter_height);
-    if (text.letter_height != letter_height) dc.SetFont(font);
+    if (text.letter_height != letter_height)
+      dc.SetFont(platform::LetterFont(LetterFace(), text.letter_height));
     letter_height = text.letter_height;
     dc.SetTextForeground(ToWx(text.colour));
     const wxString shown = platform::FromText(text.text);
@@ -216,24 +184,25 @@ std::vector<Primitive> Enlarged(std::vector<Primitive> drawn, double zoom)
 }
 
 /// One above the other, the texts of all of them last.
-void DrawLayers(wxMemoryDC& dc, platform::Colour background,
+void DrawLayers(wxDC& dc, platform::Colour background,
                 const std::vector<std::vector<Primitive>>& layers)
 {
   dc.SetBackground(wxBrush(ToWx(background)));
   dc.Clear();
-  if (const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc)); context)
+  if (const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::CreateFromUnknownDC(dc));
+      context)
     for (const auto& layer : layers) DrawShapes(*context, layer);
   for (const auto& layer : layers) DrawTexts(dc, layer);
 }
 
 }  // namespace
 
-void DrawPicture(wxMemoryDC& dc, const charts::PictureRecorder& picture)
+void DrawPicture(wxDC& dc, const charts::PictureRecorder& picture)
 {
   DrawLayers(dc, picture.Background(), {picture.Drawn()});
 }
 
-void DrawChart(wxMemoryDC& dc, const charts::PictureRecorder& chart,
+void DrawChart(wxDC& dc, const charts::PictureRecorder& chart,
                const charts::PictureRecorder& outlined, double zoom)
 {
   DrawLayers(dc, chart.Background(),
@@ -282,8 +251,7 @@ void DrawReading(wxDC& dc, const wxString& text, wxPoint pointer, wxSize size)
   constexpr int kBeside = 12;  ///< from the pointer to the box
   static const wxColour kPaper(255, 255, 225);
   static const wxColour kFrame(118, 118, 118);
-  LetterFonts fonts(dc);
-  dc.SetFont(fonts.Of(letters));
+  dc.SetFont(platform::LetterFont(LetterFace(), letters));
   wxSize box = dc.GetMultiLineTextExtent(text);
   box.IncBy(2 * kPadding, 2 * kPadding - 4);
   const auto place = [](int at, int length, int room) {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <wx/dc.h>
-#include <wx/dcmemory.h>
 #include <wx/gdicmn.h>
 #include <wx/string.h>
 
@@ -13,11 +12,11 @@
 namespace velquist::ui {
 
 /// Draws all that `picture` holds: what runs along the pixels sharp, curves smoothed.
-void DrawPicture(wxMemoryDC& dc, const charts::PictureRecorder& picture);
+void DrawPicture(wxDC& dc, const charts::PictureRecorder& picture);
 
 /// The same of a chart, enlarged by `zoom`. Beneath it the thin outlines of what is coloured in
 /// `outlined`, a picture on the same axes, and what BeyondLimit says.
-void DrawChart(wxMemoryDC& dc, const charts::PictureRecorder& chart,
+void DrawChart(wxDC& dc, const charts::PictureRecorder& chart,
                const charts::PictureRecorder& outlined, double zoom);
 
 /// Where an engine does not run: a shade over the plot box beyond the limit that a chart has drawn

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform_wx/NativeLook.h"
+#include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/MarkColour.h"
 
@@ -27,11 +28,8 @@ DifferenceCount::DifferenceCount(wxStatusBar* line, const std::function<void()>&
 {
   platform::AllowSmallControls(*line);
   SetFont(line->GetFont());
-  // Room for the widest text, so that the field never moves.
-  const wxFont bold = GetFont().Bold();
-  int width = 0;
-  line->GetTextExtent(CountText(88) + "mm", &width, nullptr, nullptr, nullptr, &bold);
-  const std::array<int, 2> widths = {-1, width};
+  // Room for the widest text, bold ones as well, so that the field never moves.
+  const std::array<int, 2> widths = {-1, line->GetTextExtent(CountText(88) + "mmm").x};
   line->SetFieldsCount(static_cast<int>(widths.size()), widths.data());
   Bind(wxEVT_BUTTON, [compare](wxCommandEvent&) { compare(); });
   line->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {

@@ -6,6 +6,7 @@
 #include <wx/stattext.h>
 
 #include "platform_wx/NativeLook.h"
+#include "platform_wx/Spoken.h"
 
 namespace velquist::ui {
 

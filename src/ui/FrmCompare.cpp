@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "platform_wx/NativeLook.h"
+#include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/Clipboard.h"
 

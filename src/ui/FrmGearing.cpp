@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "export/PictureSvg.h"
-#include "platform_wx/NativeLook.h"
+#include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/Clipboard.h"
 #include "ui/Widgets.h"

@@ -8,6 +8,7 @@
 #include "app/Dialogs.h"
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/ProgramIcons.h"
+#include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/ManualStyle.h"
 

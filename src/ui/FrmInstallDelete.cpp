@@ -7,6 +7,7 @@
 
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/ProgramIcons.h"
+#include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 
 namespace velquist::ui {

@@ -9,6 +9,7 @@
 
 #include "app/ComparisonTable.h"
 #include "platform_wx/NativeLook.h"
+#include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/FrmColumns.h"
 #include "ui/FrmLibrary.h"

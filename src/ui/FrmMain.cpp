@@ -2,12 +2,12 @@
 #include "ui/FrmMain.h"
 
 #include <wx/stattext.h>
-#include <wx/statusbr.h>
 #include <wx/utils.h>
 #include <wx/wupdlock.h>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 #include "app/ComparisonTable.h"
@@ -16,9 +16,11 @@
 #include "app/SpokenTexts.h"
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/ProgramIcons.h"
+#include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/FileDrop.h"
 #include "ui/MarkColour.h"
+#include "ui/StatusLine.h"
 #include "ui/StepButton.h"
 
 namespace velquist::ui {
@@ -75,6 +77,13 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
   FocusFirstStepButton();
 }
 
+bool FrmMain::Show(bool show)
+{
+  const bool other = wxFrame::Show(show);
+  if (show) ShowChanges();
+  return other;
+}
+
 void FrmMain::RunMarquee()
 {
   marquee_runs_ = true;
@@ -86,7 +95,6 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
   int id = kFirstId;
   for (const auto& design : app::FormControlSettings()) {
     if (wxWindow* const made = MakeWindow(design, id, pictures)) {
-      Describe(*made, design, {});
       keys_.Add(design, *made);
       field_.Add(design, *made);
       const auto& control = design.In(window_.Form());
@@ -100,17 +108,9 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
     if (widget.Design().kind == ControlKind::kFrame) platform::PutBehindSiblings(widget.Window());
 }
 
-/// Below the client area, which it leaves as it is.
 void FrmMain::MakeStatusLine()
 {
-  wxStatusBar* const line = CreateStatusBar(1, wxSTB_DEFAULT_STYLE, wxID_ANY, "Status");
-  line->SetFont(ControlFont(window_.Form().Label4.font_size));
-  const int height = line->GetCharHeight() + 2;
-  line->SetMinHeight(height);
-  // Which not every system heeds.
-  const int whole = height + 2 * line->GetBorderY();
-  if (line->GetSize().y < whole)
-    line->SetSize(wxDefaultCoord, wxDefaultCoord, wxDefaultCoord, whole);
+  wxStatusBar* const line = StatusLine(*this, ControlFont(window_.Form().Label4.font_size));
   count_ = new DifferenceCount(line, [this] { Handle([this] { window_.Click("MnuCompare"); }); });
 }
 
@@ -170,8 +170,10 @@ void FrmMain::BindEvents()
   Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTick(); });
   Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
     event.Skip();
-    const wxBusyCursor busy;  // a setup that was changed on the disk may be read again
-    if (event.GetActive()) Handle([this] { window_.Activated(); });
+    if (!event.GetActive()) return;
+    std::optional<wxBusyCursor> busy;  // the first one takes longer than a look at the file
+    if (window_.State().open_file.IsChangedOnDisk(window_.Surroundings().files)) busy.emplace();
+    Handle([this] { window_.Activated(); });
   });
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
     event.Skip();
@@ -233,7 +235,9 @@ void FrmMain::ShowChanges()
     widget.BringInLine(form.IsShown(widget.Shown()));
     widget.Tell({app::SpokenText(window_, design), tips_.Of(design), differences_.Of(design), {}});
   }
-  for (auto& widget : widgets_) widget.KeepTextWhole();
+  // Not before the window is shown, which has the system work out the looks of everything again.
+  if (IsShown())
+    for (auto& widget : widgets_) widget.KeepTextWhole();
   count_->BringInLine(window_.Form().DifferenceCount(), app::ReferenceName(window_));
   ShowFile();
   menus_.BringInLine();

@@ -37,6 +37,7 @@ class FrmMain final : public wxFrame {
   /// Lets the time run for the marquee; without it only timer events given to the window do.
   void RunMarquee();
 
+  bool Show(bool show = true) override;
   [[nodiscard]] const Menus& GetMenus() const { return menus_; }
   [[nodiscard]] wxTimer& MarqueeTimer() { return timer_; }
 

@@ -9,6 +9,7 @@
 
 #include "app/CarPictures.h"
 #include "platform_wx/NativeLook.h"
+#include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/Widgets.h"
 
@@ -108,7 +109,19 @@ void MarqueeBox::BringInLine()
 void MarqueeBox::OnPaint()
 {
   wxPaintDC paint(this);
-  if (!text_.empty() && !at_.IsEmpty()) paint.DrawBitmap(Painted(), at_.GetPosition());
+  if (text_.empty() || at_.IsEmpty()) return;
+  if (painted_.IsOk())
+    paint.DrawBitmap(Painted(), at_.GetPosition());
+  else
+    Paint(paint, at_.GetPosition());  // it may never run
+}
+
+void MarqueeBox::Paint(wxDC& dc, wxPoint at) const
+{
+  const wxString text = platform::FromText(text_);
+  dc.SetFont(ControlFont(quotation_.font_size));
+  dc.SetTextForeground(GetForegroundColour());
+  dc.DrawText(text, at.x, at.y + (at_.height - dc.GetTextExtent(text).y) / 2);
 }
 
 /// A drawing context asks for them, and without being told once they are looked up every time.
@@ -126,14 +139,11 @@ const wxBitmap& MarqueeBox::Painted()
 {
   const double scale = GetContentScaleFactor();
   if (painted_.IsOk() && painted_.GetScaleFactor() == scale) return painted_;
-  const wxString text = platform::FromText(text_);
   painted_.CreateScaled(at_.width + kMarqueeMargin, at_.height, wxBITMAP_SCREEN_DEPTH, scale);
   wxMemoryDC memory(painted_);
   memory.SetBackground(GetBackgroundColour());
   memory.Clear();
-  memory.SetFont(ControlFont(quotation_.font_size));
-  memory.SetTextForeground(GetForegroundColour());
-  memory.DrawText(text, 0, (at_.height - memory.GetTextExtent(text).y) / 2);
+  Paint(memory, wxPoint());
   return painted_;
 }
 

@@ -51,12 +51,13 @@ class MarqueeBox final : public wxPanel {
  private:
   void OnPaint();
   void OnColoursChanged();
+  void Paint(wxDC& dc, wxPoint at) const;
   [[nodiscard]] const wxBitmap& Painted();
 
   const app::Control& quotation_;
   std::string text_;  ///< as last shown
   wxRect at_;         ///< of the quotation in the box, as last shown
-  wxBitmap painted_;  ///< the quotation; none when it is to be painted anew
+  wxBitmap painted_;  ///< the quotation, once it has run
 };
 
 }  // namespace velquist::ui

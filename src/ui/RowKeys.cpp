@@ -56,11 +56,9 @@ RowKeys::RowKeys(wxWindow& top, Type type) : top_(top), type_(std::move(type))
 void RowKeys::Add(const app::ControlDesign& design, wxWindow& window)
 {
   if (design.kind == app::ControlKind::kFrame && !design.shortcut.empty()) {
-    const wxString shortcut = platform::FromText(design.shortcut);
-    if (wxAcceleratorEntry entry; entry.FromString(shortcut)) {
+    wxAcceleratorEntry entry;
+    if (entry.FromString(platform::FromText(design.shortcut)))
       groups_.push_back({&design, entry.GetKeyCode()});
-      window.SetToolTip(shortcut + " comes here");
-    }
   }
   if (!window.AcceptsFocus()) return;
   auto* const button = dynamic_cast<StepButton*>(&window);

@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform_wx/NativeLook.h"
 #include "platform_wx/ProgramIcons.h"
+#include "platform_wx/Spoken.h"
 
 namespace velquist::ui {
 namespace {

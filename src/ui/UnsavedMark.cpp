@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-#include "platform_wx/NativeLook.h"
+#include "platform_wx/Spoken.h"
 
 namespace velquist::ui {
 

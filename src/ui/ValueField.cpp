@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "app/ValueTexts.h"
-#include "platform_wx/NativeLook.h"
+#include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/MarkColour.h"
 #include "ui/StepButton.h"

@@ -12,6 +12,7 @@
 #include "app/FormControlSettings.h"
 #include "platform_wx/ListChoice.h"
 #include "platform_wx/NativeLook.h"
+#include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/MarkColour.h"
 
@@ -86,7 +87,7 @@ const wxString& LetterFace()
 
 wxFont ControlFont(int pixels)
 {
-  return platform::LetterFont(LetterFace(), pixels);
+  return platform::ControlFont(LetterFace(), pixels);
 }
 
 ControlWidget::ControlWidget(const app::Control& control, wxWindow& window)
@@ -140,7 +141,7 @@ void ControlWidget::Tell(Told told)
   if (Design().kind == ControlKind::kList && Design().ellipsis) told.whole = control_->text;
   if (told == told_) return;
   told_ = std::move(told);
-  Describe(*window_, Design(), told_);
+  Describe(*window_, Design(), *told_);
 }
 
 void ControlWidget::TakeUserChange()
@@ -248,6 +249,8 @@ void Describe(wxWindow& window, const app::ControlDesign& design, const Told& to
   platform::SetSpoken(window, platform::FromText(design.spoken),
                       join(told.more.empty() ? tip : platform::FromText(told.more), ", ", changed));
   wxString shown = join(tip, "\n", platform::FromText(told.line));
+  if (design.kind == ControlKind::kFrame && !design.shortcut.empty())
+    shown = platform::FromText(design.shortcut) + " comes here";
   shown = join(join(shown, "\n", changed), "\n", platform::FromText(told.whole));
   if (shown == window.GetToolTipText()) return;
   if (shown.empty())

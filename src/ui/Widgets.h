@@ -4,6 +4,7 @@
 #include <wx/font.h>
 #include <wx/window.h>
 
+#include <optional>
 #include <string>
 
 #include "app/MainForm.h"
@@ -61,9 +62,9 @@ class ControlWidget {
 
   const app::Control* control_;
   wxWindow* window_;
-  app::Control last_;        ///< as last shown; no items and no place at first
-  bool unmeasured_ = false;  ///< text, letters or width are others
-  Told told_;                ///< last
+  app::Control last_;         ///< as last shown; no items and no place at first
+  bool unmeasured_ = false;   ///< text, letters or width are others
+  std::optional<Told> told_;  ///< last
 };
 
 /// The text with its mnemonic while it is the caption of the design.

@@ -53,6 +53,7 @@ FRONT_END = {
     "TypeAhead": ("ListsByKey.*", []),
     "MessageBoxGtk": ("MessageBoxes.*", []),
     "NativeLookGtk": ("Accessibility.*:Status.*:Mark.*:ToolTips.*", []),
+    "SpokenGtk": ("Accessibility.*:Status.*:Difference.*", []),
     "ProgramIconsElf": ("Icons.*", []),
     "WxDialogs": ("FileDialogs.*", []),
     "WxPictureLoader": ("Behaviour.*", ["face/car-pictures.scn"]),

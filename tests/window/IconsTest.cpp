@@ -17,7 +17,7 @@
 namespace velquist::testing {
 namespace {
 
-constexpr int kSizes[] = {16, 24, 32, 48, 64, 128, 256};
+constexpr int kSizes[] = {16, 24, 32, 48, 64};
 
 class Icons : public RealWindow {};
 
