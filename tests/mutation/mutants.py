@@ -50,6 +50,7 @@ def code_of(text):
     """The text with all that is not code of this system as blanks."""
     blank = lambda match: re.sub(r"[^\n]", " ", match.group())
     literal = lambda match: '"' + "_" * (len(match.group()) - 2) + '"'
+    text = re.sub(r'\bR"(\w*)\(.*?\)\1"', blank, text, flags=re.S)
     tokens = re.compile(r'//[^\n]*|/\*.*?\*/|("(?:\\.|[^"\\\n])*"|(?<![0-9a-fA-F])\'(?:\\.|[^\'\\\n])+\')', re.S)
     text = tokens.sub(lambda match: literal(match) if match.group(1) else blank(match), text)
     lines, other = [], []
@@ -120,7 +121,8 @@ def changed_lines(code):
             yield "negation", (match.end(), end), None
     simple = r"[a-z_][\w.]*(?:\(\))?"
     for match in re.finditer(rf"(?<=[\w>])\(({simple}), ({simple})(?=[,)])", code):
-        if match[1] != match[2]:
+        either_way = re.search(r"\bstd::(min|max)$", code[:match.start()])
+        if match[1] != match[2] and not either_way:
             yield "arguments", match.span(1), None
     match = re.match(r"\s*(?:else )?return (?!(?:\{\}|true|false|0|nullptr|std::nullopt);)(.+);$", code)
     if match:
