@@ -23,7 +23,7 @@ DISPLAY = ["scripts/with-display", "-s"]
 # Suites of tests/window, and directories or files of tests/scenarios, for sources of the front end.
 FRONT_END = {
     "ChartBox": ("ChartReading.*:Compare.*:Accessibility.*", ["charts"]),
-    "ChartPainting": ("ChartReading.*:Compare.*:GearingWindow.*", ["charts"]),
+    "ChartPainting": ("ChartPainting.*:ChartReading.*:Compare.*:GearingWindow.*", ["charts"]),
     "Clipboard": ("Compare.*:GearingWindow.*", []),
     "ComparisonLines": ("Compare.*", ["reference"]),
     "DifferenceCount": ("Status.*:Mark*.*:DifferenceWords.*", ["reference"]),
