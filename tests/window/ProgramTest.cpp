@@ -113,12 +113,13 @@ class ProgramRuns : public ::testing::Test {
   void Run(const std::vector<User::Action>& actions)
   {
     wxApp::SetInstance(new ui::Program(
-        {.text = setup_, .program_directory = world_.Names().program, .window_at = std::nullopt}));
+        {.text = setup_, .program_directory = world_.Names().program, .window_at = window_at_}));
     char name[] = "velquist";
     char* words[] = {name, nullptr};
     int count = 1;
     ASSERT_TRUE(wxEntryStart(count, words));
     ASSERT_TRUE(wxTheApp->CallOnInit());
+    asked_for_ = wxTheApp->GetTopWindow()->GetRect();
     {
       User user(actions);
       EXPECT_EQ(wxTheApp->OnRun(), 0);
@@ -142,6 +143,8 @@ class ProgramRuns : public ::testing::Test {
 
   runner::World world_;
   std::string setup_;
+  std::optional<platform::ScreenPlace> window_at_;
+  wxRect asked_for_;  ///< of the window, before the window manager has a part in it
   std::vector<std::string> told_;
 };
 
@@ -210,6 +213,20 @@ TEST_F(ProgramRuns, InAWindowWithinTheDesktop)
   EXPECT_GT(window.width, 0);
   EXPECT_LE(window.width, desktop.width);
   EXPECT_LE(window.height, desktop.height);
+}
+
+TEST_F(ProgramRuns, InAWindowThatAsksForTheMiddleOfTheDesktop)
+{
+  Run({[] { wxTheApp->GetTopWindow()->Close(); }});
+  const wxRect middle = asked_for_.CentreIn(wxDisplay(0U).GetClientArea());
+  EXPECT_EQ(asked_for_, middle) << asked_for_.x << " " << asked_for_.y;
+}
+
+TEST_F(ProgramRuns, InAWindowThatAsksForTheCornerThatWasTold)
+{
+  window_at_ = {60, 50};
+  Run({[] { wxTheApp->GetTopWindow()->Close(); }});
+  EXPECT_EQ(asked_for_.GetPosition(), wxPoint(60, 50)) << asked_for_.x << " " << asked_for_.y;
 }
 
 TEST_F(ProgramRuns, ASecondTimeInTheSameDirectoryBesideTheFirstWindow)
