@@ -1,93 +1,22 @@
 // SPDX-License-Identifier: MIT
 // The window of the comparison and the count that leads to it.
-#include <gtk/gtk.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
-#include <wx/dataview.h>
-#include <wx/uiaction.h>
 #include <wx/utils.h>
 
 #include <string>
 #include <vector>
 
-#include "RealWindow.h"
+#include "CompareWindow.h"
 #include "app/ComparisonTable.h"
 #include "platform_wx/WxText.h"
 
 namespace velquist::testing {
 namespace {
 
-class Compare : public RealWindow {
- protected:
-  void Open()
-  {
-    editor.Play("click MnuCompare\n");
-    ASSERT_TRUE(WaitUntil([&] { return Window() != nullptr && Window()->IsShown(); }));
-  }
-  [[nodiscard]] static wxTopLevelWindow* Window()
-  {
-    return dynamic_cast<wxTopLevelWindow*>(wxWindow::FindWindowByName("FrmCompare"));
-  }
-  [[nodiscard]] static bool IsActive() { return Window() != nullptr && Window()->IsActive(); }
-  [[nodiscard]] bool IsOpen() const { return Window() != nullptr && Window()->IsShown(); }
-  template <class Widget = wxWindow>
-  [[nodiscard]] Widget& Part(const char* name) const
-  {
-    return dynamic_cast<Widget&>(*wxWindow::FindWindowByName(name, Window()));
-  }
-  [[nodiscard]] wxDataViewCtrl& Table() const { return Part<wxDataViewCtrl>("Comparison"); }
-  [[nodiscard]] const wxDataViewVirtualListModel& Lines() const
-  {
-    return dynamic_cast<const wxDataViewVirtualListModel&>(*Table().GetModel());
-  }
-  [[nodiscard]] std::string Cell(unsigned line, unsigned column) const
-  {
-    wxVariant value;
-    Lines().GetValueByRow(value, line, column);
-    return value.GetString().Trim(false).utf8_string();
-  }
-  [[nodiscard]] std::vector<std::string> Parameters() const
-  {
-    std::vector<std::string> names;
-    for (unsigned line = 0; line < Lines().GetCount(); ++line) names.push_back(Cell(line, 0));
-    return names;
-  }
-  /// As a user's click does, behind which the table tells of it.
-  void SelectLine(unsigned line, bool others_too = false)
-  {
-    if (!others_too) Table().UnselectAll();
-    Table().Select(Lines().GetItem(line));
-    wxDataViewEvent event(wxEVT_DATAVIEW_SELECTION_CHANGED, &Table(), Lines().GetItem(line));
-    Table().ProcessWindowEvent(event);
-  }
-  void Press(const char* name)
-  {
-    auto& button = Part(name);
-    ASSERT_TRUE(button.IsEnabled()) << name;
-    wxCommandEvent event(wxEVT_BUTTON, button.GetId());
-    event.SetEventObject(&button);
-    button.ProcessWindowEvent(event);
-    LetTimePass(30);
-  }
-  void Key(int key, int with = wxMOD_NONE)
-  {
-    wxUIActionSimulator().Char(key, with);
-    LetTimePass(100);
-  }
-  void FocusTable()
-  {
-    Window()->Raise();
-    ASSERT_TRUE(WaitUntil([&] { return IsActive(); }));
-    Table().SetFocus();
-    LetTimePass(100);
-  }
-  [[nodiscard]] std::string Summary() const { return Part("Summary").GetLabel().utf8_string(); }
-  [[nodiscard]] wxWindow& Count() const { return *Widget("DifferenceCount"); }
-
-  using Texts = std::vector<std::string>;
-};
+class Compare : public CompareWindow {};
 
 TEST_F(Compare, TheCountOfDifferencesIsInTheStatusLineAndLeadsToTheWindow)
 {
@@ -109,20 +38,6 @@ TEST_F(Compare, TheCountOfDifferencesIsInTheStatusLineAndLeadsToTheWindow)
   editor.Play("click MnuUndo\nclick MnuUndo\nclick MnuUndo\n");
   EXPECT_EQ(Count().GetLabel(), "No differences");
   EXPECT_LT(Count().GetFont().GetWeight(), wxFONTWEIGHT_BOLD);
-}
-
-TEST_F(Compare, TheCountTakesNoRoomOfTheControlsAndStandsInTheStatusLine)
-{
-  for (const auto screen : {ScreenSize{800, 600}, ScreenSize{1280, 1024}, ScreenSize{1920, 1080}}) {
-    Start(screen);
-    editor.Play("click CmdInc(4)\n");
-    LetTimePass(100);
-    const auto line = Frame().GetStatusBar()->GetScreenRect();
-    const auto count = Count().GetScreenRect();
-    EXPECT_TRUE(line.Contains(count));
-    EXPECT_GE(count.width, Count().GetTextExtent(Count().GetLabel()).x);
-    EXPECT_GE(count.height, Count().GetCharHeight());
-  }
 }
 
 TEST_F(Compare, FollowsEveryEditWhileItIsOpen)
@@ -303,21 +218,21 @@ TEST_F(Compare, WorksByKeyboard)
   EXPECT_EQ(Parameters(), Texts{});
 }
 
-TEST_F(Compare, IsToldToAScreenReader)
+TEST_F(Compare, TheDeleteAndEnterKeysTakeTheSelectedRowAndNotItsGroup)
 {
   Start();
+  editor.Play("click CmdInc(30)\nclick CmdInc(31)\nclick CmdInc(32)\n");
   Open();
-  const auto spoken = [&](const char* name) {
-    return gtk_widget_get_accessible(Part(name).GetHandle());
-  };
-  for (const char* const name :
-       {"TakeSelected", "TakeGroup", "TakeAll", "Copy", "CloseButton", "ReferenceFile"}) {
-    const char* const said = atk_object_get_name(spoken(name));
-    EXPECT_TRUE(said != nullptr && *said != '\0') << name;
-    EXPECT_STREQ(atk_object_get_description(spoken(name)), Part(name).GetToolTipText().utf8_str());
-  }
-  EXPECT_STREQ(atk_object_get_name(spoken("Comparison")), "Comparison with the reference");
-  EXPECT_STREQ(atk_object_get_name(spoken("Reference")), "Reference");
+  ASSERT_EQ(Parameters().size(), 4U);
+  FocusTable();
+  Key(WXK_END);
+  const auto last = Cell(3, 0);
+  Key(WXK_DELETE);
+  ASSERT_EQ(Parameters().size(), 3U);
+  EXPECT_NE(Parameters().back(), last);
+  Key(WXK_END);
+  Key(WXK_RETURN);
+  EXPECT_EQ(Parameters().size(), 2U);
 }
 
 TEST_F(Compare, ChangesNothingByBeingOpen)

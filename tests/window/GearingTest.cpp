@@ -3,6 +3,9 @@
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
 #include <wx/dataview.h>
+#include <wx/dcclient.h>
+#include <wx/dcmemory.h>
+#include <wx/image.h>
 #include <wx/notebook.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -56,6 +59,17 @@ class GearingWindow : public RealWindow {
     auto& button = Part<wxButton>(name);
     wxCommandEvent pressed(wxEVT_BUTTON, button.GetId());
     button.GetEventHandler()->ProcessEvent(pressed);
+  }
+  /// What is on the screen of a part.
+  [[nodiscard]] static wxImage Seen(wxWindow& part)
+  {
+    const wxSize area = part.GetClientSize();
+    wxClientDC screen(&part);
+    wxBitmap shown(area.x, area.y);
+    wxMemoryDC memory(shown);
+    memory.Blit(0, 0, area.x, area.y, &screen, 0, 0);
+    memory.SelectObject(wxNullBitmap);
+    return shown.ConvertToImage();
   }
   [[nodiscard]] static std::string CopiedText()
   {
@@ -164,6 +178,51 @@ TEST_F(GearingWindow, ArrowKeysMoveTheCursorAndTheReadingIsShown)
   EXPECT_EQ(Reading(), "220 mph");
   Press(WXK_RIGHT);
   EXPECT_EQ(Reading(), "220 mph");
+}
+
+TEST_F(GearingWindow, TheCursorIsABlackLineAndTheFocusAFrameAtTheEdge)
+{
+  StartWithGearing();
+  auto& chart = Part<ui::GearingChartBox>("ThrustChart");
+  const wxColour focus(0, 90, 200);
+  chart.SetFocus();
+  ASSERT_TRUE(WaitUntil([&] { return chart.HasFocus(); }));
+  const wxSize size = chart.GetClientSize();
+  wxImage image;
+  const auto at = [&](int x, int y) {
+    return wxColour(image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y));
+  };
+  ASSERT_TRUE(WaitUntil([&] {
+    image = Seen(chart);
+    return at(size.x / 2, 0) == focus;
+  }));
+  for (const int line : {0, 1}) {
+    EXPECT_EQ(at(line, size.y / 2), focus);
+    EXPECT_EQ(at(size.x / 2, line), focus);
+    EXPECT_EQ(at(size.x - 2 - line, size.y / 2), focus);
+    EXPECT_EQ(at(size.x / 2, size.y - 2 - line), focus);
+  }
+  EXPECT_NE(at(size.x / 2, 2), focus);
+  EXPECT_NE(at(size.x / 2, size.y - 4), focus);
+
+  for (const int speed : {60, 61}) {
+    Press(WXK_HOME);
+    for (int i = 0; i < 6; ++i) Press(WXK_PAGEUP);
+    if (speed == 61) Press(WXK_RIGHT);
+    const auto box = charts::GearingBox(size.x, size.y);
+    const int x =
+        static_cast<int>(std::lround(charts::PixelOfSpeed(box, Gearing().View().picture, speed)));
+    const auto black = [&](int column) {  // part of the plot box's height
+      int pixels = 0;
+      for (int y = static_cast<int>(box.top); y < static_cast<int>(box.bottom); ++y)
+        if (at(column, y) == *wxBLACK) ++pixels;
+      return pixels / box.Height();
+    };
+    EXPECT_TRUE(WaitUntil([&] {
+      image = Seen(chart);
+      return black(x) > 0.95 && black(x - 1) < 0.05 && black(x + 1) < 0.05;
+    })) << speed;
+  }
 }
 
 TEST_F(GearingWindow, ArrowKeysMoveTheCursorFromTheTableToo)

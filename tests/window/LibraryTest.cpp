@@ -141,6 +141,8 @@ TEST_F(LibraryWindow, AsksWhichValuesAreColumns)
       ASSERT_NE(question, nullptr);
       auto& list = dynamic_cast<wxCheckListBox&>(*wxWindow::FindWindowByName("Values", question));
       EXPECT_EQ(list.IsChecked(chosen), !checked);
+      EXPECT_GE(list.GetMinSize().x, list.FromDIP(320)) << "the longest value is not cut";
+      EXPECT_GE(list.GetMinSize().y, list.FromDIP(360)) << "a dozen values are in sight";
       list.SetSelection(static_cast<int>(chosen));
       wxKeyEvent space(wxEVT_KEY_DOWN);
       space.m_keyCode = WXK_SPACE;

@@ -161,6 +161,13 @@ TEST(MarkColour, IsReadableOnAnyGrey)
   }
 }
 
+TEST(MarkColour, IsBlueWhereThatCanBeRead)
+{
+  EXPECT_EQ(ui::MarkColour(*wxWHITE), wxColour(0, 60, 150));
+  EXPECT_EQ(ui::MarkColour(*wxBLACK), wxColour(150, 195, 255));
+  EXPECT_EQ(ui::MarkColour(wxColour(96, 96, 96)), *wxWHITE);
+}
+
 TEST(Contrast, IsThatOfTheGuidelines)
 {
   EXPECT_DOUBLE_EQ(ui::Contrast(*wxBLACK, *wxWHITE), 21);
