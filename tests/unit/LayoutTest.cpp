@@ -176,6 +176,23 @@ TEST(ScaleControls, LeavesNoLettersThatCannotBeRead)
   EXPECT_EQ(smallest, 9);
 }
 
+TEST(FormControlSettings, FramesStandInRowsAndColumnsWithEqualGaps)
+{
+  MainForm form;
+  const auto frame = [&](int index) { return form.Find("Frame1", index)->design->place; };
+  for (const int beside : {4, 5, 7}) EXPECT_EQ(frame(beside).top, frame(1).top) << beside;
+  struct Pair {
+    int above;
+    int beneath;
+  };
+  for (const auto& [above, beneath] : {Pair{1, 2}, Pair{2, 3}, Pair{5, 6}, Pair{7, 8}}) {
+    EXPECT_EQ(frame(beneath).left, frame(above).left) << beneath;
+    EXPECT_EQ(frame(beneath).top, frame(above).top + frame(above).height + 8) << beneath;
+  }
+  for (const auto& [left, right] : {Pair{1, 4}, Pair{4, 5}, Pair{5, 7}})
+    EXPECT_EQ(frame(right).left, frame(left).left + frame(left).width + 8) << right;
+}
+
 TEST(FormControlSettings, SaysWhichButtonIncreasesAndWhichDecreases)
 {
   int buttons = 0;

@@ -3,9 +3,6 @@
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
 #include <wx/dataview.h>
-#include <wx/dcclient.h>
-#include <wx/dcmemory.h>
-#include <wx/image.h>
 #include <wx/notebook.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -17,6 +14,7 @@
 #include "RealWindow.h"
 #include "platform_wx/WxText.h"
 #include "ui/FrmGearing.h"
+#include "ui/Widgets.h"
 
 namespace velquist::testing {
 namespace {
@@ -59,17 +57,6 @@ class GearingWindow : public RealWindow {
     auto& button = Part<wxButton>(name);
     wxCommandEvent pressed(wxEVT_BUTTON, button.GetId());
     button.GetEventHandler()->ProcessEvent(pressed);
-  }
-  /// What is on the screen of a part.
-  [[nodiscard]] static wxImage Seen(wxWindow& part)
-  {
-    const wxSize area = part.GetClientSize();
-    wxClientDC screen(&part);
-    wxBitmap shown(area.x, area.y);
-    wxMemoryDC memory(shown);
-    memory.Blit(0, 0, area.x, area.y, &screen, 0, 0);
-    memory.SelectObject(wxNullBitmap);
-    return shown.ConvertToImage();
   }
   [[nodiscard]] static std::string CopiedText()
   {
@@ -328,6 +315,21 @@ TEST_F(GearingWindow, LettersGrowWithTheWindowAndNothingIsCut)
       EXPECT_TRUE(wxRect(part.GetParent()->GetClientSize()).Contains(part.GetRect()))
           << name << " at " << size.x;
     }
+  }
+}
+
+TEST_F(GearingWindow, LettersAreOfWhicheverSideHasTheLessRoom)
+{
+  StartWithGearing({3840, 2160});
+  struct {
+    wxSize client;
+    int letters;
+  } const sizes[] = {{{900, 1100}, 15}, {{1200, 1520}, 20}, {{1800, 760}, 15}, {{1800, 1014}, 20}};
+  for (const auto& [client, letters] : sizes) {
+    Gearing().SetClientSize(client);
+    const auto expected = ui::ControlFont(letters).GetPixelSize().y;
+    EXPECT_TRUE(WaitUntil([&] { return Table().GetFont().GetPixelSize().y == expected; }))
+        << client.x << " by " << client.y << ": " << Table().GetFont().GetPixelSize().y;
   }
 }
 

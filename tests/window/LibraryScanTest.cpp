@@ -83,6 +83,15 @@ TEST_F(LibraryWindow, ScansAgainWhenAnInstallationIsAdded)
   EXPECT_TRUE(Label("Progress").starts_with("4 setups in 2 installations"));
 }
 
+TEST_F(LibraryWindow, ScansThoughNoOtherWindowOfTheProgramDoesAnythingWhenItIsIdle)
+{
+  wxIdleEvent::SetMode(wxIDLE_PROCESS_SPECIFIED);
+  StartWithSetups();
+  editor.Play("click MnuLibrary\n");
+  EXPECT_TRUE(WaitUntil([] { return Files().size() == 3; }));
+  wxIdleEvent::SetMode(wxIDLE_PROCESS_ALL);
+}
+
 TEST_F(LibraryWindow, StopsByEscapeFirstAndClosesThen)
 {
   StartWithSetups();

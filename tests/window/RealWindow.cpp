@@ -46,16 +46,21 @@ wxWindow* RealWindow::Widget(const char* name) const
   return wxWindow::FindWindowByName(name, &Frame());
 }
 
-std::vector<unsigned char> RealWindow::Pixels(const char* name) const
+wxImage RealWindow::Seen(wxWindow& widget)
 {
-  const auto area = Widget(name)->GetClientSize();
-  wxClientDC screen(Widget(name));
+  const auto area = widget.GetClientSize();
+  wxClientDC screen(&widget);
   wxBitmap shown(area.x, area.y);
   wxMemoryDC memory(shown);
   memory.Blit(0, 0, area.x, area.y, &screen, 0, 0);
   memory.SelectObject(wxNullBitmap);
-  const auto image = shown.ConvertToImage();
-  const auto bytes = static_cast<std::size_t>(area.x * area.y) * 3;
+  return shown.ConvertToImage();
+}
+
+std::vector<unsigned char> RealWindow::Pixels(const char* name) const
+{
+  const auto image = Seen(*Widget(name));
+  const auto bytes = static_cast<std::size_t>(image.GetWidth() * image.GetHeight()) * 3;
   return {image.GetData(), image.GetData() + bytes};
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <wx/image.h>
 #include <wx/modalhook.h>
 
 #include <functional>
@@ -33,7 +34,9 @@ class RealWindow : public ::testing::Test {
   [[nodiscard]] wxWindow* Widget(const app::ControlDesign& design) const;
   [[nodiscard]] wxWindow* Widget(const char* name) const;
 
-  /// What is on the screen of a widget: red, green and blue of every pixel.
+  /// What is on the screen of a widget, without its border.
+  [[nodiscard]] static wxImage Seen(wxWindow& widget);
+  /// The same as red, green and blue of every pixel.
   [[nodiscard]] std::vector<unsigned char> Pixels(const char* name) const;
 
   ScriptedEditor editor;
