@@ -18,7 +18,7 @@ bool Same(const ValueSet& a, const ValueSet& b)
          (a.bytes == b.bytes || *a.bytes == *b.bytes);
 }
 
-History::History()
+void History::MakeRoom()
 {
   steps_.reserve(2 * kKept);
 }

@@ -55,14 +55,14 @@ struct HistoryStep {
 static_assert(sizeof(HistoryStep) + sizeof(WholeChange) < 1024);
 
 /// The steps that led to the values shown, to undo them one by one, and those undone, to redo them.
-/// Presses allocate nothing.
+/// The state at the beginning counts as saved.
 class History {
  public:
   /// The last so many steps can always be undone. Beyond twice that the older half is forgotten.
   static constexpr std::size_t kKept = 10'000;
 
-  /// The state at the beginning counts as saved.
-  History();
+  /// Takes the memory for all steps that are kept: from here on presses ask for none.
+  void MakeRoom();
 
   /// The press of a button that moved these slots, at most four. A press that the held button
   /// repeats continues its step.

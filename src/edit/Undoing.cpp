@@ -15,6 +15,7 @@ void CarSetup::StartEditing()
   const auto loaded =
       std::make_shared<const Reference>(ReferenceOf(*this, ReferenceSource::kLoaded, {}, {}));
   history_ = std::make_shared<History>();
+  history_->MakeRoom();
   loaded_ = reference_ = loaded;
   changed_ = false;
 }
