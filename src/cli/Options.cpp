@@ -205,6 +205,8 @@ std::optional<Answer> ReadOptions(const std::vector<std::string>& words, Options
       "trouble.");
   for (const auto& design : kCommands) {
     auto* const command = app.add_subcommand(std::string(design.name), std::string(design.does));
+    // Of eight commands one is given: the options of the others are not made.
+    if (std::ranges::find(words, design.name) == words.end()) continue;
     AddCommonOptions(*command, read);
     AddOwnOptions(*command, design.command, read);
     auto* const paths = command->add_option("paths", read.paths, "")->required();
