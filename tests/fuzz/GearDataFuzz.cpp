@@ -17,6 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   using namespace velquist;
   using fuzz::Require;
   static const auto before = samples::SampleGears();
+  static const auto sample = samples::SampleData();
   const auto text = fuzz::TextOf(bytes, size);
   testing::MemoryFiles files;
   files.Put("\\65 Gear Data.ini", text);
@@ -35,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
 
   // Whatever the ratios are, gear IDs found in the table lie in it.
   const auto setup_file = samples::SampleSetup(setup::kLongLayoutSize);
-  auto values = samples::SampleData();
+  auto values = sample;
   (void)setup::LoadSetupValues(setup_file, gears, samples::kGT, values);
   setup::RebuildRatioNumbers(gears, values);
   values.SetupDataText[13][1] = "0";

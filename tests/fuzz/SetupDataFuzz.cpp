@@ -16,6 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
 {
   using namespace velquist;
   using fuzz::Require;
+  static const auto gears = samples::SampleGears();
   const auto text = fuzz::TextOf(bytes, size);
   testing::MemoryFiles files;
   files.Put("\\GT Setup Data.ini", text);
@@ -47,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   // The tables may be too short or hold any limits: using them throws at most BoundsError.
   auto setup_file = samples::SampleSetup(setup::kLongLayoutSize);
   try {
-    (void)setup::LoadSetupValues(setup_file, samples::SampleGears(), samples::kGT, data);
+    (void)setup::LoadSetupValues(setup_file, gears, samples::kGT, data);
     setup::StoreSetupValues(data, setup::ValuesOfLists(data, {19, 9, 11, 4}), false, samples::kGT,
                             setup_file);
   } catch (const BoundsError&) {
