@@ -220,6 +220,8 @@ Event Monkey::Roll(Dice& dice)
     statement = "focus";
   else if (kind < 60)
     statement = "tick " + std::to_string(dice.Below(100));
+  else if (kind < 130)
+    statement = RollTyping(dice);
   else
     statement = RollClick(dice);
   return {statement, static_cast<std::uint32_t>(dice.Below(1 << 30))};
@@ -256,7 +258,10 @@ Monkey::Outcome Monkey::Do(const Event& event)
   dialogs_.clear();
   answers_.emplace(event.seed);
   try {
-    PlayStatement(event.statement);
+    if (event.statement.starts_with("type"))
+      PlayTyping(event.statement);
+    else
+      PlayStatement(event.statement);
   } catch (const std::exception& error) {
     what_ = event.statement + ": " + error.what();
     const auto& failed = outside_.announcements.Failed();

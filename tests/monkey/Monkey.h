@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -11,6 +12,7 @@
 #include <vector>
 
 #include "Dice.h"
+#include "edit/CarSetup.h"
 #include "platform/EmbeddedResources.h"
 #include "runner/Play.h"
 
@@ -21,6 +23,16 @@ namespace velquist::monkey {
 struct Event {
   std::string statement;
   std::uint32_t seed = 0;
+};
+
+/// What undoing brings back: values and lists, but for the values that a save takes from them.
+struct State {
+  std::array<std::uint32_t, setup::kSlots> values{};
+  std::array<int, edit::kDrivetrainLists> lists{};
+
+  State() = default;
+  explicit State(const edit::CarSetup& car);
+  friend bool operator==(const State&, const State&) = default;
 };
 
 /// A user who does anything at random, in a world of good and damaged files, for as long as one
@@ -47,8 +59,11 @@ class Monkey {
 
  private:
   void PlayStatement(const std::string& statement);
+  /// Types a number, and keeps in the script whether it was refused.
+  void PlayTyping(const std::string& statement);
   void MakeWorld(testing::Dice& dice);
   [[nodiscard]] std::string RollClick(testing::Dice& dice);
+  [[nodiscard]] std::string RollTyping(testing::Dice& dice) const;
   [[nodiscard]] std::string RollChange(testing::Dice& dice) const;
   [[nodiscard]] std::string RollPath(testing::Dice& dice) const;
   [[nodiscard]] std::string WithPlaces(std::string path) const;
@@ -57,6 +72,7 @@ class Monkey {
   /// What is wrong with the state after the event; empty when nothing is.
   [[nodiscard]] std::string Wrong(const Event& event);
   [[nodiscard]] std::string WrongInHistory();
+  [[nodiscard]] std::string WrongTyping() const;
   [[nodiscard]] int CountNotFinite() const;
 
   static constexpr std::uint32_t kHistoryEvery = 100;  ///< events, about
@@ -73,8 +89,16 @@ class Monkey {
   std::optional<testing::Dice> answers_;
   std::string what_;
 
+  /// What was typed last.
+  struct Typed {
+    bool refused = false;
+    std::string wrong;  ///< with the answer itself
+  };
+  Typed typed_;
+
   // As they were after the event before.
   bool was_running_ = false;
+  State was_;
   bool was_changed_ = false;
   int not_finite_ = 0;
 };

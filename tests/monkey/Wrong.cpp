@@ -15,29 +15,11 @@
 namespace velquist::monkey {
 namespace {
 
-/// What undoing brings back: values and lists, but for the values that a save takes from them.
-struct State {
-  std::array<std::uint32_t, setup::kSlots> values{};
-  std::array<int, edit::kDrivetrainLists> lists{};
-
-  explicit State(const edit::CarSetup& car)
-  {
-    for (int slot = 0; slot < setup::kSlots; ++slot)
-      if (!IsWrittenAnew(slot))
-        values[static_cast<std::size_t>(slot)] = std::bit_cast<std::uint32_t>(car.Value(slot));
-    for (int list = 0; list < edit::kDrivetrainLists; ++list)
-      lists[static_cast<std::size_t>(list)] = car.ListSelection(list);
-  }
-  friend bool operator==(const State&, const State&) = default;
-
- private:
-  /// Ratio numbers, which follow from the gears; angles and clutches, which follow from their
-  /// lists.
-  static bool IsWrittenAnew(int slot)
-  {
-    return (slot >= setup::kFirstRatio && slot < setup::kFirstGear) || slot > setup::kFinalDrive;
-  }
-};
+/// Ratio numbers, which follow from the gears; angles and clutches, which follow from their lists.
+bool IsWrittenAnew(int slot)
+{
+  return (slot >= setup::kFirstRatio && slot < setup::kFirstGear) || slot > setup::kFinalDrive;
+}
 
 std::string ShownText(const edit::CarSetup& car, int slot, int units)
 {
@@ -91,7 +73,7 @@ bool IsQuiet(std::string_view statement)
   for (const auto* quiet :
        {"click CmdInc", "click CmdDec", "click MnuUndo", "click MnuRedo", "click MnuReverse",
         "click MnuCompare", "click MnuGearing", "click MnuReferenceLoaded", "click MnuShortFormat",
-        "click MnuLongFormat", "check", "uncheck", "select Combo1", "tick"})
+        "click MnuLongFormat", "check", "uncheck", "select Combo1", "type", "tick"})
     if (statement.starts_with(quiet)) return true;
   return false;
 }
@@ -109,6 +91,15 @@ bool KeepsFlag(std::string_view statement)
 }
 
 }  // namespace
+
+State::State(const edit::CarSetup& car)
+{
+  for (int slot = 0; slot < setup::kSlots; ++slot)
+    if (!IsWrittenAnew(slot))
+      values[static_cast<std::size_t>(slot)] = std::bit_cast<std::uint32_t>(car.Value(slot));
+  for (int list = 0; list < edit::kDrivetrainLists; ++list)
+    lists[static_cast<std::size_t>(list)] = car.ListSelection(list);
+}
 
 std::string Monkey::Wrong(const Event& event)
 {
@@ -135,13 +126,19 @@ std::string Monkey::Wrong(const Event& event)
 
   const bool was_changed = std::exchange(was_changed_, car.Changed());
   const auto were_not_finite = std::exchange(not_finite_, CountNotFinite());
-  if (KeepsFlag(event.statement) && was_running_ && car.Changed() != was_changed)
+  const bool typed = event.statement.starts_with("type");
+  const bool keeps_flag = KeepsFlag(event.statement) || (typed && typed_.refused);
+  if (keeps_flag && was_running_ && car.Changed() != was_changed)
     return car.Changed() ? "sets the flag" : "clears the flag";
-  if (event.statement.starts_with("click Cmd") && dialogs_.empty()) {
-    if (!car.Changed()) return "leaves the setup unchanged";
-    if (not_finite_ > 0 && were_not_finite == 0) return "makes a value that is no finite number";
-  }
+  if (event.statement.starts_with("click Cmd") && dialogs_.empty() && !car.Changed())
+    return "leaves the setup unchanged";
+  if ((typed || event.statement.starts_with("click Cmd")) && not_finite_ > 0 &&
+      were_not_finite == 0)
+    return "makes a value that is no finite number";
+  if (typed && was_running_)
+    if (auto wrong = WrongTyping(); !wrong.empty()) return wrong;
   was_running_ = true;
+  was_ = State(car);
   if (window.Form().MnuUndo.enabled != (car.Steps().ToUndo() != nullptr) ||
       window.Form().MnuRedo.enabled != (car.Steps().ToRedo() != nullptr))
     return "the menu of the history";
@@ -155,6 +152,19 @@ int Monkey::CountNotFinite() const
   for (int slot = 0; slot < setup::kSlots; ++slot)
     if (!std::isfinite(driver_->Window().Car().Value(slot))) ++count;
   return count;
+}
+
+/// A number is one step of the history, one that is refused none.
+std::string Monkey::WrongTyping() const
+{
+  if (!typed_.wrong.empty()) return typed_.wrong;
+  const auto& car = driver_->Window().Car();
+  const State now(car);
+  if (now == was_) return {};
+  if (typed_.refused) return "is refused and changes a value";
+  if (!driver_->Click("MnuUndo", -1) || State(car) != was_) return "is not undone by one undo";
+  if (!driver_->Click("MnuRedo", -1) || State(car) != now) return "is not done again by one redo";
+  return {};
 }
 
 /// Undoes and redoes everything.
