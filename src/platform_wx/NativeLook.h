@@ -21,6 +21,9 @@ namespace velquist::platform {
 /// The same as near as the letters of controls can be.
 [[nodiscard]] wxFont ControlFont(const wxString& face, int pixels);
 
+/// How many times as large as usual the system's text is on the screen of `window`; at least 1.
+[[nodiscard]] double TextScale(const wxWindow& window);
+
 /// Gives `control` letters of `font`, as SetFont does, but controls whose letters are alike share
 /// them, so that many controls cost little.
 void SetLetters(wxWindow& control, const wxFont& font);

@@ -3,6 +3,8 @@
 #include <gtk/gtk.h>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <map>
 #include <string>
 
@@ -38,6 +40,26 @@ constexpr char kTightStyle[] = R"css(
 .velquist-tight label { padding: 0; min-width: 0; min-height: 0; }
 )css";
 
+constexpr double kUsualResolution = 96;  // also where the desktop sets none
+
+/// Dots of the screen per inch of text, which the desktop makes more where text shall be larger.
+double Resolution()
+{
+  const double set = gdk_screen_get_resolution(gdk_screen_get_default());
+  return set > 0 ? set : kUsualResolution;
+}
+
+/// The points that are as large as a usual one.
+double UsualPoint()
+{
+  return kUsualResolution / Resolution();
+}
+
+bool AreWholePointsUsual()
+{
+  return Resolution() == kUsualResolution;
+}
+
 /// For all windows of the screen. The style sheet names classes that our own widgets alone have.
 void LoadStyle(const char* style, guint priority)
 {
@@ -57,39 +79,65 @@ void LoadTightStyleOnce()
   (void)kLoaded;
 }
 
-/// What the toolkit would put into a style sheet of a control's own.
-std::string LettersStyle(const wxFont& font, int points)
+/// What the toolkit would put into a style sheet of a control's own, which has whole points.
+std::string LettersStyle(const wxFont& font, double points)
 {
-  return "{font:" + std::to_string(font.GetNumericWeight()) + " " + std::to_string(points) +
-         "pt \"" + std::string(font.GetFaceName().utf8_str()) + "\"}";
+  std::array<char, G_ASCII_DTOSTR_BUF_SIZE> number{};  // with a point in every language
+  g_ascii_dtostr(number.data(), static_cast<int>(number.size()), points);
+  return "{font:" + std::to_string(font.GetNumericWeight()) + " " + number.data() + "pt \"" +
+         std::string(font.GetFaceName().utf8_str()) + "\"}";
 }
 
 /// The class of all controls with such letters. A style sheet for each control would make the
 /// system work out each one's look by itself.
 const std::string& LettersClass(const wxFont& font)
 {
-  constexpr guint kPriority = GTK_STYLE_PROVIDER_PRIORITY_APPLICATION - 1;  // behind own letters
-  constexpr int kInSheet = 16;  // the sizes of one design and screen are near each other
+  constexpr int kInSheet = 16;    // the sizes of one design and screen are near each other
+  constexpr double kLost = 0.01;  // by the toolkit, of points that are not whole
   static std::map<std::string, std::string> classes;  // by style
-  const int points = font.GetPointSize();
-  const auto style = LettersStyle(font, points);
+  const double point = UsualPoint();
+  const int points = static_cast<int>(font.GetFractionalPointSize() / point + kLost);
+  const auto style = LettersStyle(font, points * point);
+  // Behind own letters; before them where the toolkit's own sheets cannot say the size.
+  const guint priority = GTK_STYLE_PROVIDER_PRIORITY_APPLICATION + (AreWholePointsUsual() ? -1 : 1);
   if (const auto known = classes.find(style); known != classes.end()) return known->second;
   // Many sizes at once, since the system looks at every widget anew for each sheet.
   std::string sheet;
   const int first = (points - 1) / kInSheet * kInSheet + 1;
   for (int each = first; each < first + kInSheet; ++each) {
-    const auto its = LettersStyle(font, each);
+    const auto its = LettersStyle(font, each * point);
     auto& name = classes[its];
     name = "velquist-letters-" + std::to_string(classes.size());
     for (const auto* const inner : {"", " label", " cellview"})
       sheet.append(sheet.empty() || sheet.back() == '}' ? "." : ",.").append(name).append(inner);
     sheet.append(its);
   }
-  LoadStyle(sheet.c_str(), kPriority);
+  LoadStyle(sheet.c_str(), priority);
   return classes.at(style);
 }
 
 constexpr char kOwnLetters[] = "velquist-own-letters";
+
+/// Gives `control` the class of all controls with such letters.
+void ShareLetters(const wxWindow& control, const wxFont& font)
+{
+  constexpr char kClass[] = "velquist-letters";
+  auto* const widget = G_OBJECT(control.GetHandle());
+  const auto& name = LettersClass(font);
+  const auto* const before = static_cast<const char*>(g_object_get_data(widget, kClass));
+  if (before == name.c_str()) return;
+  GtkStyleContext* const context = gtk_widget_get_style_context(control.GetHandle());
+  if (before != nullptr) gtk_style_context_remove_class(context, before);
+  gtk_style_context_add_class(context, name.c_str());
+  g_object_set_data(widget, kClass, const_cast<char*>(name.c_str()));
+}
+
+/// Where the toolkit's own sheet says their size.
+void GiveOwnLetters(wxWindow& control, const wxFont& font)
+{
+  control.SetFont(font);
+  if (!AreWholePointsUsual()) ShareLetters(control, font);
+}
 
 class LabelledFrame final : public wxStaticBox {
  public:
@@ -176,20 +224,12 @@ wxFont ControlFont(const wxString& face, int pixels)
 
 void SetLetters(wxWindow& control, const wxFont& font)
 {
-  constexpr char kClass[] = "velquist-letters";
-  auto* const widget = G_OBJECT(control.GetHandle());
-  if (g_object_get_data(widget, kOwnLetters) != nullptr) {
-    control.SetFont(font);
+  if (g_object_get_data(G_OBJECT(control.GetHandle()), kOwnLetters) != nullptr) {
+    GiveOwnLetters(control, font);
     return;
   }
-  const auto& name = LettersClass(font);
-  const auto* const before = static_cast<const char*>(g_object_get_data(widget, kClass));
-  if (before == name.c_str() && control.GetFont().GetPointSize() == font.GetPointSize()) return;
-  control.wxWindowBase::SetFont(font);
-  GtkStyleContext* const context = gtk_widget_get_style_context(control.GetHandle());
-  if (before != nullptr) gtk_style_context_remove_class(context, before);
-  gtk_style_context_add_class(context, name.c_str());
-  g_object_set_data(widget, kClass, const_cast<char*>(name.c_str()));
+  if (control.GetFont() != font) control.wxWindowBase::SetFont(font);
+  ShareLetters(control, font);
 }
 
 int TenthsOfMillimeter(const wxWindow&, int pixels)
@@ -206,7 +246,7 @@ void SetOwnLetters(wxWindow& control, const wxFont& font, const wxColour& colour
 {
   // A class that a control loses has the system look at all that stand beside it.
   g_object_set_data(G_OBJECT(control.GetHandle()), kOwnLetters, &control);
-  control.SetFont(font);
+  GiveOwnLetters(control, font);
   control.SetForegroundColour(colour);
 }
 

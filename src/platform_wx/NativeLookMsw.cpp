@@ -2,6 +2,8 @@
 #include <wx/gdicmn.h>
 #include <wx/msw/wrapwin.h>
 
+#include <algorithm>
+
 #include "platform_wx/NativeLook.h"
 
 namespace velquist::platform {
@@ -19,6 +21,19 @@ wxFont LetterFont(const wxString& face, double pixels)
 wxFont ControlFont(const wxString& face, int pixels)
 {
   return wxFont(wxFontInfo(wxSize(0, pixels)).FaceName(face));
+}
+
+double TextScale(const wxWindow& window)
+{
+  constexpr double kUsualResolution = 96;
+  constexpr DWORD kUsualPercent = 100;
+  DWORD percent = kUsualPercent;
+  DWORD size = sizeof percent;
+  // It stays as it is where the system has no such setting.
+  (void)::RegGetValueW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Accessibility", L"TextScaleFactor",
+                       RRF_RT_REG_DWORD, nullptr, &percent, &size);
+  const double set = static_cast<double>(std::max(percent, kUsualPercent)) / kUsualPercent;
+  return std::max(window.GetDPI().y / kUsualResolution * set, 1.0);
 }
 
 void SetLetters(wxWindow& control, const wxFont& font)

@@ -27,7 +27,7 @@ DifferenceCount::DifferenceCount(wxStatusBar* line, const std::function<void()>&
       line_(line)
 {
   platform::AllowSmallControls(*line);
-  SetFont(line->GetFont());
+  platform::SetLetters(*this, line->GetFont());
   // Room for the widest text, bold ones as well, so that the field never moves.
   const std::array<int, 2> widths = {-1, line->GetTextExtent(CountText(88) + "mmm").x};
   line->SetFieldsCount(static_cast<int>(widths.size()), widths.data());

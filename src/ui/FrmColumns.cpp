@@ -7,6 +7,7 @@
 
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/Spoken.h"
+#include "ui/Widgets.h"
 
 namespace velquist::ui {
 
@@ -17,8 +18,8 @@ FrmColumns::FrmColumns(wxWindow* parent, const wxArrayString& names,
 {
   constexpr int kGap = 8;
   auto* const label = new wxStaticText(this, wxID_ANY, "&Values to show as columns:");
-  list_ = new wxCheckListBox(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(320, 360)), names, 0,
-                             wxDefaultValidator, "Values");
+  list_ = new wxCheckListBox(this, wxID_ANY, wxDefaultPosition, ForText(*this, wxSize(320, 360)),
+                             names, 0, wxDefaultValidator, "Values");
   for (const int place : checked) list_->Check(static_cast<unsigned>(place));
   if (!names.empty()) list_->SetSelection(checked.empty() ? 0 : checked.front());
   platform::SetSpoken(*list_, "Values to show as columns", "Space chooses one");

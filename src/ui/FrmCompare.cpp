@@ -13,6 +13,7 @@
 #include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/Clipboard.h"
+#include "ui/Widgets.h"
 
 namespace velquist::ui {
 namespace {
@@ -44,15 +45,11 @@ FrmCompare::FrmCompare(const Setting& setting)
   panel->SetSizer(rows);
 
   // Room for the buttons and some rows; at first for many, as far as the main window allows.
-  const int width = std::max(rows->GetMinSize().x, FromDIP(kClientWidth));
-  const wxRect around = GetParent()->GetScreenRect();
-  SetMinClientSize(wxSize(rows->GetMinSize().x, FromDIP(kLeastClientHeight)));
-  SetClientSize(width, std::clamp(around.height * 3 / 5, FromDIP(kLeastClientHeight),
-                                  FromDIP(kClientHeight)));
-  CentreOnParent();
+  const wxSize least(rows->GetMinSize().x, ForText(*this, kLeastClientHeight));
+  const wxSize usual = ForText(*this, wxSize(kClientWidth, kClientHeight));
+  const int height = std::clamp(GetParent()->GetSize().y * 3 / 5, least.y, usual.y);
   // The step buttons of the wheels stay in sight.
-  SetSize(std::max(around.GetRight() - GetSize().x, around.x), wxDefaultCoord, wxDefaultCoord,
-          wxDefaultCoord, wxSIZE_USE_EXISTING);
+  TakeSize(wxSize(std::max(least.x, usual.x), height), least, Side::kRight);
   BindEvents();
   table_->SetFocus();
 }
@@ -60,7 +57,7 @@ FrmCompare::FrmCompare(const Setting& setting)
 wxSizer* FrmCompare::MakeReferenceRow(wxPanel* panel)
 {
   auto* const label = new wxStaticText(panel, wxID_ANY, "&Reference:");
-  reference_ = new wxChoice(panel, wxID_ANY, wxDefaultPosition, wxSize(FromDIP(200), -1), 0,
+  reference_ = new wxChoice(panel, wxID_ANY, wxDefaultPosition, wxSize(ForText(*this, 200), -1), 0,
                             nullptr, 0, wxDefaultValidator, "Reference");
   const wxString tip = "The setup that the current one is compared with";
   reference_->SetToolTip(tip);
@@ -87,8 +84,8 @@ void FrmCompare::MakeTable(wxPanel* panel)
                               wxDV_MULTIPLE | wxDV_ROW_LINES, wxDefaultValidator, "Comparison");
   table_->AssociateModel(lines_.get());
   const auto add = [this](const char* title, unsigned column, int width, wxAlignment alignment) {
-    auto* const made =
-        table_->AppendTextColumn(title, column, wxDATAVIEW_CELL_INERT, FromDIP(width), alignment);
+    auto* const made = table_->AppendTextColumn(title, column, wxDATAVIEW_CELL_INERT,
+                                                ForText(*this, width), alignment);
     made->SetResizeable(true);
   };
   add("Parameter", ComparisonLines::kParameter, 250, wxALIGN_LEFT);
@@ -176,7 +173,10 @@ void FrmCompare::ShowReference()
   items.Add("Default setup");
   if (reference.source == edit::ReferenceSource::kFile)
     items.Add(platform::FromText(app::ReferenceName(Program())));
-  if (reference_->GetStrings() != items) platform::SetItems(*reference_, items);
+  if (reference_->GetStrings() != items) {
+    platform::SetItems(*reference_, items);
+    reference_->GetParent()->Layout();  // as high as its items
+  }
   const int source = static_cast<int>(reference.source);
   if (reference_->GetSelection() != source) reference_->SetSelection(source);
 }

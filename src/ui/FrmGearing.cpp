@@ -26,6 +26,7 @@ constexpr int kLeastClientHeight = 400;
 constexpr int kUsualPercent = 72;  ///< of the desktop
 constexpr int kGap = 8;
 
+constexpr int kUsualLetters = 15;
 constexpr int kLeastLetters = 11;
 constexpr int kMostLetters = 28;
 
@@ -76,9 +77,9 @@ FrmGearing::FrmGearing(const Setting& setting)
   rows->Add(buttons, wxSizerFlags(wide).Border(wxALL, gap));
   panel_->SetSizer(rows);
 
-  SetMinClientSize(FromDIP(wxSize(kLeastClientWidth, kLeastClientHeight)));
-  const int height = std::max(FromDIP(kClientHeight), OfDesktop(kUsualPercent).y);
-  TakeSize(wxSize(height * kClientWidth / kClientHeight, height));
+  const int height = std::max(ForText(*this, kClientHeight), OfDesktop(kUsualPercent).y);
+  TakeSize(wxSize(height * kClientWidth / kClientHeight, height),
+           ForText(*this, wxSize(kLeastClientWidth, kLeastClientHeight)));
   BindEvents();
   ScaleLetters();
   table_->SetFocus();
@@ -167,9 +168,13 @@ void FrmGearing::OnKey(wxKeyEvent& event)
 void FrmGearing::ScaleLetters()
 {
   const wxSize client = panel_->GetClientSize();
-  const int letters =
-      std::clamp(std::min(client.y * 15 / kClientHeight, client.x * 15 / kClientWidth),
-                 FromDIP(kLeastLetters), FromDIP(kMostLetters));
+  const int in_proportion =
+      std::min(client.y * kUsualLetters / kClientHeight, client.x * kUsualLetters / kClientWidth);
+  // Larger ones, which the system asks for, take some of the charts' room.
+  const int larger =
+      std::min(ForText(*this, std::min(in_proportion, kUsualLetters)), in_proportion * 4 / 3);
+  const int letters = std::clamp(std::max(in_proportion, larger), FromDIP(kLeastLetters),
+                                 ForText(*this, kMostLetters));
   if (letters == letters_) return;
   letters_ = letters;
   const wxWindowUpdateLocker still(panel_);

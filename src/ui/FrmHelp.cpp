@@ -10,7 +10,9 @@
 #include "platform_wx/ProgramIcons.h"
 #include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
+#include "ui/FitToDesktop.h"
 #include "ui/ManualStyle.h"
+#include "ui/Widgets.h"
 
 namespace velquist::ui {
 namespace {
@@ -58,7 +60,8 @@ FrmHelp::FrmHelp(wxWindow* parent, std::string_view manual)
   });
   // Smaller than this the toolkit has no room for the scroll bar.
   SetMinClientSize(FromDIP(wxSize(kLeastClientWidth, kLeastClientHeight)));
-  SetClientSize(FromDIP(wxSize(kClientWidth, kClientHeight)));
+  SetClientSize(ForText(*this, wxSize(kClientWidth, kClientHeight)));
+  FitToDesktop(*this);
   ShowSearchBar(false);
   if (parent != nullptr)
     CentreOnParent();
@@ -70,8 +73,9 @@ void FrmHelp::MakeSearchBar()
 {
   bar_ = new wxPanel(panel_);
   auto* const label = new wxStaticText(bar_, wxID_ANY, "F&ind:");
-  wanted_ = new wxTextCtrl(bar_, wxID_ANY, wxString(), wxDefaultPosition, wxSize(FromDIP(220), -1),
-                           wxTE_PROCESS_ENTER, wxDefaultValidator, "FindText");
+  wanted_ =
+      new wxTextCtrl(bar_, wxID_ANY, wxString(), wxDefaultPosition, wxSize(ForText(*this, 220), -1),
+                     wxTE_PROCESS_ENTER, wxDefaultValidator, "FindText");
   platform::SetMnemonicTarget(*label, *wanted_);
   platform::SetSpoken(*wanted_, "Find", {});
   auto* const next = new wxButton(bar_, wxID_ANY, "&Next", wxDefaultPosition, wxDefaultSize, 0,

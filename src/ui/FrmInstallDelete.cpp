@@ -9,6 +9,7 @@
 #include "platform_wx/ProgramIcons.h"
 #include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
+#include "ui/Widgets.h"
 
 namespace velquist::ui {
 namespace {
@@ -25,7 +26,7 @@ FrmInstallDelete::FrmInstallDelete(wxWindow* parent, app::InstallDeleteForm& for
   SetIcons(platform::ProgramIcons());
   const int gap = FromDIP(12);
   auto* const label = new wxStaticText(this, wxID_ANY, "&Installation to take off the list:");
-  list_ = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxSize(FromDIP(kListWidth), -1), 0,
+  list_ = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxSize(ForText(*this, kListWidth), -1), 0,
                        nullptr, 0, wxDefaultValidator, "Combo1");
   platform::SetMnemonicTarget(*label, *list_);
   platform::SetSpoken(*list_, "Installation to take off the list", {});

@@ -9,6 +9,7 @@
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
+#include "ui/Widgets.h"
 
 namespace velquist::ui {
 namespace {
@@ -73,10 +74,9 @@ FrmLibrary::FrmLibrary(const Setting& setting)
     event.Skip();  // and all is placed anew
   });
 
-  wxSize client = FromDIP(wxSize(kClientWidth, kClientHeight));
+  wxSize client = ForText(*this, wxSize(kClientWidth, kClientHeight));
   client.IncTo(OfDesktop(kUsualPercent));
-  SetMinClientSize(FromDIP(wxSize(kLeastClientWidth, kLeastClientHeight)));
-  TakeSize(client);
+  TakeSize(client, ForText(*this, wxSize(kLeastClientWidth, kLeastClientHeight)));
   Layout();
   panel->Layout();
   panes_->SetSashPosition(static_cast<int>(panes_->GetSize().y * kShareOfTable));
@@ -99,8 +99,8 @@ wxSizer* FrmLibrary::MakeFilterRow(wxPanel* panel)
   platform::SetMnemonicTarget(*label, *filter_);
 
   auto* const order_label = new wxStaticText(panel, wxID_ANY, "Sort &by:");
-  order_ = new wxChoice(panel, wxID_ANY, wxDefaultPosition, wxSize(FromDIP(150), -1), 0, nullptr, 0,
-                        wxDefaultValidator, "SortBy");
+  order_ = new wxChoice(panel, wxID_ANY, wxDefaultPosition, wxSize(ForText(*this, 150), -1), 0,
+                        nullptr, 0, wxDefaultValidator, "SortBy");
   order_->SetToolTip("The column that the setups are sorted by");
   platform::SetSpoken(*order_, "Sort by", order_->GetToolTipText());
   platform::SetMnemonicTarget(*order_label, *order_);
@@ -141,7 +141,8 @@ wxWindow* FrmLibrary::MakeTables(wxPanel* panel)
                                 wxDV_SINGLE | wxDV_ROW_LINES, wxDefaultValidator, "Differences");
   preview_->AssociateModel(differences_.get());
   const auto add = [this](const char* title, unsigned column, int width, wxAlignment alignment) {
-    preview_->AppendTextColumn(title, column, wxDATAVIEW_CELL_INERT, FromDIP(width), alignment)
+    preview_
+        ->AppendTextColumn(title, column, wxDATAVIEW_CELL_INERT, ForText(*this, width), alignment)
         ->SetResizeable(true);
   };
   constexpr int kNumber = 130;
@@ -154,8 +155,8 @@ wxWindow* FrmLibrary::MakeTables(wxPanel* panel)
   // Numbers stand together at the right.
   preview_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
-    const int left = preview_->GetSize().x - FromDIP(3 * kNumber + kFrame);
-    preview_->GetColumn(0)->SetWidth(std::max(FromDIP(kLeastParameter), left));
+    const int left = preview_->GetSize().x - ForText(*this, 3 * kNumber + kFrame);
+    preview_->GetColumn(0)->SetWidth(std::max(ForText(*this, kLeastParameter), left));
   });
   platform::SetSpoken(*preview_, "What differs from the chosen setup", {});
   auto* const rows = new wxBoxSizer(wxVERTICAL);
@@ -163,7 +164,7 @@ wxWindow* FrmLibrary::MakeTables(wxPanel* panel)
   rows->Add(preview_, wxSizerFlags().Expand().Proportion(1));
   lower->SetSizer(rows);
 
-  panes_->SetMinimumPaneSize(FromDIP(kLeastPane));
+  panes_->SetMinimumPaneSize(ForText(*this, kLeastPane));
   panes_->SetSashGravity(kShareOfTable);
   panes_->SplitHorizontally(table_, lower);
   return panes_;
@@ -217,7 +218,7 @@ void FrmLibrary::MakeColumns()
     const int width = is_value ? kValueWidth : kWidths.at(static_cast<std::size_t>(column));
     table_
         ->AppendTextColumn(TitleOf(column), static_cast<unsigned>(column), wxDATAVIEW_CELL_INERT,
-                           FromDIP(width), is_value ? wxALIGN_RIGHT : wxALIGN_LEFT,
+                           ForText(*this, width), is_value ? wxALIGN_RIGHT : wxALIGN_LEFT,
                            wxDATAVIEW_COL_RESIZABLE)
         ->GetRenderer()
         ->EnableEllipsize(wxELLIPSIZE_END);

@@ -79,7 +79,10 @@ void FrmLibrary::ShowOrder()
   wxArrayString items;
   items.Add("Path");
   for (const int column : columns_) items.Add(TitleOf(column));
-  if (order_->GetStrings() != items) platform::SetItems(*order_, items);
+  if (order_->GetStrings() != items) {
+    platform::SetItems(*order_, items);
+    order_->GetParent()->Layout();  // as high as its items
+  }
   const auto order = library_.Table().SortedBy();
   const auto place = order ? std::ranges::find(columns_, order->column) - columns_.begin() + 1 : 0;
   order_->SetSelection(static_cast<int>(place));

@@ -110,7 +110,8 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
 
 void FrmMain::MakeStatusLine()
 {
-  wxStatusBar* const line = StatusLine(*this, ControlFont(window_.Form().Label4.font_size));
+  const int letters = LargerLetters::Wanted(window_.Form().Label4, platform::TextScale(*this));
+  wxStatusBar* const line = StatusLine(*this, ControlFont(letters));
   count_ = new DifferenceCount(line, [this] { Handle([this] { window_.Click("MnuCompare"); }); });
 }
 
@@ -236,8 +237,10 @@ void FrmMain::ShowChanges()
     widget.Tell({app::SpokenText(window_, design), tips_.Of(design), differences_.Of(design), {}});
   }
   // Not before the window is shown, which has the system work out the looks of everything again.
-  if (IsShown())
+  if (IsShown()) {
+    larger_letters_.BringInLine();
     for (auto& widget : widgets_) widget.KeepTextWhole();
+  }
   count_->BringInLine(window_.Form().DifferenceCount(), app::ReferenceName(window_));
   ShowFile();
   menus_.BringInLine();

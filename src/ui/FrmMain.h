@@ -14,6 +14,7 @@
 #include "ui/ChartBox.h"
 #include "ui/DifferenceCount.h"
 #include "ui/DifferenceTexts.h"
+#include "ui/LargerLetters.h"
 #include "ui/Menus.h"
 #include "ui/PictureBoxes.h"
 #include "ui/RowKeys.h"
@@ -78,6 +79,7 @@ class FrmMain final : public wxFrame {
   Menus menus_;
   SideWindows beside_;
   std::vector<ControlWidget> widgets_;
+  LargerLetters larger_letters_{widgets_};
   RowKeys keys_{*this, [this](int slot) { field_.Open(slot); }};
   ValueField field_;
   ValueTips tips_{window_};

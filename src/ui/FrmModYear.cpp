@@ -10,6 +10,7 @@
 
 #include "platform_wx/ProgramIcons.h"
 #include "platform_wx/WxText.h"
+#include "ui/Widgets.h"
 
 namespace velquist::ui {
 namespace {
@@ -32,7 +33,7 @@ FrmModYear::FrmModYear(wxWindow* parent, app::ModYearForm form, std::string_view
   const int gap = FromDIP(12);
   auto* const label = new wxStaticText(this, wxID_ANY, platform::FromPlainText(message),
                                        wxDefaultPosition, wxDefaultSize, 0, "Label1");
-  label->Wrap(FromDIP(kMessageWidth));
+  label->Wrap(ForText(*this, kMessageWidth));
   label->SetMinSize(label->GetBestSize() + FromDIP(wxSize(8, 0)));
 
   auto* const frame =

@@ -5,6 +5,7 @@
 #include <wx/menu.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <vector>
 
 #include "platform_wx/ProgramIcons.h"
@@ -71,13 +72,19 @@ wxSize SideWindow::OfDesktop(int percent) const
   return desktop * percent / 100;
 }
 
-void SideWindow::TakeSize(wxSize client)
+void SideWindow::TakeSize(wxSize client, wxSize least, Side side)
 {
   // With room for the title, which has no size before it is shown.
   constexpr int kMostPercent = 92;
   client.DecTo(OfDesktop(kMostPercent));
+  least.DecTo(client);
+  SetMinClientSize(least);
   SetClientSize(client);
   CentreOnParent();
+  if (side == Side::kRight) {
+    const wxRect around = GetParent()->GetScreenRect();
+    Move(std::max(around.GetRight() - GetSize().x, around.x), GetPosition().y);
+  }
   StepAside();
 }
 
@@ -85,15 +92,20 @@ void SideWindow::StepAside()
 {
   constexpr int kStep = 28;
   const wxRect desktop = wxDisplay(GetParent()).GetClientArea();
-  const auto covers = [this](const wxWindow* other) {
+  const wxPoint at = GetPosition();
+  const auto hides = [this](const wxWindow* other) {
     return other != this && other->IsTopLevel() && other->IsShown() &&
-           (other->GetPosition() - GetPosition()).x < kStep / 2 &&
-           (GetPosition() - other->GetPosition()).x < kStep / 2;
+           (std::abs((other->GetPosition() - GetPosition()).x) < kStep / 2 ||
+            GetRect().Contains(other->GetRect()));
   };
-  while (std::ranges::any_of(GetParent()->GetChildren(), covers)) {
-    const wxRect moved(GetPosition() + wxPoint(FromDIP(kStep), FromDIP(kStep)), GetSize());
-    if (!desktop.Contains(moved)) return;  // there is no room
-    Move(moved.GetPosition());
+  for (const int right : {FromDIP(kStep), -FromDIP(kStep)}) {
+    Move(at);
+    for (;;) {
+      if (std::ranges::none_of(GetParent()->GetChildren(), hides)) return;
+      const wxRect moved(GetPosition() + wxPoint(right, FromDIP(kStep)), GetSize());
+      if (!desktop.Contains(moved)) break;
+      Move(moved.GetPosition());
+    }
   }
 }
 

@@ -37,8 +37,11 @@ class SideWindow : public wxFrame {
   /// A button that has its tip said, too, and is called `spoken` where its caption does not say it.
   static wxButton* MakeButton(wxWindow* parent, const char* name, const char* caption,
                               const char* tip, const char* spoken = "");
-  /// Makes the client area that large, or as large as the desktop allows, over the main window.
-  void TakeSize(wxSize client);
+  /// Over the main window: in its middle, or at its right edge.
+  enum class Side { kMiddle, kRight };
+  /// Makes the client area that large, and never smaller than `least`, or as large as the desktop
+  /// allows.
+  void TakeSize(wxSize client, wxSize least, Side side = Side::kMiddle);
   /// That part of the desktop.
   [[nodiscard]] wxSize OfDesktop(int percent) const;
 
@@ -46,7 +49,8 @@ class SideWindow : public wxFrame {
   void GiveEvent(const std::function<void()>& event) const { give_(event); }
 
  private:
-  /// Down and to the right of windows that it would cover, while there is room.
+  /// Down and to the right of windows beside the main one that it would cover, while there is room;
+  /// else to the left.
   void StepAside();
   void OnClose(wxCloseEvent& event);
 

@@ -7,6 +7,8 @@
 #include <wx/radiobut.h>
 #include <wx/stattext.h>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "app/FormControlSettings.h"
@@ -39,6 +41,32 @@ wxString LongestText(const app::Control& control)
     if (caption.length() > longest.length()) longest = caption;
   }
   return longest;
+}
+
+/// The text or the widest item.
+wxString Widest(const wxWindow& window, const app::Control& control)
+{
+  if (control.design->kind != ControlKind::kList) return platform::FromText(control.text);
+  wxString widest;
+  int width = 0;
+  for (const auto& each : control.items) {
+    const wxString item = platform::FromText(each);
+    const int its = window.GetTextExtent(item).x;
+    if (std::exchange(width, std::max(width, its)) < its) widest = item;
+  }
+  return widest;
+}
+
+/// That of the control; of a frame, that above what stands in it.
+int HeightForText(const app::Control& control)
+{
+  const auto& frame = *control.design;
+  if (frame.kind != ControlKind::kFrame) return control.place.height;
+  int top = frame.place.top + frame.place.height;
+  for (const auto& design : app::FormControlSettings())
+    if (design.frame == frame.name && design.frame_index == frame.index)
+      top = std::min(top, design.place.top);
+  return (top - frame.place.top) * control.place.height / frame.place.height;
 }
 
 /// Makes the letters smaller until `text` is whole within `width` pixels: the mark or margin beside
@@ -90,6 +118,16 @@ wxFont ControlFont(int pixels)
   return platform::ControlFont(LetterFace(), pixels);
 }
 
+int ForText(const wxWindow& window, int usual)
+{
+  return static_cast<int>(std::lround(usual * platform::TextScale(window)));
+}
+
+wxSize ForText(const wxWindow& window, wxSize usual)
+{
+  return {ForText(window, usual.x), ForText(window, usual.y)};
+}
+
 ControlWidget::ControlWidget(const app::Control& control, wxWindow& window)
     : control_(&control), window_(&window)
 {
@@ -99,6 +137,7 @@ ControlWidget::ControlWidget(const app::Control& control, wxWindow& window)
   // Each new kind of letters has the system look at all widgets that are there already.
   platform::SetLetters(window, ControlFont(control.font_size));
   last_.font_size = control.font_size;
+  letters_ = control.font_size;
 }
 
 void ControlWidget::BringInLine(bool shown)
@@ -107,13 +146,16 @@ void ControlWidget::BringInLine(bool shown)
   const bool other_fit =
       HasMark(Design().kind) && !control_->text.empty() &&
       (other_letters || control_->text != last_.text || control_->place.width != last_.place.width);
+  news_ = news_ || other_letters || control_->place != last_.place ||
+          control_->text != last_.text || control_->items != last_.items;
+  if (other_letters) letters_ = control_->font_size;
   const bool other_mark = control_->marked != last_.marked;
   // Before the letters, of which the toolkit would make the control's own with each text.
   if (Design().kind == ControlKind::kList)
     ShowItems();
   else if (control_->text != last_.text)
     ShowText();
-  if (other_letters || other_fit) platform::SetLetters(*window_, ControlFont(control_->font_size));
+  if (other_letters || other_fit) platform::SetLetters(*window_, ControlFont(letters_));
   if (other_mark || (other_letters && control_->marked)) SetMarked(*window_, control_->marked);
   last_.marked = control_->marked;
   last_.font_size = control_->font_size;
@@ -130,10 +172,59 @@ void ControlWidget::BringInLine(bool shown)
   }
 }
 
+bool ControlWidget::TakeNews()
+{
+  if (!std::exchange(news_, false)) return false;
+  bool other = false;
+  if (std::exchange(fitted_letters_, control_->font_size) != control_->font_size) {
+    // The widget still has these letters.
+    const wxString label = wxControl::RemoveMnemonics(window_->GetLabel());
+    const bool is_list = Design().kind == ControlKind::kList;
+    const wxString text = is_list ? Widest(*window_, *control_) : label;
+    beside_ = window_->GetBestSize() - window_->GetTextExtent(text);
+    other = true;
+  }
+  if (fitted_ != control_->place || other) widest_.clear();
+  other = other || fitted_ != control_->place;
+  fitted_ = control_->place;
+  const wxString text =
+      HasMark(Design().kind) ? LongestText(*control_) : Widest(*window_, *control_);
+  const bool forgets = Design().ellipsis && text != widest_;  // names of any length come and go
+  if (!forgets && window_->GetTextExtent(text).x <= window_->GetTextExtent(widest_).x) return other;
+  widest_ = text;
+  return true;
+}
+
+bool ControlWidget::Fits(int letters) const
+{
+  const auto& design = Design();
+  // Values are set off when they differ.
+  const wxFont font = ControlFont(letters);
+  const wxFont heaviest = design.caption.empty() ? font.Bold() : font;
+  wxSize wanted;
+  window_->GetTextExtent(widest_, &wanted.x, &wanted.y, nullptr, nullptr, &heaviest);
+  wanted += beside_ * (static_cast<double>(letters) / fitted_letters_) + wxSize(1, 0);
+  return wanted.x <= control_->place.width && wanted.y <= HeightForText(*control_);
+}
+
+int ControlWidget::LettersThatFit(int letters) const
+{
+  while (letters > control_->font_size && !Fits(letters)) --letters;
+  return letters;
+}
+
+void ControlWidget::Enlarge(int letters)
+{
+  if (std::exchange(letters_, letters) == letters) return;
+  platform::SetLetters(*window_, ControlFont(letters_));
+  if (control_->marked) SetMarked(*window_, true);
+  unmeasured_ = HasMark(Design().kind) && !control_->text.empty();
+}
+
 void ControlWidget::KeepTextWhole()
 {
   if (!std::exchange(unmeasured_, false)) return;
-  MakeLettersFit(*window_, LongestText(*control_), control_->font_size, control_->place.width);
+  MakeLettersFit(*window_, LongestText(*control_), letters_, control_->place.width);
 }
 
 void ControlWidget::Tell(Told told)

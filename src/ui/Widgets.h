@@ -20,6 +20,10 @@ namespace velquist::ui {
 /// That face in `pixels` letter height.
 [[nodiscard]] wxFont ControlFont(int pixels);
 
+/// `usual` pixels, or more where the system's text is larger than usual.
+[[nodiscard]] int ForText(const wxWindow& window, int usual);
+[[nodiscard]] wxSize ForText(const wxWindow& window, wxSize usual);
+
 /// What is told of a control beside its name and its tip; empty texts tell nothing.
 struct Told {
   std::string more;        ///< to a screen reader, in place of the tip
@@ -43,6 +47,16 @@ class ControlWidget {
   /// `shown` is that of the control and everything around it.
   void BringInLine(bool shown);
 
+  /// True when LettersThatFit may say something else than when this was asked last.
+  [[nodiscard]] bool TakeNews();
+
+  /// `letters`, or as many pixels less as all that it has shown at its place needs; not below the
+  /// control's own.
+  [[nodiscard]] int LettersThatFit(int letters) const;
+
+  /// Gives it letters of that height until the control's own are others.
+  void Enlarge(int letters);
+
   /// Makes letters smaller with which the text has no room beside the mark or margin that the
   /// system draws. After all widgets have been brought in line: each one that is measured has the
   /// system work out the looks of all that have changed.
@@ -55,6 +69,7 @@ class ControlWidget {
   void TakeUserChange();
 
  private:
+  [[nodiscard]] bool Fits(int letters) const;
   void ShowText();
   void ShowItems();
   void ShowChecked();
@@ -64,6 +79,12 @@ class ControlWidget {
   wxWindow* window_;
   app::Control last_;         ///< as last shown; no items and no place at first
   bool unmeasured_ = false;   ///< text, letters or width are others
+  bool news_ = true;          ///< text, letters or place are others
+  int letters_ = 0;           ///< height in pixels that the control's letters are shown with
+  app::Place fitted_{};       ///< place that `widest_` is of
+  int fitted_letters_ = 0;    ///< the control's own letters that `beside_` is of
+  wxSize beside_;             ///< what the system adds to the text
+  wxString widest_;           ///< text at that place
   std::optional<Told> told_;  ///< last
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "RealWindow.h"
 
+#include <gtk/gtk.h>
 #include <wx/bitmap.h>
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
@@ -17,6 +18,22 @@
 namespace velquist::testing {
 
 using app::ControlKind;
+
+namespace {
+
+constexpr double kUsualResolution = 96;
+
+}  // namespace
+
+SystemText::SystemText(double scale)
+{
+  gdk_screen_set_resolution(gdk_screen_get_default(), kUsualResolution * scale);
+}
+
+SystemText::~SystemText()
+{
+  gdk_screen_set_resolution(gdk_screen_get_default(), kUsualResolution);
+}
 
 void RealWindow::Start(ScreenSize screen)
 {

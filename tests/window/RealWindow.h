@@ -21,6 +21,15 @@ struct ScreenSize {
   int height;
 };
 
+/// While it lives, text of the system is that many times as large as usual.
+class SystemText {
+ public:
+  explicit SystemText(double scale);
+  ~SystemText();
+  SystemText(const SystemText&) = delete;
+  SystemText& operator=(const SystemText&) = delete;
+};
+
 /// The program with its real window on a game installation of all mod years.
 class RealWindow : public ::testing::Test {
  protected:
