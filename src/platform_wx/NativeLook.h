@@ -36,6 +36,9 @@ void SetOwnLetters(wxWindow& control, const wxFont& font, const wxColour& colour
 /// keep them larger.
 void AllowSmallControls(wxWindow& panel);
 
+/// True when nothing in `window` has the focus any more, since what had it was hidden.
+[[nodiscard]] bool HasLostFocus(const wxWindow& window);
+
 /// True when a wxClientDC paints what is on the screen, and not only a wxPaintDC.
 [[nodiscard]] bool PaintsAtOnce();
 

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <map>
 #include <string>
 
@@ -107,6 +106,7 @@ const std::string& LettersClass(const wxFont& font)
   for (int each = first; each < first + kInSheet; ++each) {
     const auto its = LettersStyle(font, each * point);
     auto& name = classes[its];
+    if (!name.empty()) continue;
     name = "velquist-letters-" + std::to_string(classes.size());
     for (const auto* const inner : {"", " label", " cellview"})
       sheet.append(sheet.empty() || sheet.back() == '}' ? "." : ",.").append(name).append(inner);
@@ -183,10 +183,8 @@ class LabelledFrame final : public wxStaticBox {
 
 double Points(double pixels)
 {
-  constexpr double kUsualResolution = 96;  // where the desktop sets none
   constexpr double kPointsPerInch = 72;
-  const double set = gdk_screen_get_resolution(gdk_screen_get_default());
-  return pixels * kPointsPerInch / (set > 0 ? set : kUsualResolution);
+  return pixels * kPointsPerInch / Resolution();
 }
 
 }  // namespace
@@ -217,9 +215,23 @@ wxFont LetterFont(const wxString& face, double pixels)
 
 wxFont ControlFont(const wxString& face, int pixels)
 {
+  constexpr double kUsualPointsPerPixel = 0.75;
   // Style sheets take whole points. Letters of other sizes would be measured as they are not shown,
-  // and be one more font to look for.
-  return wxFont(wxFontInfo(std::max(static_cast<int>(Points(pixels)), 1)).FaceName(face));
+  // and be one more font to look for. They are of the same height where text is larger.
+  const int points = std::max(static_cast<int>(pixels * kUsualPointsPerPixel), 1);
+  return wxFont(wxFontInfo(points * UsualPoint()).FaceName(face));
+}
+
+double TextScale(const wxWindow&)
+{
+  constexpr double kUsualPoints = 11;  // the most of the usual desktops
+  gchar* name = nullptr;
+  g_object_get(gtk_settings_get_default(), "gtk-font-name", &name, nullptr);
+  PangoFontDescription* const font = pango_font_description_from_string(name);
+  const double points = static_cast<double>(pango_font_description_get_size(font)) / PANGO_SCALE;
+  pango_font_description_free(font);
+  g_free(name);
+  return std::max(Resolution() / kUsualResolution * std::max(points / kUsualPoints, 1.0), 1.0);
 }
 
 void SetLetters(wxWindow& control, const wxFont& font)
@@ -254,6 +266,13 @@ void AllowSmallControls(wxWindow& panel)
 {
   LoadTightStyleOnce();
   gtk_style_context_add_class(gtk_widget_get_style_context(panel.GetHandle()), kStyleClass);
+}
+
+bool HasLostFocus(const wxWindow& window)
+{
+  // The toolkit does not hear of every way to a list.
+  auto* const top = GTK_WINDOW(gtk_widget_get_toplevel(window.GetHandle()));
+  return gtk_window_get_focus(top) == nullptr;
 }
 
 bool PaintsAtOnce()

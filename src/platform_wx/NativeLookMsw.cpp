@@ -58,6 +58,13 @@ void AllowSmallControls(wxWindow&)
   // Controls have any size here.
 }
 
+bool HasLostFocus(const wxWindow& window)
+{
+  const auto* const focused = wxWindow::FindFocus();
+  return focused == nullptr || (window.IsDescendant(focused) &&
+                                (!focused->IsShownOnScreen() || !focused->AcceptsFocus()));
+}
+
 bool PaintsAtOnce()
 {
   return true;

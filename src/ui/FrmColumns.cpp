@@ -7,7 +7,7 @@
 
 #include "platform_wx/NativeLook.h"
 #include "platform_wx/Spoken.h"
-#include "ui/Widgets.h"
+#include "ui/ForText.h"
 
 namespace velquist::ui {
 

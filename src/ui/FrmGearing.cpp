@@ -12,6 +12,7 @@
 #include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/Clipboard.h"
+#include "ui/ForText.h"
 #include "ui/Widgets.h"
 
 namespace velquist::ui {

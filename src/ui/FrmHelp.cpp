@@ -11,8 +11,8 @@
 #include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/FitToDesktop.h"
+#include "ui/ForText.h"
 #include "ui/ManualStyle.h"
-#include "ui/Widgets.h"
 
 namespace velquist::ui {
 namespace {
@@ -140,8 +140,10 @@ void FrmHelp::FindNext(bool forward)
   long from = 0;
   long to = 0;
   text_->GetSelection(&from, &to);
-  const auto start = static_cast<std::size_t>(from);
-  const auto again = from == to ? start : start + 1;
+  // The field that is searched for takes the selection from what was found when it is opened anew.
+  const bool dropped = from == to && found_ != kNowhere && (from == found_ || from == found_end_);
+  const auto start = static_cast<std::size_t>(dropped ? found_ : from);
+  const auto again = from == to && !dropped ? start : start + 1;
   std::size_t found = wxString::npos;
   if (forward) {
     found = searched_.find(wanted, again);
@@ -156,7 +158,9 @@ void FrmHelp::FindNext(bool forward)
   }
   result_->SetLabel(wxString());
   const auto begin = static_cast<long>(found);
-  text_->SetSelection(begin, begin + static_cast<long>(wanted.length()));
+  found_ = begin;
+  found_end_ = begin + static_cast<long>(wanted.length());
+  text_->SetSelection(found_, found_end_);
   text_->ShowPosition(begin);
 }
 

@@ -31,6 +31,9 @@ class FrmHelp final : public wxFrame {
   wxTextCtrl* wanted_ = nullptr;
   wxStaticText* result_ = nullptr;
   wxString searched_;  ///< the manual in lower case
+  static constexpr long kNowhere = -1;
+  long found_ = kNowhere;  ///< where what was found last begins and ends
+  long found_end_ = kNowhere;
 };
 
 }  // namespace velquist::ui

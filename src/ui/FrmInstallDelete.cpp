@@ -9,7 +9,7 @@
 #include "platform_wx/ProgramIcons.h"
 #include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
-#include "ui/Widgets.h"
+#include "ui/ForText.h"
 
 namespace velquist::ui {
 namespace {

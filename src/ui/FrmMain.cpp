@@ -236,6 +236,7 @@ void FrmMain::ShowChanges()
     widget.BringInLine(form.IsShown(widget.Shown()));
     widget.Tell({app::SpokenText(window_, design), tips_.Of(design), differences_.Of(design), {}});
   }
+  if (IsActive()) keys_.KeepFocus();
   // Not before the window is shown, which has the system work out the looks of everything again.
   if (IsShown()) {
     larger_letters_.BringInLine();

@@ -4,9 +4,11 @@
 #include <wx/accel.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <utility>
 
+#include "platform_wx/NativeLook.h"
 #include "platform_wx/WxText.h"
 
 namespace velquist::ui {
@@ -51,6 +53,11 @@ int MiddleOf(const wxWindow& window)
 RowKeys::RowKeys(wxWindow& top, Type type) : top_(top), type_(std::move(type))
 {
   top.Bind(wxEVT_CHAR_HOOK, &RowKeys::OnKeyDown, this);
+  top.Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
+    event.Skip();
+    const auto at = std::ranges::find(stops_, event.GetWindow(), &Stop::window);
+    if (at != stops_.end()) focused_ = at->window;
+  });
 }
 
 void RowKeys::Add(const app::ControlDesign& design, wxWindow& window)
@@ -81,6 +88,28 @@ void RowKeys::Add(const app::ControlDesign& design, wxWindow& window)
     event.Skip();
     page_key_ = WXK_NONE;
   });
+}
+
+void RowKeys::KeepFocus()
+{
+  if (focused_ == nullptr || CanBeReached(*focused_) || !platform::HasLostFocus(top_)) return;
+  const auto from = std::ranges::find(stops_, focused_, &Stop::window);
+  const auto middle = [](const wxWindow& window) {
+    const auto place = window.GetRect();
+    return place.GetPosition() + place.GetSize() / 2;
+  };
+  // Behind all controls of its frame are the others.
+  const auto far = [&](const Stop& stop) {
+    const auto way = middle(*stop.window) - middle(*from->window);
+    const bool same_frame = stop.design->frame == from->design->frame &&
+                            stop.design->frame_index == from->design->frame_index;
+    return std::pair(!same_frame, std::hypot(way.x, way.y));
+  };
+  const Stop* nearest = nullptr;
+  for (const Stop& stop : stops_)
+    if (CanBeReached(*stop.window) && (nearest == nullptr || far(stop) < far(*nearest)))
+      nearest = &stop;
+  if (nearest != nullptr) nearest->window->SetFocus();
 }
 
 void RowKeys::OnKeyDown(wxKeyEvent& event)

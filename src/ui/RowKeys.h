@@ -28,6 +28,10 @@ class RowKeys {
   /// A control and the window made for it; all are added in tab order.
   void Add(const app::ControlDesign& design, wxWindow& window);
 
+  /// The focus goes to the nearest control that is shown when the one that had it last no longer
+  /// is: one of the same frame where there is any.
+  void KeepFocus();
+
  private:
   struct Stop {
     const app::ControlDesign* design;
@@ -52,7 +56,8 @@ class RowKeys {
   std::vector<Stop> stops_;
   std::vector<Group> groups_;
   int rows_ = 0;
-  int page_key_ = WXK_NONE;  ///< that is down
+  wxWindow* focused_ = nullptr;  ///< last, of all that were added
+  int page_key_ = WXK_NONE;      ///< that is down
 };
 
 }  // namespace velquist::ui

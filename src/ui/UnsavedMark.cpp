@@ -28,7 +28,8 @@ void UnsavedMark::OnPaint()
   const wxColour ink = wxStaticText::GetClassDefaultAttributes().colFg;
   paint.SetPen(ink);
   paint.SetBrush(ink);
-  const int radius = std::max(2, std::min(size.x, size.y) / 3);
+  // As much is clear on either side of it as it is wide, where there are pixels for that.
+  const int radius = std::max(1, std::min(size.x, size.y) / 6);
   paint.DrawCircle(size.x / 2, size.y / 2, radius);
 }
 

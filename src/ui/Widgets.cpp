@@ -8,7 +8,6 @@
 #include <wx/stattext.h>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "app/FormControlSettings.h"
@@ -116,16 +115,6 @@ const wxString& LetterFace()
 wxFont ControlFont(int pixels)
 {
   return platform::ControlFont(LetterFace(), pixels);
-}
-
-int ForText(const wxWindow& window, int usual)
-{
-  return static_cast<int>(std::lround(usual * platform::TextScale(window)));
-}
-
-wxSize ForText(const wxWindow& window, wxSize usual)
-{
-  return {ForText(window, usual.x), ForText(window, usual.y)};
 }
 
 ControlWidget::ControlWidget(const app::Control& control, wxWindow& window)

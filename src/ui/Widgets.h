@@ -20,10 +20,6 @@ namespace velquist::ui {
 /// That face in `pixels` letter height.
 [[nodiscard]] wxFont ControlFont(int pixels);
 
-/// `usual` pixels, or more where the system's text is larger than usual.
-[[nodiscard]] int ForText(const wxWindow& window, int usual);
-[[nodiscard]] wxSize ForText(const wxWindow& window, wxSize usual);
-
 /// What is told of a control beside its name and its tip; empty texts tell nothing.
 struct Told {
   std::string more;        ///< to a screen reader, in place of the tip

@@ -178,6 +178,39 @@ TEST_F(HelpWindow, SearchWithShiftGoesBackAndOnBeforeTheFirstPlaceWithTheLast)
   }
 }
 
+TEST_F(HelpWindow, SearchGoesOnWhereItWasWhenItsBarIsOpenedAgain)
+{
+  const auto places = Places("differential");
+  ASSERT_GE(places.size(), 3U);
+  LookFor("differential");
+  LetTimePass(50);
+  Press(WXK_F3);
+  Press(WXK_ESCAPE);
+  LetTimePass(50);
+  Press('F', wxMOD_CONTROL);
+  LetTimePass(50);
+  Press(WXK_F3);
+  EXPECT_EQ(Found(), places[1]);
+  Press(WXK_F3);
+  Press(WXK_ESCAPE);
+  LetTimePass(50);
+  Press('F', wxMOD_CONTROL);
+  LetTimePass(50);
+  Press(WXK_F3, wxMOD_SHIFT);
+  EXPECT_EQ(Found(), places[1]);
+}
+
+TEST_F(HelpWindow, SearchFromAPlaceThatTheUserHasChosenFindsWhatBeginsThere)
+{
+  const auto places = Places("differential");
+  ASSERT_GE(places.size(), 3U);
+  LookFor("differential");
+  Press(WXK_F3);
+  Text().SetInsertionPoint(places[2]);
+  Press(WXK_F3);
+  EXPECT_EQ(Found(), places[2]);
+}
+
 TEST_F(HelpWindow, SearchSaysThatThereIsNoSuchPlaceAndStaysWhereItWas)
 {
   LookFor("differential");

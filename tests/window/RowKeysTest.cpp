@@ -241,5 +241,34 @@ TEST_F(RowKeys, AHeldSpaceBarEndsWhereTheFocusGoes)
   LetTimePass(300);
 }
 
+TEST_F(RowKeys, TheFocusGoesToTheNearestControlOfTheFrameWhenItsOwnIsHidden)
+{
+  StartWithFocus("AsymmetricCheck");
+  editor.Play("select Combo2 \"GT\"\n");
+  LetTimePass(100);
+  ASSERT_FALSE(Widget("AsymmetricCheck")->IsShown());
+  EXPECT_EQ(Focused(), "SpringStiffnessProportional");
+}
+
+TEST_F(RowKeys, TheFocusGoesToTheNearestControlOfAllWhenItsFrameIsHidden)
+{
+  StartWithFocus("CmdInc(4)");
+  editor.Play("select Combo2 \"1969\"\n");
+  Focus("CmdInc(33)");
+  editor.Play("select Combo2 \"1967\"\n");
+  LetTimePass(100);
+  ASSERT_FALSE(Widget("CmdInc(33)")->IsShownOnScreen());
+  EXPECT_EQ(Focused(), "CmdDec(29)");
+}
+
+TEST_F(RowKeys, TheFocusStaysWhereItIsWhenSomethingElseIsHidden)
+{
+  StartWithFocus("AsymmetricCheck");
+  Focus("Combo2");
+  editor.Play("select Combo2 \"GT\"\n");
+  LetTimePass(100);
+  EXPECT_EQ(Focused(), "Combo2");
+}
+
 }  // namespace
 }  // namespace velquist::testing

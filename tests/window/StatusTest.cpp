@@ -3,6 +3,7 @@
 #include <gtk/gtk.h>
 #include <wx/statusbr.h>
 
+#include <algorithm>
 #include <string>
 
 #include "RealWindow.h"
@@ -54,6 +55,12 @@ TEST_F(Status, TheMarkIsADotAndStandsInNobodysWay)
     EXPECT_LT(at(place.width / 2, middle + 1), 100);
     EXPECT_GT(at(0, 0), 200);
     EXPECT_GT(at(place.width / 2, 1), 200);
+    // As much is clear on either side of it, of 2 pixels at least.
+    const int clear = std::max(2, place.width / 4);
+    for (int x = 0; x < clear; ++x) {
+      EXPECT_GT(at(x, middle), 200) << x;
+      EXPECT_GT(at(place.width - 1 - x, middle), 200) << x;
+    }
   }
 }
 
