@@ -213,3 +213,7 @@ def explained():
             raise Stale(f"explained.txt: {file} has no such mutant: {old.strip()}")
         reasons[file, old.strip(), new.strip()] = reason
     return reasons
+
+
+def is_explained(mutant, reasons):
+    return (mutant.file, mutant.old.strip(), mutant.new.strip()) in reasons

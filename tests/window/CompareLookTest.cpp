@@ -54,9 +54,10 @@ TEST_F(CompareLook, ComesUpWithAColumnForTheParameterForBothValuesAndForTheirDif
 TEST_F(CompareLook, ComesUpInThreeFifthsOfTheMainWindowsHeightWithinItsLimits)
 {
   Start();
-  Frame().SetSize(1000, 1000);
+  ASSERT_GT(Frame().GetSize().y * 3 / 5, 520);
   Open();
-  EXPECT_EQ(Window()->GetClientSize().y, 520);
+  EXPECT_TRUE(WaitUntil([] { return Window()->GetClientSize().y == 520; }))
+      << Window()->GetClientSize().y;
   EXPECT_GE(Window()->GetClientSize().x, 620);
   EXPECT_EQ(Window()->GetMinClientSize().y, 260);
 }
