@@ -60,7 +60,7 @@ void AllowSmallControls(wxWindow&)
 
 bool HasLostFocus(const wxWindow& window)
 {
-  const auto* const focused = wxWindow::FindFocus();
+  auto* const focused = wxWindow::FindFocus();
   return focused == nullptr || (window.IsDescendant(focused) &&
                                 (!focused->IsShownOnScreen() || !focused->AcceptsFocus()));
 }
