@@ -5,6 +5,9 @@
 #include <utility>
 
 #include "edit/CarSetup.h"
+#include "edit/Drivetrain.h"
+#include "setup/SlotNames.h"
+#include "setup/SlotTable.h"
 
 namespace velquist::edit {
 namespace {
@@ -63,12 +66,19 @@ ShownSlots CarSetup::StepTo(int slot, double target)
     EditOptions fine;
     fine.fine = true;
     const double room = 0.1 * static_cast<double>(StepOf(setup_data_, slot, fine));
+    // One step of the history, though the presses may lead back and forth.
+    auto values = Values();
     ShownSlots shown;
-    bool repeated = false;
+    bool pressed = false;
     Approach(slot, target, by_both < by_fine + room, [&](Direction direction) {
-      const auto moved = Step(slot, direction, std::exchange(repeated, true));
+      const auto moved = edit::Step(setup_data_, slot, direction, options_, RearWeight());
       if (!moved.empty()) shown = moved;
+      pressed = true;
     });
+    if (!pressed) return shown;
+    if (setup::IsGear(slot)) (void)GearRowOf(setup_data_, slot);
+    history_->Add(setup::SlotName(slot), true, std::move(values), Values());
+    changed_ = true;
     return shown;
   } catch (...) {
     Restore(std::move(before));
