@@ -44,7 +44,7 @@ FRONT_END = {
     "ManualStyle": ("Help*.*", []),
     "MarkColour": ("Mark*.*:Contrast.*", []),
     "Menus": ("Accessibility.*:Behaviour.*:Rows.*", ["face", "files/new-and-format.scn"]),
-    "PictureBoxes": ("ChartReading.*:Compare*.*:Accessibility.*", ["face", "charts"]),
+    "PictureBoxes": ("Behaviour.*:ChartReading.*:Compare*.*:Accessibility.*", ["face", "charts"]),
     "ProgramDialogs": ("Help*.*:FileDialogs.*", ["files/year-by-question.scn", "face/help.scn"]),
     "RowKeys": ("RowKeys.*", []),
     "SideWindow": ("Compare*.*:GearingWindow.*:LibraryWindow.*", ["reference"]),

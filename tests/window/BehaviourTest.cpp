@@ -101,6 +101,15 @@ TEST_F(Behaviour, ARestingQuotationWakesTheProgramOnlyWhenItMoves)
   EXPECT_GE(Frame().MarqueeTimer().GetInterval(), kRest);
 }
 
+TEST_F(Behaviour, TheMarqueeLooksUpNoColourEachTimeItIsPainted)
+{
+  Start();
+  const auto& box = *Widget("Picture1");
+  EXPECT_TRUE(box.UseForegroundColour());
+  EXPECT_TRUE(box.UseBackgroundColour());
+  EXPECT_EQ(box.GetBackgroundColour(), Frame().GetDefaultAttributes().colBg);
+}
+
 TEST_F(Behaviour, TheMarqueeRestsWhileTheWindowIsMinimised)
 {
   Start();

@@ -62,6 +62,20 @@ TEST_F(CompareLook, ComesUpInThreeFifthsOfTheMainWindowsHeightWithinItsLimits)
   EXPECT_EQ(Window()->GetMinClientSize().y, 260);
 }
 
+TEST_F(CompareLook, LeavesAnotherWindowInItsPlaceThatDoesNotCoverIt)
+{
+  Start();
+  Open();
+  editor.Play("click MnuGearing\n");
+  const auto& other = *wxWindow::FindWindowByName("FrmGearing");
+  ASSERT_TRUE(WaitUntil([&] { return other.IsShownOnScreen(); }));
+  LetTimePass(300);
+  const wxPoint aside =
+      other.GetRect().GetPosition() - other.GetRect().CentreIn(Frame().GetRect()).GetPosition();
+  EXPECT_LT(aside.x, 28);
+  EXPECT_LT(aside.y, 40);  // the title of the window manager
+}
+
 TEST_F(CompareLook, IsToldToAScreenReader)
 {
   Start();

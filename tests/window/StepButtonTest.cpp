@@ -59,6 +59,21 @@ TEST_F(StepButtons, AClickOfTheMouseIsOneStep)
   EXPECT_EQ(Value(0), before + 1);
 }
 
+TEST_F(StepButtons, OfAllKeysTheSpaceBarAloneIsAStep)
+{
+  Start();
+  Frame().Raise();
+  Widget("CmdInc(0)")->SetFocus();
+  ASSERT_TRUE(WaitUntil([&] { return Frame().IsActive() && Widget("CmdInc(0)")->HasFocus(); }));
+  const float before = Value(0);
+  mouse_.Char('X');
+  mouse_.Char(WXK_SPACE, wxMOD_CONTROL);
+  LetTimePass(300);
+  EXPECT_EQ(Value(0), before);
+  mouse_.Char(WXK_SPACE);
+  EXPECT_TRUE(WaitUntil([&] { return Value(0) == before + 1; }));
+}
+
 TEST_F(StepButtons, AHeldStepButtonGoesOnUntilItIsReleased)
 {
   Start();
