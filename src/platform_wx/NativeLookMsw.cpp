@@ -43,8 +43,9 @@ void SetLetters(wxWindow& control, const wxFont& font)
 
 void SetOwnLetters(wxWindow& control, const wxFont& font, const wxColour& colour)
 {
-  control.SetFont(font);
   control.SetForegroundColour(colour);
+  control.SetFont(font);
+  control.Refresh();  // the colour alone has nothing painted
 }
 
 int TenthsOfMillimeter(const wxWindow& text, int pixels)
