@@ -71,7 +71,7 @@ TEST_F(SideWindows, ALargerOneLeavesASmallerInSight)
   const auto alone = Open("MnuLibrary", "FrmLibrary").GetRect();
   Start();
   auto& gearing = Open("MnuGearing", "FrmGearing");
-  gearing.SetSize(wxRect(alone).Deflate(alone.width / 4, alone.height / 4));
+  gearing.SetSize(wxRect(alone).Deflate(100, 100));
   LetTimePass(200);
   auto& again = Open("MnuLibrary", "FrmLibrary");
   EXPECT_FALSE(again.GetRect().Contains(gearing.GetRect()));
