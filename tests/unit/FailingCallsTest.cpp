@@ -193,11 +193,16 @@ TEST_P(SystemCallsOfASave, AreMadeAgainWhenASignalBreaksThemOff)
   }
 }
 
-TEST(SystemCallsOfReading, ReadOnWhereFewBytesComeAtATimeOrASignalBreaksOff)
-{
+class SystemCallsOfReading : public ::testing::Test {
+ protected:
+  SystemCallsOfReading() { WriteFile(file, "some bytes"); }
+
   const TemporaryFolder folder;
-  const auto file = folder / "a.lo1";
-  WriteFile(file, "some bytes");
+  const fs::path file = folder / "a.lo1";
+};
+
+TEST_F(SystemCallsOfReading, ReadOnWhereFewBytesComeAtATimeOrASignalBreaksOff)
+{
   SystemCalls calls;
   calls.at_once = 3;
   std::vector<std::byte> bytes;
@@ -212,11 +217,8 @@ TEST(SystemCallsOfReading, ReadOnWhereFewBytesComeAtATimeOrASignalBreaksOff)
   }
 }
 
-TEST(SystemCallsOfReading, TellWhyAFileCannotBeRead)
+TEST_F(SystemCallsOfReading, TellWhyAFileCannotBeRead)
 {
-  const TemporaryFolder folder;
-  const auto file = folder / "a.lo1";
-  WriteFile(file, "some bytes");
   SystemCalls calls;
   std::vector<std::byte> bytes;
   for (const auto* name : {"open to read", "read"}) {
@@ -228,11 +230,8 @@ TEST(SystemCallsOfReading, TellWhyAFileCannotBeRead)
   }
 }
 
-TEST(SystemCallsOfReading, TellOfAFileThatEndsBeforeItsLength)
+TEST_F(SystemCallsOfReading, TellOfAFileThatEndsBeforeItsLength)
 {
-  const TemporaryFolder folder;
-  const auto file = folder / "a.lo1";
-  WriteFile(file, "some bytes");
   SystemCalls calls;
   calls.at_once = 0;  // as if another program had cut it short meanwhile
   std::vector<std::byte> bytes;
@@ -244,11 +243,8 @@ TEST(SystemCallsOfReading, TellOfAFileThatEndsBeforeItsLength)
   EXPECT_EQ(head.stamp.size, 10U);
 }
 
-TEST(SystemCallsOfReading, ReadAHeadOnWhereFewBytesComeAtATimeOrASignalBreaksOff)
+TEST_F(SystemCallsOfReading, ReadAHeadOnWhereFewBytesComeAtATimeOrASignalBreaksOff)
 {
-  const TemporaryFolder folder;
-  const auto file = folder / "a.lo1";
-  WriteFile(file, "some bytes");
   SystemCalls calls;
   calls.at_once = 3;
   platform::FileHead head;

@@ -59,6 +59,12 @@ class RowKeys : public RealWindow {
   {
     return std::string(editor.Window().Car().UndoText());
   }
+  void ExpectOneUndo(float before)
+  {
+    editor.Play("click MnuUndo\n");
+    EXPECT_EQ(Value(4), before);
+    EXPECT_EQ(UndoText(), "");
+  }
 
   wxUIActionSimulator user_;
 };
@@ -186,9 +192,7 @@ TEST_F(RowKeys, AHeldPageKeyIsUndoneAtOnce)
   EXPECT_TRUE(WaitUntil([&] { return Value(4) >= before + 15 * 5; }, 10000));
   user_.KeyUp(WXK_PAGEUP);
   LetTimePass(200);
-  editor.Play("click MnuUndo\n");
-  EXPECT_EQ(Value(4), before);
-  EXPECT_EQ(UndoText(), "");
+  ExpectOneUndo(before);
 }
 
 TEST_F(RowKeys, TheSpaceBarStepsOnce)
@@ -221,9 +225,7 @@ TEST_F(RowKeys, AHeldSpaceBarStepsAsOftenAsAHeldButtonAndIsUndoneAtOnce)
   const float released = Value(4);
   LetTimePass(300);
   EXPECT_EQ(Value(4), released);
-  editor.Play("click MnuUndo\n");
-  EXPECT_EQ(Value(4), before);
-  EXPECT_EQ(UndoText(), "");
+  ExpectOneUndo(before);
 }
 
 TEST_F(RowKeys, AHeldSpaceBarEndsWhereTheFocusGoes)

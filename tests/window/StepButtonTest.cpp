@@ -26,6 +26,21 @@ class StepButtons : public RealWindow {
     mouse_.MouseUp();
     LetTimePass(200);
   }
+  /// Returns the value before.
+  float HoldForFourSteps()
+  {
+    const float before = Value(4);
+    Press("CmdInc(4)");
+    EXPECT_TRUE(WaitUntil([&] { return Value(4) >= before + 4 * 5; }));
+    return before;
+  }
+  float ValueThatStays()
+  {
+    const float now = Value(4);
+    LetTimePass(300);
+    EXPECT_EQ(Value(4), now);
+    return now;
+  }
   [[nodiscard]] float Value(int slot) const { return editor.Window().Car().Value(slot); }
 
   wxUIActionSimulator mouse_;
@@ -77,26 +92,18 @@ TEST_F(StepButtons, OfAllKeysTheSpaceBarAloneIsAStep)
 TEST_F(StepButtons, AHeldStepButtonGoesOnUntilItIsReleased)
 {
   Start();
-  const float before = Value(4);
-  Press("CmdInc(4)");
-  EXPECT_TRUE(WaitUntil([&] { return Value(4) >= before + 4 * 5; }));
+  HoldForFourSteps();
   Release();
-  const float released = Value(4);
-  LetTimePass(300);
-  EXPECT_EQ(Value(4), released);
+  ValueThatStays();
 }
 
 TEST_F(StepButtons, AHeldStepButtonStopsWhereAnythingElseGetsTheFocus)
 {
   Start();
-  const float before = Value(4);
-  Press("CmdInc(4)");
-  EXPECT_TRUE(WaitUntil([&] { return Value(4) >= before + 4 * 5; }));
+  HoldForFourSteps();
   Widget("FineCheck")->SetFocus();
   LetTimePass(100);
-  const float left = Value(4);
-  LetTimePass(300);
-  EXPECT_EQ(Value(4), left);
+  ValueThatStays();
   Release();
 }
 
@@ -105,27 +112,19 @@ TEST_F(StepButtons, AHeldStepButtonStopsThoughItsReleaseIsNotToldToIt)
   Start();
   auto& button = *Widget("CmdInc(4)");
   button.Bind(wxEVT_LEFT_UP, [](wxMouseEvent&) {});
-  const float before = Value(4);
-  Press("CmdInc(4)");
-  EXPECT_TRUE(WaitUntil([&] { return Value(4) >= before + 4 * 5; }));
+  HoldForFourSteps();
   Release();
-  const float released = Value(4);
-  LetTimePass(300);
-  EXPECT_EQ(Value(4), released);
+  ValueThatStays();
 }
 
 TEST_F(StepButtons, AHeldStepButtonWaitsWhileThePointerIsBesideIt)
 {
   Start();
-  const float before = Value(4);
-  Press("CmdInc(4)");
-  EXPECT_TRUE(WaitUntil([&] { return Value(4) >= before + 4 * 5; }));
+  HoldForFourSteps();
   const auto at = Widget("CmdInc(4)")->GetScreenRect();
   mouse_.MouseMove(at.x + at.width / 2, at.y + 4 * at.height);
   LetTimePass(200);
-  const float beside = Value(4);
-  LetTimePass(300);
-  EXPECT_EQ(Value(4), beside);
+  const float beside = ValueThatStays();
   mouse_.MouseMove(at.x + at.width / 2, at.y + at.height / 2);
   EXPECT_TRUE(WaitUntil([&] { return Value(4) > beside; }));
   Release();
@@ -134,9 +133,7 @@ TEST_F(StepButtons, AHeldStepButtonWaitsWhileThePointerIsBesideIt)
 TEST_F(StepButtons, AHeldStepButtonIsUndoneAtOnce)
 {
   Start();
-  const float before = Value(4);
-  Press("CmdInc(4)");
-  EXPECT_TRUE(WaitUntil([&] { return Value(4) >= before + 4 * 5; }));
+  const float before = HoldForFourSteps();
   Release();
   EXPECT_TRUE(Frame().GetMenus().Choose("MnuUndo"));
   EXPECT_EQ(Value(4), before);
