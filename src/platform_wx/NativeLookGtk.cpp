@@ -118,18 +118,19 @@ const std::string& LettersClass(const wxFont& font)
 
 constexpr char kOwnLetters[] = "velquist-own-letters";
 
-/// Gives `control` the class of all controls with such letters.
-void ShareLetters(const wxWindow& control, const wxFont& font)
+/// Gives `control` the class of all controls with such letters. False when it has it already.
+bool ShareLetters(const wxWindow& control, const wxFont& font)
 {
   constexpr char kClass[] = "velquist-letters";
   auto* const widget = G_OBJECT(control.GetHandle());
   const auto& name = LettersClass(font);
   const auto* const before = static_cast<const char*>(g_object_get_data(widget, kClass));
-  if (before == name.c_str()) return;
+  if (before == name.c_str()) return false;
   GtkStyleContext* const context = gtk_widget_get_style_context(control.GetHandle());
   if (before != nullptr) gtk_style_context_remove_class(context, before);
   gtk_style_context_add_class(context, name.c_str());
   g_object_set_data(widget, kClass, const_cast<char*>(name.c_str()));
+  return true;
 }
 
 /// Where the toolkit's own sheet says their size.
@@ -240,8 +241,8 @@ void SetLetters(wxWindow& control, const wxFont& font)
     GiveOwnLetters(control, font);
     return;
   }
-  if (control.GetFont() != font) control.wxWindowBase::SetFont(font);
-  ShareLetters(control, font);
+  // A control without a font of its own works out the theme's when it is asked for it.
+  if (ShareLetters(control, font)) control.wxWindowBase::SetFont(font);
 }
 
 int TenthsOfMillimeter(const wxWindow&, int pixels)
