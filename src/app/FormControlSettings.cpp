@@ -253,13 +253,10 @@ struct ControlRows {
     form.NoFrame();
     form.Add({VELQUIST_CONTROL(PictureChart2), .kind = kPicture, .place = {656, 336, 600, 264},
               .font_size = kChartSize, .spoken = "Speed bands of the gears", .shape = Shape::kChart,
-              .chart = &MainForm::chart2, .reading = &MainWindow::PictureChart2_Comparison,
-              .reference = &MainWindow::ReferenceOfPictureChart2});
+              .chart = &MainForm::chart2});
     form.Add({VELQUIST_CONTROL(PictureChart), .kind = kPicture, .place = {656, 608, 356, 218},
               .font_size = kChartSize, .spoken = "Torque and power of the engine",
-              .shape = Shape::kChart, .chart = &MainForm::chart,
-              .reading = &MainWindow::PictureChart_Comparison,
-              .reference = &MainWindow::ReferenceOfPictureChart});
+              .shape = Shape::kChart, .chart = &MainForm::chart});
     form.Add({VELQUIST_CONTROL(GEMPic1), .kind = kPicture, .place = {1020, 608, 236, 218},
               .spoken = "Picture of the car", .shape = Shape::kCarPicture});
     form.Frame({VELQUIST_CONTROL(Picture1), .kind = kPicture, .place = {8, 834, 1248, 38},

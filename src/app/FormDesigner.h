@@ -180,8 +180,7 @@ class FormDesigner {
     Need(row, label || row.alignment == Alignment::kCentre, "only a label has an alignment");
     Need(row, label || list || !row.ellipsis, "only a label or a list has an ellipsis");
     Need(row, list || !row.opens_first, "only a list opens first");
-    Need(row, chart == (row.chart != nullptr) && chart == (row.reading != nullptr),
-         "a chart, and nothing else, has a recorder and a reading");
+    Need(row, chart == (row.chart != nullptr), "a chart, and nothing else, has a recorder");
     switch (row.shape) {
       case Shape::kOfKind: Need(row, !picture, "a picture box without a picture"); break;
       case Shape::kStepButton:

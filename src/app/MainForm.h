@@ -79,10 +79,6 @@ struct ControlDesign {
 
   Shape shape = Shape::kOfKind;
   charts::PictureRecorder MainForm::*chart = nullptr;  ///< of a chart
-  /// Of a chart: what it shows at a place in its box, pixels.
-  std::string (MainWindow::*reading)(double x, double y) const = nullptr;
-  /// Of a chart: the same of the reference; nothing drawn where both are the same.
-  charts::PictureRecorder (MainWindow::*reference)() const = nullptr;
 
   /// The control itself.
   [[nodiscard]] Control& In(MainForm& form) const noexcept;

@@ -73,13 +73,6 @@ class MainWindow {
   /// plot box.
   [[nodiscard]] std::string PictureChart_MouseMove(double x, double y) const;
   [[nodiscard]] std::string PictureChart2_MouseMove(double x, double y) const;
-  /// The same and, where it differs, what the reference's chart does.
-  [[nodiscard]] std::string PictureChart_Comparison(double x, double y) const;
-  [[nodiscard]] std::string PictureChart2_Comparison(double x, double y) const;
-  /// The charts of the reference's engine and gears, on the axes of the current ones and of their
-  /// size; nothing is drawn where both are the same.
-  [[nodiscard]] charts::PictureRecorder ReferenceOfPictureChart() const;
-  [[nodiscard]] charts::PictureRecorder ReferenceOfPictureChart2() const;
 
   /// The path that Save writes to; the file name alone for a default setup, which it refuses.
   [[nodiscard]] std::string SavePath() const;

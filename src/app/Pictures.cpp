@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <string>
 
-#include "app/ChartPictures.h"
 #include "app/EventEntry.h"
 #include "app/MainWindow.h"
 #include "charts/EngineChart.h"
@@ -23,30 +22,6 @@ std::string MainWindow::PictureChart_MouseMove(double x, double y) const
 std::string MainWindow::PictureChart2_MouseMove(double x, double y) const
 {
   return charts::ReadSpeedBands(form_.chart2.Width(), form_.chart2.Height(), globals_.bands, x, y);
-}
-
-std::string MainWindow::PictureChart_Comparison(double x, double y) const
-{
-  return ChartReading(*this, *form_.PictureChart.design, form_.chart.Width(), form_.chart.Height(),
-                      x, y);
-}
-
-std::string MainWindow::PictureChart2_Comparison(double x, double y) const
-{
-  return ChartReading(*this, *form_.PictureChart2.design, form_.chart2.Width(),
-                      form_.chart2.Height(), x, y);
-}
-
-charts::PictureRecorder MainWindow::ReferenceOfPictureChart() const
-{
-  return ReferencePicture(*this, *form_.PictureChart.design, form_.chart.Width(),
-                          form_.chart.Height());
-}
-
-charts::PictureRecorder MainWindow::ReferenceOfPictureChart2() const
-{
-  return ReferencePicture(*this, *form_.PictureChart2.design, form_.chart2.Width(),
-                          form_.chart2.Height());
 }
 
 void MainWindow::MnuAbout_Click()

@@ -67,8 +67,7 @@ TEST(FormDesigner, TakesRightRows)
                   .shortcut = "Ctrl+Q", .event = Nothing, .begins_group = true, .exclusive = true}),
       "");
   EXPECT_EQ(WhyRefused({VELQUIST_CONTROL(PictureChart), .kind = kPicture, .place = kSomewhere,
-                        .shape = Shape::kChart, .chart = &MainForm::chart,
-                        .reading = &MainWindow::PictureChart_MouseMove}),
+                        .shape = Shape::kChart, .chart = &MainForm::chart}),
             "");
 }
 
@@ -141,7 +140,7 @@ TEST(FormDesigner, NamesARowWithAFieldThatItsKindHasNot)
             "Label4: only a picture box has a picture");
   EXPECT_EQ(label([](auto& row) { row.opens_first = true; }), "Label4: only a list opens first");
   EXPECT_EQ(label([](auto& row) { row.chart = &MainForm::chart; }),
-            "Label4: a chart, and nothing else, has a recorder and a reading");
+            "Label4: a chart, and nothing else, has a recorder");
   EXPECT_EQ(WhyRefused({VELQUIST_CONTROL(Combo2), .kind = kList, .place = kSomewhere,
                         .event = Nothing, .alignment = Alignment::kLeft}),
             "Combo2: only a label has an alignment");

@@ -6,6 +6,7 @@
 
 #include "ChartPictures.h"
 #include "ScriptedEditor.h"
+#include "app/ChartPictures.h"
 #include "charts/PlotXy.h"
 
 namespace velquist::testing {
@@ -15,13 +16,34 @@ class ReferenceCharts : public ::testing::Test {
  protected:
   ReferenceCharts() { editor_.StartWithGame(); }
 
-  [[nodiscard]] bool OutlinesEngine() const
+  /// Of the reference, in the size that the chart has.
+  [[nodiscard]] charts::PictureRecorder Engine() const
   {
-    return !editor_.Window().ReferenceOfPictureChart().Drawn().empty();
+    const auto& form = editor_.Window().Form();
+    return app::ReferencePicture(editor_.Window(), *form.PictureChart.design, form.chart.Width(),
+                                 form.chart.Height());
   }
-  [[nodiscard]] bool OutlinesGears() const
+  [[nodiscard]] charts::PictureRecorder Gears() const
   {
-    return !editor_.Window().ReferenceOfPictureChart2().Drawn().empty();
+    const auto& form = editor_.Window().Form();
+    return app::ReferencePicture(editor_.Window(), *form.PictureChart2.design, form.chart2.Width(),
+                                 form.chart2.Height());
+  }
+  [[nodiscard]] bool OutlinesEngine() const { return !Engine().Drawn().empty(); }
+  [[nodiscard]] bool OutlinesGears() const { return !Gears().Drawn().empty(); }
+
+  /// At a place in the chart.
+  [[nodiscard]] std::string ReadEngine(double x, double y) const
+  {
+    const auto& form = editor_.Window().Form();
+    return app::ChartReading(editor_.Window(), *form.PictureChart.design, form.chart.Width(),
+                             form.chart.Height(), x, y);
+  }
+  [[nodiscard]] std::string ReadGears(double x, double y) const
+  {
+    const auto& form = editor_.Window().Form();
+    return app::ChartReading(editor_.Window(), *form.PictureChart2.design, form.chart2.Width(),
+                             form.chart2.Height(), x, y);
   }
   /// The ends of the torque bands, pixels.
   [[nodiscard]] static std::vector<double> Bands(const charts::PictureRecorder& picture)
@@ -52,7 +74,7 @@ TEST_F(ReferenceCharts, ShowTheGearsAsTheyWere)
   ASSERT_FALSE(before.empty());
   editor_.Play("click CmdInc(43)\n");
   EXPECT_NE(Bands(editor_.Window().Form().chart2), before);
-  EXPECT_EQ(Bands(editor_.Window().ReferenceOfPictureChart2()), before);
+  EXPECT_EQ(Bands(Gears()), before);
   EXPECT_FALSE(OutlinesEngine());
   editor_.Play("click MnuUndo\n");
   EXPECT_FALSE(OutlinesGears());
@@ -63,7 +85,7 @@ TEST_F(ReferenceCharts, ShowTheFinalDriveAsItWas)
   const auto before = Bands(editor_.Window().Form().chart2);
   const int drive = editor_.Window().Form().Combo1[0].selection;
   editor_.Play("select Combo1(0) #" + std::to_string(drive == 0 ? 1 : drive - 1) + "\n");
-  EXPECT_EQ(Bands(editor_.Window().ReferenceOfPictureChart2()), before);
+  EXPECT_EQ(Bands(Gears()), before);
 }
 
 TEST_F(ReferenceCharts, ShowTheEngineThatTheSetupWasLoadedFor)
@@ -71,8 +93,7 @@ TEST_F(ReferenceCharts, ShowTheEngineThatTheSetupWasLoadedFor)
   const auto curve = Having(editor_.Window().Form().chart, Primitive::Kind::kLine, charts::kBlue);
   editor_.Play("select Combo3 #1\n");
   EXPECT_TRUE(OutlinesGears());
-  const auto shown =
-      Having(editor_.Window().ReferenceOfPictureChart(), Primitive::Kind::kLine, charts::kBlue);
+  const auto shown = Having(Engine(), Primitive::Kind::kLine, charts::kBlue);
   ASSERT_EQ(shown.size(), curve.size());
   for (std::size_t i = 0; i < curve.size(); ++i) EXPECT_EQ(shown[i].y1, curve[i].y1);
   // The default setup is for any car.
@@ -95,19 +116,18 @@ TEST_F(ReferenceCharts, LeaveThePicturesAsTheyAre)
 
 TEST_F(ReferenceCharts, AreReadBesideTheCurrentOnesWhereTheyDiffer)
 {
-  const auto& window = editor_.Window();
-  const auto before = window.PictureChart2_Comparison(200, 100);
+  const auto before = ReadGears(200, 100);
   ASSERT_EQ(before.find("Reference"), std::string::npos);
   const int gear = before.front() - '1';
   editor_.Play("click CmdInc(" + std::to_string(42 + gear) + ")\n");
-  const auto after = window.PictureChart2_Comparison(200, 100);
+  const auto after = ReadGears(200, 100);
   const auto rest = before.substr(before.find('\n'));
   EXPECT_TRUE(after.ends_with("\nReference:" + rest)) << after;
   EXPECT_EQ(after.find(rest), after.rfind(rest)) << "both are the same: " << after;
-  EXPECT_EQ(window.PictureChart_Comparison(150, 60).find("Reference"), std::string::npos);
+  EXPECT_EQ(ReadEngine(150, 60).find("Reference"), std::string::npos);
   editor_.Play("select Combo3 #1\n");
-  EXPECT_NE(window.PictureChart_Comparison(150, 60).find("\nReference:\n"), std::string::npos);
-  EXPECT_EQ(window.PictureChart2_Comparison(2, 2), "");
+  EXPECT_NE(ReadEngine(150, 60).find("\nReference:\n"), std::string::npos);
+  EXPECT_EQ(ReadGears(2, 2), "");
 }
 
 }  // namespace
