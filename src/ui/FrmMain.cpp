@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/FrmMain.h"
 
-#include <wx/stattext.h>
 #include <wx/utils.h>
 #include <wx/wupdlock.h>
 
@@ -64,7 +63,6 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
   platform::AllowSmallControls(*panel_);
   MakeWidgets(pictures);
   MakeStatusLine();
-  LinkMnemonics();
 
   const auto scale = app::ScaleFor(screen.Width(), screen.Height());
   laid_out_for_ = wxSize(Rounded(static_cast<float>(app::kDesignClientWidth) * scale.fx),
@@ -133,20 +131,6 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id,
     case Shape::kOfKind: break;
   }
   return design.kind == ControlKind::kMenu ? nullptr : MakeWidget(design.In(form), panel_, id);
-}
-
-void FrmMain::LinkMnemonics()
-{
-  for (auto label = widgets_.begin(); label != widgets_.end(); ++label) {
-    const auto& design = label->Design();
-    if (design.kind != ControlKind::kLabel || design.caption.find('&') == std::string_view::npos)
-      continue;
-    const auto target = std::find_if(label, widgets_.end(), [](const ControlWidget& widget) {
-      return widget.Window().AcceptsFocus();
-    });
-    if (target != widgets_.end())
-      platform::SetMnemonicTarget(static_cast<wxStaticText&>(label->Window()), target->Window());
-  }
 }
 
 void FrmMain::FocusFirstStepButton()

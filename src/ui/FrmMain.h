@@ -46,7 +46,6 @@ class FrmMain final : public wxFrame {
   void MakeWidgets(platform::WxPictureLoader& pictures);
   wxWindow* MakeWindow(const app::ControlDesign& design, wxWindowID id,
                        platform::WxPictureLoader& pictures);
-  void LinkMnemonics();
   /// A key pressed before another is chosen must not drop the setup.
   void FocusFirstStepButton();
   void BindEvents();
