@@ -12,10 +12,11 @@
 #include <vector>
 
 #include "NativeBox.h"
+#include "Nothing.h"
 #include "RealWindow.h"
 #include "TemporaryFolder.h"
 #include "platform/HostFileSystem.h"
-#include "platform_wx/WxDialogs.h"
+#include "ui/ProgramDialogs.h"
 
 namespace velquist::testing {
 namespace {
@@ -107,7 +108,8 @@ class FileDialogs : public ::testing::Test {
   }
 
   samples::TemporaryFolder folder_;
-  platform::WxDialogs dialogs_;
+  NoResources resources_;
+  ui::ProgramDialogs dialogs_{resources_};
   wxFrame* owner_ = new wxFrame(nullptr, wxID_ANY, "owner");
 };
 

@@ -71,6 +71,43 @@ TEST_F(LibraryWindow, NoticesFilesThatComeAndGoAtTheFocus)
   EXPECT_EQ(Label("DifferenceCount").substr(Label("DifferenceCount").size() - 5), "c.lq1");
 }
 
+/// The lines that a model says have changed.
+class ChangedLines final : public wxDataViewModelNotifier {
+ public:
+  explicit ChangedLines(std::vector<wxDataViewItem>& items) : items_(items) {}
+
+  bool ItemAdded(const wxDataViewItem&, const wxDataViewItem&) override { return true; }
+  bool ItemDeleted(const wxDataViewItem&, const wxDataViewItem&) override { return true; }
+  bool ItemChanged(const wxDataViewItem& item) override
+  {
+    items_.push_back(item);
+    return true;
+  }
+  bool ValueChanged(const wxDataViewItem&, unsigned) override { return true; }
+  bool Cleared() override { return true; }
+  void Resort() override {}
+
+ private:
+  std::vector<wxDataViewItem>& items_;
+};
+
+TEST_F(LibraryWindow, ShowsALineAnewWhoseFileHasChanged)
+{
+  const Texts names = {"a.lp1", "b.lp2", "c.lq1"};
+  StartWithSetups(names);
+  Open();
+  std::vector<wxDataViewItem> changed;
+  Table().GetModel()->AddNotifier(new ChangedLines(changed));  // which it deletes
+  for (unsigned line = 0; line < names.size(); ++line) {
+    editor.Play("remove $G/Players/Jim/Setups/monza/" + names[line] + "\n");
+    Put(names[line], " 0=25");
+    Refocus();
+    ASSERT_EQ(changed.size(), 1U) << names[line];
+    EXPECT_EQ(Lines("Setups").GetRow(changed.front()), line);
+    changed.clear();
+  }
+}
+
 TEST_F(LibraryWindow, ScansAgainWhenAnInstallationIsAdded)
 {
   StartWithSetups();
