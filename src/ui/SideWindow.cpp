@@ -107,6 +107,7 @@ void SideWindow::StepAside()
       Move(moved.GetPosition());
     }
   }
+  Move(at);  // there is no room to step aside
 }
 
 /// It stays as it is for the next time; the main window has the focus again.
