@@ -121,7 +121,7 @@ void Monkey::PlayTyping(const std::string& statement)
                        text.find_last_not_of(" \t") + 1 == text.find(before) + before.size();
   if (typed_.refused && refused != refusal)
     typed_.wrong = "is refused with " + Quoted(refused);
-  else if (takes && *takes == typed_.refused && !is_same && dialogs_.empty())
+  else if (takes == std::optional(typed_.refused) && !is_same && dialogs_.empty())
     typed_.wrong = typed_.refused ? "is refused" : "is taken";
 }
 
