@@ -103,15 +103,18 @@ void Monkey::PlayTyping(const std::string& statement)
   const auto seen = play_.Seen({"Label1", slot});
   if (!seen.shown || !seen.enabled) throw runner::Failure("a value to type", "none");
   const auto& window = driver_->Window();
-  std::optional<bool> takes;
+  bool is_known = false;  // whether it is taken
+  bool takes = false;
   std::string refusal;
   std::string before;
   try {
     before = app::NumberText(window, slot);
-    takes = Takes(window, slot, text);
+    const auto expected = Takes(window, slot, text);
+    is_known = expected.has_value();
+    takes = expected.value_or(false);
     refusal = "From " + app::RangeText(window, slot) + ".";
   } catch (const BoundsError&) {
-    takes.reset();
+    is_known = false;
   }
   const auto refused = driver_->Type(slot, text);
   script_.push_back(refused.empty() ? statement : statement + " refused " + Quoted(refused));
@@ -121,7 +124,7 @@ void Monkey::PlayTyping(const std::string& statement)
                        text.find_last_not_of(" \t") + 1 == text.find(before) + before.size();
   if (typed_.refused && refused != refusal)
     typed_.wrong = "is refused with " + Quoted(refused);
-  else if (takes == std::optional(typed_.refused) && !is_same && dialogs_.empty())
+  else if (is_known && takes == typed_.refused && !is_same && dialogs_.empty())
     typed_.wrong = typed_.refused ? "is refused" : "is taken";
 }
 
