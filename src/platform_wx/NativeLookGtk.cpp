@@ -98,7 +98,8 @@ const std::string& LettersClass(const wxFont& font)
   const int points = static_cast<int>(font.GetFractionalPointSize() / point + kLost);
   const auto style = LettersStyle(font, points * point);
   // Behind own letters; before them where the toolkit's own sheets cannot say the size.
-  const guint priority = GTK_STYLE_PROVIDER_PRIORITY_APPLICATION + (AreWholePointsUsual() ? -1 : 1);
+  constexpr guint kOwn = GTK_STYLE_PROVIDER_PRIORITY_APPLICATION;
+  const guint priority = AreWholePointsUsual() ? kOwn - 1 : kOwn + 1;
   if (const auto known = classes.find(style); known != classes.end()) return known->second;
   // Many sizes at once, since the system looks at every widget anew for each sheet.
   std::string sheet;
