@@ -119,8 +119,7 @@ TEST_F(AtomicWrite, FailsOnAFullDisk)
 {
   // In a name space of its own the child may mount a disk of 64 KiB over the folder.
   const auto told = InChild([&]() -> std::string {
-    if (::unshare(CLONE_NEWNS) != 0 ||
-        ::mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) ||
+    if (::unshare(CLONE_NEWNS) != 0 || ::mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) ||
         ::mount("none", folder.Path().c_str(), "tmpfs", 0, "size=64k") != 0)
       return "cannot mount";
     const std::string old(40'000, 'o');
