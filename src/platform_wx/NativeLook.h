@@ -6,6 +6,7 @@
 #include <wx/font.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
+#include <wx/toplevel.h>
 #include <wx/window.h>
 
 /// What the toolkit leaves to each system. One implementation a system.
@@ -35,6 +36,10 @@ void SetOwnLetters(wxWindow& control, const wxFont& font, const wxColour& colour
 /// Lets the controls in `panel` be as small as their places say, where a desktop's theme would
 /// keep them larger.
 void AllowSmallControls(wxWindow& panel);
+
+/// Gives `window`, which has not been shown yet, the size that it comes up with. It is painted once
+/// then, which it is not with SetClientSize on every system.
+void SetFirstClientSize(wxTopLevelWindow& window, wxSize size);
 
 /// True when nothing in `window` has the focus any more, since what had it was hidden.
 [[nodiscard]] bool HasLostFocus(const wxWindow& window);

@@ -270,6 +270,17 @@ void AllowSmallControls(wxWindow& panel)
   gtk_style_context_add_class(gtk_widget_get_style_context(panel.GetHandle()), kStyleClass);
 }
 
+void SetFirstClientSize(wxTopLevelWindow& window, wxSize size)
+{
+  window.SetClientSize(size);
+  // The toolkit asks for room of that size until it has nothing else to do. When it lets go of that
+  // all is laid out anew; before the first frame nothing is painted for it.
+  window.Bind(wxEVT_SHOW, [&window](wxShowEvent& event) {
+    event.Skip();
+    if (event.IsShown()) gtk_widget_set_size_request(window.m_wxwindow, -1, -1);
+  });
+}
+
 bool HasLostFocus(const wxWindow& window)
 {
   // The toolkit does not hear of every way to a list.

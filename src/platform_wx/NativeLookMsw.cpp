@@ -59,6 +59,11 @@ void AllowSmallControls(wxWindow&)
   // Controls have any size here.
 }
 
+void SetFirstClientSize(wxTopLevelWindow& window, wxSize size)
+{
+  window.SetClientSize(size);
+}
+
 bool HasLostFocus(const wxWindow& window)
 {
   auto* const focused = wxWindow::FindFocus();

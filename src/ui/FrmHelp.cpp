@@ -60,7 +60,7 @@ FrmHelp::FrmHelp(wxWindow* parent, std::string_view manual)
   });
   // Smaller than this the toolkit has no room for the scroll bar.
   SetMinClientSize(FromDIP(wxSize(kLeastClientWidth, kLeastClientHeight)));
-  SetClientSize(ForText(*this, wxSize(kClientWidth, kClientHeight)));
+  platform::SetFirstClientSize(*this, ForText(*this, wxSize(kClientWidth, kClientHeight)));
   FitToDesktop(*this);
   ShowSearchBar(false);
   if (parent != nullptr)

@@ -69,7 +69,7 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
                          Rounded(static_cast<float>(app::kDesignClientHeight) * scale.fy));
   SetMinClientSize(wxSize(std::min(kLeastClientWidth, laid_out_for_.x),
                           std::min(kLeastClientHeight, laid_out_for_.y)));
-  SetClientSize(laid_out_for_);
+  platform::SetFirstClientSize(*this, laid_out_for_);
   ShowChanges();
   BindEvents();
   FocusFirstStepButton();

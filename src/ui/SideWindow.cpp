@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <vector>
 
+#include "platform_wx/NativeLook.h"
 #include "platform_wx/ProgramIcons.h"
 #include "platform_wx/Spoken.h"
 
@@ -79,7 +80,7 @@ void SideWindow::TakeSize(wxSize client, wxSize least, Side side)
   client.DecTo(OfDesktop(kMostPercent));
   least.DecTo(client);
   SetMinClientSize(least);
-  SetClientSize(client);
+  platform::SetFirstClientSize(*this, client);
   CentreOnParent();
   if (side == Side::kRight) {
     const wxRect around = GetParent()->GetScreenRect();

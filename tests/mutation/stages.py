@@ -125,7 +125,8 @@ def of(file, front_end, whole):
     if not front_end:
         near = suites_of(re.sub("Posix$", "", stem))
         found = [unit("the tests of its name", near, 45)] if near else []
-        found.append(scenarios("scenarios", [""], False, 20))
+        if file.split("/")[1] != "cli":  # which is not in the program that runs them
+            found.append(scenarios("scenarios", [""], False, 20))
         found.append(Stage("unit tests", UNIT, "unit", [PROGRAM], ["*"], 45, SLOW))
         found.append(unit("long unit tests", SLOW, 90))
         if file.split("/")[1] in ("cli", "library", "export"):
