@@ -61,7 +61,7 @@ int Check(Session& session)
   if (!json && bad > 0)
     out << files << (files == 1 ? " setup, " : " setups, ") << bad << " with problems, " << count
         << (count == 1 ? " problem\n" : " problems\n");
-  return session.Status(bad > 0 ? kFound : kDone);
+  return bad > 0 ? kFound : kDone;
 }
 
 }  // namespace velquist::cli

@@ -30,7 +30,7 @@ int RunAndFlush(const Console& console, Options options)
   Session session(console, std::move(options));
   int status = kTrouble;
   try {
-    status = RunCommand(session);
+    status = session.Status(RunCommand(session));  // the progress gives way to the last lines
   } catch (const FileError& error) {
     session.Tell(error.Path(), error.Reason());
   }

@@ -71,7 +71,7 @@ int Compare(Session& session)
                  TextOf(b->car, slot, units), std::string(UnitOf(slot, units))});
     table.Write(out, "  ");
   }
-  return session.Status(slots.empty() ? kDone : kFound);
+  return slots.empty() ? kDone : kFound;
 }
 
 }  // namespace velquist::cli

@@ -39,7 +39,7 @@ int Convert(Session& session)
     session.Out() << JsonText({{"file", path}, {"written", target}}) << '\n';
   else
     session.Out() << target << '\n';
-  return session.Status(kDone);
+  return kDone;
 }
 
 }  // namespace velquist::cli

@@ -89,7 +89,7 @@ int Gearing(Session& session)
     session.Out() << JsonText(AsJson(*setup, made.gearing)) << '\n';
   else
     WriteText(session.Out(), *setup, made.gearing);
-  return session.Status(kDone);
+  return kDone;
 }
 
 }  // namespace velquist::cli

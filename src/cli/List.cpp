@@ -157,7 +157,7 @@ int List(Session& session)
       break;
     }
   }
-  return session.Status(kDone);
+  return kDone;
 }
 
 }  // namespace velquist::cli

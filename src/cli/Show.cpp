@@ -124,7 +124,7 @@ int Show(Session& session)
     }
   }
   if (json) array.End();
-  return session.Status(kDone);
+  return kDone;
 }
 
 }  // namespace velquist::cli

@@ -48,7 +48,7 @@ int WriteForEach(Session& session, const std::function<WrittenFile(OpenedSetup& 
     session.ShowProgress(++count, "files");
   }
   if (json) array.End();
-  return session.Status(kDone);
+  return kDone;
 }
 
 }  // namespace velquist::cli

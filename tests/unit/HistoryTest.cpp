@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <bit>
 #include <string>
+#include <utility>
 
 #include "MemoryProgram.h"
 #include "edit/Drivetrain.h"
@@ -143,6 +145,24 @@ TEST_F(HistoryOfEditing, TakesListsBackWithTheirPositions)
   EXPECT_EQ(Car().UndoText(), "final drive");
   Undo();
   EXPECT_EQ(ValuesOf(Car()), before);
+}
+
+TEST_F(HistoryOfEditing, SaysWhichWheelAStepWasOf)
+{
+  Window().Check("AsymmetricCheck", -1, true);
+  const std::array<std::string, 4> wheels = {"left front", "right front", "left rear",
+                                             "right rear"};
+  for (const auto& [first, what] : {std::pair(setup::kTirePressure, " tire pressure"),
+                                    {setup::kWheelRate, " wheel rate"},
+                                    {setup::kBump, " bump"},
+                                    {setup::kRebound, " rebound"},
+                                    {setup::kCamber, " camber"},
+                                    {setup::kBumpRubber, " bump rubber"}}) {
+    for (int wheel = 0; wheel < 4; ++wheel) {
+      Press(first + wheel);
+      EXPECT_EQ(Car().UndoText(), wheels.at(static_cast<std::size_t>(wheel)) + what);
+    }
+  }
 }
 
 TEST_F(HistoryOfEditing, HasNoStepForOptionsUnitsCarAndFormula)

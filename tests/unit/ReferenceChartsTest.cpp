@@ -12,10 +12,8 @@
 namespace velquist::testing {
 namespace {
 
-class ReferenceCharts : public ::testing::Test {
+class ChartsWithReference : public ::testing::Test {
  protected:
-  ReferenceCharts() { editor_.StartWithGame(); }
-
   /// Of the reference, in the size that the chart has.
   [[nodiscard]] charts::PictureRecorder Engine() const
   {
@@ -59,6 +57,11 @@ class ReferenceCharts : public ::testing::Test {
   ScriptedEditor editor_;
 };
 
+class ReferenceCharts : public ChartsWithReference {
+ protected:
+  ReferenceCharts() { editor_.StartWithGame(); }
+};
+
 TEST_F(ReferenceCharts, ShowNothingWhileNothingDiffers)
 {
   EXPECT_FALSE(OutlinesEngine());
@@ -100,6 +103,31 @@ TEST_F(ReferenceCharts, ShowTheEngineThatTheSetupWasLoadedFor)
   editor_.Play("click MnuReferenceDefault\n");
   EXPECT_FALSE(OutlinesEngine());
   EXPECT_FALSE(OutlinesGears());
+}
+
+TEST_F(ChartsWithReference, ShowTheEngineOfEveryCarWhoseCurveOrMaximumDiffers)
+{
+  editor_.Play(R"(
+dir $G/Players/Jim/Setups/monza
+file $G/gpl_ai.ini text ""
+file $G/gpla65.ini text ""
+file "$P/Velquist Program Settings.ini" text \
+  "\"$G\"\r\n0\r\n1\r\n0\r\n0\r\n0\r\n0\r\n0\r\n\"$G\"\r\n"
+start
+expect Combo2 "1965"
+)");
+  const auto& state = editor_.Window().State();
+  int other_curves_alone = 0;
+  const auto curve = state.curve;
+  const int maximum = state.bands.maximum_rpm;
+  const auto cars = editor_.Window().Form().Combo3.items.size();
+  for (std::size_t car = 0; car < cars; ++car) {
+    editor_.Play("select Combo3 #" + std::to_string(car) + "\n");
+    const bool other_maximum = state.bands.maximum_rpm != maximum;
+    EXPECT_EQ(OutlinesEngine(), state.curve != curve || other_maximum) << car;
+    if (state.curve != curve && !other_maximum) ++other_curves_alone;
+  }
+  EXPECT_GT(other_curves_alone, 0);
 }
 
 TEST_F(ReferenceCharts, LeaveThePicturesAsTheyAre)
