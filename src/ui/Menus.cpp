@@ -138,7 +138,7 @@ bool Menus::Choose(std::string_view name) const
   const Entry& entry = *Find(name);
   if (entry.menu != nullptr) return false;
   if (entry.item->IsCheckable()) entry.item->Check();
-  return entry.parent->SendEvent(entry.item->GetId(), entry.item->IsCheckable() ? 1 : -1);
+  return entry.parent->SendEvent(entry.item->GetId());
 }
 
 }  // namespace velquist::ui

@@ -47,22 +47,22 @@ FRONT_END = {
     "PictureBoxes": ("Behaviour.*:ChartReading.*:Compare*.*:Accessibility.*", ["face", "charts"]),
     "ProgramDialogs": ("Help*.*:FileDialogs.*", ["files/year-by-question.scn", "face/help.scn"]),
     "RowKeys": ("RowKeys.*", []),
-    "SideWindow": ("Compare*.*:GearingWindow.*:LibraryWindow.*", ["reference"]),
+    "SideWindow": ("SideWindows.*:Compare*.*:GearingWindow.*:LibraryWindow.*", ["reference"]),
     "SideWindows": ("Compare*.*:GearingWindow.*:LibraryWindow.*", ["reference"]),
     "StepButton": ("StepButtons.*:Accessibility.*", ["editing/steps-fine.scn"]),
     "UnsavedMark": ("Status.*:Accessibility.*", []),
     "ValueField": ("ValueFields.*", []),
     "ValueTips": ("ToolTips.*:DifferenceWords.*", []),
-    "Widgets": ("Accessibility.*:Rows.*:Behaviour.*:ToolTips.*:Letters.*:*Frames.*", ["face", "editing"]),
+    "Widgets": ("Accessibility.*:Rows.*:Behaviour.*:ToolTips.*:Letters.*:*Frames.*:*Fit.*:TextSize.*", ["face", "editing"]),
     "ListChoiceGtk": ("ListsByKey.*:Accessibility.*", ["lifecycle/player-and-track.scn"]),
     "TypeAhead": ("ListsByKey.*", []),
     "MessageBoxGtk": ("MessageBoxes.*", []),
-    "NativeLookGtk": ("Accessibility.*:Status.*:Mark.*:ToolTips.*:Letters.*:*Frames.*", []),
+    "NativeLookGtk": ("Accessibility.*:Status.*:Mark.*:ToolTips.*:Letters.*:FirstFrame.*:*Frames.*:*Fit.*:TextSize.*", []),
     "SpokenGtk": ("Accessibility.*:Status.*:Difference.*", []),
     "ProgramIconsElf": ("Icons.*", []),
     "WxDialogs": ("FileDialogs.*", []),
     "WxPictureLoader": ("Behaviour.*", ["face/car-pictures.scn"]),
-    "WxSystem": ("Behaviour.*", []),
+    "WxSystem": ("Behaviour.*:Desktop.*", []),
     "WxText": ("Status.*:FileDialogs.*:Help*.*", ["face"]),
 }
 
@@ -137,6 +137,8 @@ def of(file, front_end, whole):
     found = [window("the tests of its name", [filters], 60)] if filters else []
     if paths:
         found.append(scenarios("its scenarios", paths, True, 60))
+    if stem == "WxPictureLoader":
+        found.append(unit("pictures of cars", ["PicturesOfCars.*"], 60))
     if stem == "Program":
         found.append(Stage("program tests", "tests/window/velquist_program_tests", "unit",
                            [*DISPLAY, "1280x1024", PROGRAM], ["*"], 20))

@@ -272,6 +272,18 @@ TEST_F(PicturesOfCars, PicturesOfMoreThanSixteenMillionPixelsAreNotDecoded)
   ExpectRefused(whole);
 }
 
+TEST_F(PicturesOfCars, AreDecodedNoSmallerThanTheirBoxAndNotTwiceAsLarge)
+{
+  constexpr int kSide = 1024;
+  Put(Noise(kSide));
+  for (const int box : {1500, 1024, 1023, 600, 512, 511, 300, 200, 130}) {
+    SCOPED_TRACE(box);
+    const auto shown = pictures_.Picture(Path(), wxSize(box, box));
+    EXPECT_GE(shown.GetWidth(), std::min(box, kSide));
+    EXPECT_LT(shown.GetWidth(), 2 * box);
+  }
+}
+
 TEST_F(PicturesOfCars, APictureThatVanishesBeforeItIsShownGivesWayToTheBuiltInOne)
 {
   Put(WholePicture());

@@ -55,6 +55,12 @@ std::string NameOrLabel(AtkObject* spoken)
   return name;
 }
 
+/// What is written on a frame.
+GtkWidget* LabelOfFrame(const wxWindow& frame)
+{
+  return gtk_frame_get_label_widget(GTK_FRAME(frame.GetHandle()));
+}
+
 const std::map<ControlKind, AtkRole> kRoles = {{ControlKind::kButton, ATK_ROLE_PUSH_BUTTON},
                                                {ControlKind::kList, ATK_ROLE_COMBO_BOX},
                                                {ControlKind::kCheck, ATK_ROLE_CHECK_BOX},
@@ -166,6 +172,20 @@ TEST_F(Accessibility, TheTabKeyGoesThroughEveryControlAndChartInTheOrderOfTheLay
   for (const wxWindow* child : panel->GetChildren())
     if (CanFocus(*child)) found.push_back(child->GetName().ToStdString());
   EXPECT_EQ(found, expected);
+}
+
+TEST_F(Accessibility, AFrameWithoutALabelHasNoneToComeUpon)
+{
+  Start();
+  int without = 0;
+  for (const auto& design : app::FormControlSettings()) {
+    if (design.kind != ControlKind::kFrame) continue;
+    const auto& control = design.In(editor.Window().Form());
+    EXPECT_EQ(gtk_widget_get_visible(LabelOfFrame(*Widget(design))) != FALSE, !control.text.empty())
+        << testing::NameOf(design);
+    if (control.text.empty()) ++without;
+  }
+  EXPECT_GT(without, 0);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <gtk/gtk.h>
 #include <wx/choice.h>
 #include <wx/display.h>
 #include <wx/dnd.h>
@@ -171,6 +172,15 @@ TEST_F(Behaviour, AResizedWindowKeepsItsProportions)
   Frame().SetClientSize(app::kDesignClientWidth * 3 / 4, app::kDesignClientHeight * 3 / 4);
   const auto expected = wxRect(492, 252, 450, 198);
   EXPECT_TRUE(WaitUntil([&] { return Widget("PictureChart2")->GetRect() == expected; }));
+}
+
+TEST(Desktop, IsAsLargeAsTheSystemSays)
+{
+  GdkRectangle place;
+  gdk_monitor_get_geometry(gdk_display_get_monitor(gdk_display_get_default(), 0), &place);
+  const platform::WxScreen screen;
+  EXPECT_EQ(screen.Width(), place.width);
+  EXPECT_EQ(screen.Height(), place.height);
 }
 
 TEST(Desktop, HasEveryWindowWithinItAndInItsMiddle)

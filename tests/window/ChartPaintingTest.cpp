@@ -5,6 +5,7 @@
 #include <wx/dcmemory.h>
 #include <wx/image.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "RealWindow.h"
@@ -153,6 +154,28 @@ TEST_F(ChartPainting, AReadingIsABoxWithAGreyFrameBesideThePointer)
   ASSERT_EQ(sides.size(), 2U);
   EXPECT_EQ(sides.front(), 17);
   EXPECT_EQ(At(image, 18, 18), kPaper);
+}
+
+TEST_F(ChartPainting, EachTextIsAsHighAsItsLetters)
+{
+  picture_.SetLetterHeight(20);
+  picture_.Text(2, 2, "H");
+  picture_.SetLetterHeight(36);
+  picture_.Text(26, 2, "H");
+  picture_.Text(26, 2, "H");
+  const auto image = Picture();
+  const auto rows_with_ink = [&](int left, int right) {
+    int rows = 0;
+    for (int y = 0; y < kSize; ++y) {
+      int darkest = 255;
+      for (int x = left; x < right; ++x) darkest = std::min(darkest, int{At(image, x, y).red});
+      if (darkest < 128) ++rows;
+    }
+    return rows;
+  };
+  // Capitals are 0.716 of the letters high.
+  EXPECT_NEAR(rows_with_ink(0, 24), 14, 1);
+  EXPECT_NEAR(rows_with_ink(25, kSize), 26, 1);
 }
 
 }  // namespace

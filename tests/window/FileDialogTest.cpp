@@ -48,6 +48,14 @@ class Variable {
   std::optional<std::string> before_;
 };
 
+std::string FolderOf(GtkWidget* box)
+{
+  gchar* const folder = gtk_file_chooser_get_current_folder(GTK_FILE_CHOOSER(box));
+  std::string text(folder == nullptr ? "" : folder);
+  g_free(folder);
+  return text;
+}
+
 class FileDialogs : public ::testing::Test {
  protected:
   FileDialogs()
@@ -69,17 +77,21 @@ class FileDialogs : public ::testing::Test {
   struct Saved {
     std::string question;
     std::optional<std::string> chosen;
+    std::string folder_again;  ///< where the dialog stands when it comes up again
   };
-  Saved SaveAs(const std::string& name, int answer)
+  Saved SaveAs(const std::string& name, int answer, const std::string& folder = {})
   {
     Saved saved;
     int times = 0;
     const auto type = [&](GtkWidget* box) {
       EXPECT_STREQ(gtk_window_get_title(GTK_WINDOW(box)), "Save Setup As");
       if (times++ > 0) {
+        saved.folder_again = FolderOf(box);
         gtk_dialog_response(GTK_DIALOG(box), GTK_RESPONSE_CANCEL);
         return;
       }
+      if (!folder.empty())
+        gtk_file_chooser_set_current_folder(GTK_FILE_CHOOSER(box), folder.c_str());
       gtk_file_chooser_set_current_name(GTK_FILE_CHOOSER(box), name.c_str());
       g_timeout_add(
           kUntilListed,
@@ -128,14 +140,6 @@ std::vector<std::string> ShortcutsOf(GtkWidget* box)
       shortcuts.push_back(own.string());
   g_slist_free_full(folders, g_free);
   return shortcuts;
-}
-
-std::string FolderOf(GtkWidget* box)
-{
-  gchar* const folder = gtk_file_chooser_get_current_folder(GTK_FILE_CHOOSER(box));
-  std::string text(folder == nullptr ? "" : folder);
-  g_free(folder);
-  return text;
 }
 
 TEST_F(FileDialogs, ToOpenShowTheFilterThatWasAskedFor)
@@ -235,6 +239,16 @@ TEST_F(FileDialogs, ToSaveAskAboutTheFileThatIsReplacedWhateverWasTyped)
     EXPECT_EQ(refused.chosen, std::nullopt);
     EXPECT_EQ(SaveAs(typed, GTK_RESPONSE_YES).chosen, (folder_ / typed).string());
   }
+}
+
+TEST_F(FileDialogs, ToSaveComeUpAgainWhereTheyWereLeft)
+{
+  std::filesystem::create_directory(folder_ / "spa");
+  Make("spa/race.bb1");
+  const std::string folder = folder_ / "spa";
+  const auto refused = SaveAs("race", GTK_RESPONSE_NO, folder);
+  EXPECT_EQ(refused.question, "\"race.bb1\" already exists.\nDo you want to replace it?");
+  EXPECT_EQ(refused.folder_again, folder);
 }
 
 }  // namespace

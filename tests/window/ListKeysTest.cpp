@@ -165,6 +165,22 @@ TEST_F(ListsByKey, WhatIsTypedIsFoundInTheOpenList)
   EXPECT_TRUE(WaitUntil([&] { return List("Combo2").GetStringSelection() == "1966"; }));
 }
 
+TEST_F(ListsByKey, ALetterTypedAgainIsFoundFurtherOnInTheOpenList)
+{
+  StartWithAChange();
+  Focus("Combo2");
+  auto& list = List("Combo2");
+  const auto count = list.GetCount();
+  auto at = static_cast<unsigned>(list.GetSelection());
+  for (int time = 0; time < 3; ++time) do
+      at = (at + 1) % count;
+    while (!list.GetString(at).StartsWith("1"));
+  Type("111");
+  Press(WXK_RETURN);
+  EXPECT_TRUE(WaitUntil([&] { return list.GetSelection() == static_cast<int>(at); }))
+      << list.GetStringSelection() << " is not " << list.GetString(at);
+}
+
 TEST_F(ListsByKey, WhatIsTypedIsChosenFromTheOtherLists)
 {
   editor.Play(

@@ -252,6 +252,21 @@ TEST_F(RowKeys, TheFocusGoesToTheNearestControlOfTheFrameWhenItsOwnIsHidden)
   EXPECT_EQ(Focused(), "SpringStiffnessProportional");
 }
 
+TEST_F(RowKeys, OtherKeysWithControlAreLeftToOthers)
+{
+  StartWithFocus("CmdInc(4)");
+  wxKeyEvent key(wxEVT_CHAR_HOOK);
+  key.SetEventObject(Widget("CmdInc(4)"));
+  key.SetControlDown(true);
+  key.m_keyCode = 'S';
+  Frame().ProcessWindowEvent(key);
+  EXPECT_TRUE(key.GetSkipped());
+  key.Skip(false);
+  key.m_keyCode = '1';
+  Frame().ProcessWindowEvent(key);
+  EXPECT_FALSE(key.GetSkipped());
+}
+
 TEST_F(RowKeys, TheFocusGoesToTheNearestControlOfAllWhenItsFrameIsHidden)
 {
   StartWithFocus("CmdInc(4)");

@@ -78,5 +78,26 @@ TEST_F(SideWindows, ALargerOneLeavesASmallerInSight)
   EXPECT_GE(again.GetSize().x, alone.width);
 }
 
+TEST_F(SideWindows, TheGearingWindowHasItsPartsAboveEachOther)
+{
+  Start();
+  const auto& gearing = Open("MnuGearing", "FrmGearing");
+  const auto place = [&](const char* name) {
+    return wxWindow::FindWindowByName(name, &gearing)->GetRect();
+  };
+  int bottom = 0;
+  for (const char* const name : {"Heading", "Charts", "Reading", "Gears", "Remarks", "StepUp"}) {
+    EXPECT_GE(place(name).y, bottom) << name;
+    bottom = place(name).GetBottom();
+  }
+  EXPECT_LT(bottom, gearing.GetClientSize().y);
+  int right = 0;
+  for (const char* const name : {"StepUp", "StepDown", "CopyTable", "CopyPicture", "CopySvg"}) {
+    EXPECT_EQ(place(name).GetBottom(), bottom) << name;
+    EXPECT_GT(place(name).x, right) << name;
+    right = place(name).GetRight();
+  }
+}
+
 }  // namespace
 }  // namespace velquist::testing

@@ -74,6 +74,19 @@ TEST_F(StepButtons, AClickOfTheMouseIsOneStep)
   EXPECT_EQ(Value(0), before + 1);
 }
 
+TEST_F(StepButtons, EachClickIsAStepOfItsOwnToUndo)
+{
+  Start();
+  const float before = Value(0);
+  for (int click = 0; click < 2; ++click) {
+    Press("CmdInc(0)");
+    Release();
+  }
+  EXPECT_EQ(Value(0), before + 2);
+  editor.Play("click MnuUndo\n");
+  EXPECT_EQ(Value(0), before + 1);
+}
+
 TEST_F(StepButtons, OfAllKeysTheSpaceBarAloneIsAStep)
 {
   Start();
