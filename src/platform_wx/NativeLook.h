@@ -57,6 +57,10 @@ void AllowCutLabel(wxWindow& control);
 /// Lets the pointer find the controls that stand in `frame`, its siblings.
 void PutBehindSiblings(wxWindow& frame);
 
+/// Keeps all that stands beside `window` in its parent from painting over `place`, which is within
+/// the parent: some systems paint windows that overlap in any order. An empty place ends it.
+void KeepSiblingsOff(const wxWindow& window, const wxRect& place);
+
 /// Puts the one line of `label` in the middle of its height.
 void CentreVertically(wxStaticText& label);
 

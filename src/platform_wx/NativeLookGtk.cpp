@@ -36,6 +36,7 @@ constexpr char kTightStyle[] = R"css(
   padding: 0; margin: 0; min-width: 0; min-height: 0;
 }
 .velquist-tight frame > label { padding: 0 3px; }
+.velquist-tight entry { padding: 0 0.3em; min-width: 0; min-height: 0; }
 .velquist-tight label { padding: 0; min-width: 0; min-height: 0; }
 )css";
 
@@ -313,6 +314,11 @@ void PutBehindSiblings(wxWindow& frame)
   gtk_container_remove(around, widget);
   gtk_container_add(around, widget);
   g_object_unref(widget);
+}
+
+void KeepSiblingsOff(const wxWindow&, const wxRect&)
+{
+  // What was made last is painted last.
 }
 
 void CentreVertically(wxStaticText& label)

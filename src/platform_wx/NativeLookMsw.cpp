@@ -7,6 +7,16 @@
 #include "platform_wx/NativeLook.h"
 
 namespace velquist::platform {
+namespace {
+
+void AddStyle(const wxWindow& control, LONG_PTR style)
+{
+  const HWND window = control.GetHWND();
+  ::SetWindowLongPtrW(window, GWL_STYLE, ::GetWindowLongPtrW(window, GWL_STYLE) | style);
+}
+
+}  // namespace
+
 wxString LetterFace(const wxString& face)
 {
   return face;
@@ -78,7 +88,10 @@ bool PaintsAtOnce()
 
 wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name)
 {
-  return new wxStaticBox(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), 0, name);
+  auto* const frame =
+      new wxStaticBox(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), 0, name);
+  AddStyle(*frame, WS_CLIPSIBLINGS);  // it fills its inside without regard to what is above it
+  return frame;
 }
 
 void AllowCutLabel(wxWindow&)
@@ -91,10 +104,32 @@ void PutBehindSiblings(wxWindow&)
   // What was made first is behind the others already.
 }
 
+void KeepSiblingsOff(const wxWindow& window, const wxRect& place)
+{
+  // The toolkit's frames take the style from their neighbours that would say so.
+  for (const wxWindow* const each : window.GetParent()->GetChildren()) {
+    if (each == &window) continue;
+    const HWND sibling = each->GetHWND();
+    const wxRect own = each->GetRect();
+    if (!own.Intersects(place)) {
+      RECT had;
+      if (::GetWindowRgnBox(sibling, &had) != ERROR) ::SetWindowRgn(sibling, nullptr, TRUE);
+      continue;
+    }
+    const wxRect covered = place.Intersect(own);
+    HRGN const left = ::CreateRectRgn(0, 0, own.width, own.height);
+    HRGN const out =
+        ::CreateRectRgn(covered.GetLeft() - own.x, covered.GetTop() - own.y,
+                        covered.GetRight() + 1 - own.x, covered.GetBottom() + 1 - own.y);
+    ::CombineRgn(left, left, out, RGN_DIFF);
+    ::DeleteObject(out);
+    ::SetWindowRgn(sibling, left, TRUE);  // which owns it now
+  }
+}
+
 void CentreVertically(wxStaticText& label)
 {
-  const HWND window = label.GetHWND();
-  ::SetWindowLongPtrW(window, GWL_STYLE, ::GetWindowLongPtrW(window, GWL_STYLE) | SS_CENTERIMAGE);
+  AddStyle(label, SS_CENTERIMAGE);
 }
 
 void SetMnemonicTarget(wxStaticText&, wxWindow&)

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "app/ValueTexts.h"
+#include "platform_wx/NativeLook.h"
 #include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/MarkColour.h"
@@ -61,20 +62,23 @@ void ValueField::Open(int slot)
   auto* const label = labels_.at(At(slot));
   auto* const button = buttons_.at(At(slot));
   if (label == nullptr || button == nullptr || !label->IsShownOnScreen()) return;
+  const wxString name = platform::FromText(app::ValueName(slot));
+  const wxString range = platform::FromText("From " + app::RangeText(window_, slot) + ".");
+  const wxString number = platform::FromText(app::NumberText(window_, slot));
   if (slot_ >= 0) Close(false);
   if (box_ == nullptr) Make();
   auto* const focused = dynamic_cast<StepButton*>(wxWindow::FindFocus());
   back_ =
       focused == nullptr || focused->GetPosition().y != button->GetPosition().y ? button : focused;
-  slot_ = slot;
-  const wxString range = platform::FromText("From " + app::RangeText(window_, slot) + ".");
-  platform::SetSpoken(*number_, platform::FromText(app::ValueName(slot)), range);
+  platform::SetSpoken(*number_, name, range);
   // Nothing of what lies beneath it shows through, in the colours of now.
   box_->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
+  number_->ChangeValue(number);
   number_->SetFont(label->GetFont().GetBaseFont());
   range_->SetFont(label->GetFont().GetBaseFont().Smaller());
-  number_->ChangeValue(platform::FromText(app::NumberText(window_, slot)));
   ShowRange(range, false);
+  slot_ = slot;
+  Place(*label);
   box_->Show();
   box_->Raise();
   number_->SetFocus();
@@ -101,7 +105,13 @@ void ValueField::Make()
 /// The number over the label, all of it within the panel.
 void ValueField::Place(const wxWindow& label)
 {
+  constexpr int kBesideRange = 4;  // parts of the letters' height
   const wxRect over = label.GetRect();
+  // As large as the label, unless the letters need more.
+  number_->InvalidateBestSize();
+  number_->SetMinSize(wxDefaultSize);
+  number_->SetMinSize(wxSize(over.width, std::max(over.height, number_->GetBestSize().y)));
+  box_->GetSizer()->GetItem(range_)->SetBorder(range_->GetCharHeight() / kBesideRange);
   const wxRect within = panel_.GetClientRect();
   box_->GetSizer()->SetSizeHints(box_);
   const wxSize size = box_->GetBestSize();
@@ -109,6 +119,7 @@ void ValueField::Place(const wxWindow& label)
   box_->SetSize(std::clamp(left, 0, std::max(0, within.width - size.x)),
                 std::clamp(over.y, 0, std::max(0, within.height - size.y)), size.x, size.y);
   box_->Layout();
+  platform::KeepSiblingsOff(*box_, box_->GetRect());
 }
 
 void ValueField::ShowRange(const wxString& range, bool refused)
@@ -116,7 +127,6 @@ void ValueField::ShowRange(const wxString& range, bool refused)
   range_->SetLabel(range);
   SetMarked(*range_, refused);
   if (refused) platform::Announce(*range_, range);
-  Place(*labels_.at(At(slot_)));
 }
 
 void ValueField::OnKeyDown(wxKeyEvent& event)
@@ -148,6 +158,7 @@ void ValueField::Take()
   if (slot_ != slot) return;
   if (refused.empty()) return Close(true);
   ShowRange(platform::FromText(refused), true);
+  Place(*labels_.at(At(slot)));
   number_->SetFocus();
   number_->SelectAll();
 }
@@ -157,6 +168,7 @@ void ValueField::Close(bool focus_back)
   slot_ = -1;
   if (focus_back) back_->SetFocus();
   box_->Hide();
+  platform::KeepSiblingsOff(*box_, wxRect());
 }
 
 }  // namespace velquist::ui

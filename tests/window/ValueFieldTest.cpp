@@ -185,6 +185,37 @@ TEST_F(ValueFields, NothingShowsThroughIt)
     for (int y = margin.y; y < margin.GetBottom(); ++y) EXPECT_EQ(at(x, y), expected) << x << y;
 }
 
+TEST_F(ValueFields, OnASmallScreenItIsNoLargerThanTheValueAndItsRangeNeed)
+{
+  Start({800, 600});
+  Frame().Raise();
+  LetTimePass(300);
+  Widget("CmdDec(8)")->SetFocus();
+  Open();
+  ASSERT_EQ(Range(), "From 1 to 5.");
+  const wxRect value = Widget("Label1(8)")->GetRect();
+  const wxRect field = Widget("Typing")->GetRect();
+  EXPECT_LE(Number().GetSize().y, value.height + 1);
+  EXPECT_LE(field.height, 5 * value.height / 2);
+  EXPECT_LE(field.width,
+            Widget("CmdInc(8)")->GetRect().GetRight() - Widget("CmdDec(8)")->GetRect().x);
+  EXPECT_TRUE(Widget("Frame1(1)")->GetRect().Contains(field));
+  EXPECT_LE(Number().GetTextExtent("0").y, Number().GetSize().y);
+}
+
+TEST_F(ValueFields, AnotherSizeOfTheWindowMovesTheFieldWithItsValue)
+{
+  StartWithFocus("CmdDec(8)");
+  Open();
+  const int before = Number().GetSize().y;
+  Frame().SetClientSize(Frame().GetClientSize() * 0.7);
+  EXPECT_TRUE(WaitUntil([&] {
+    return Widget("Typing")->GetRect().Intersects(Widget("Label1(8)")->GetRect()) &&
+           Number().GetSize().y < before;
+  }));
+  EXPECT_TRUE(IsOpen());
+}
+
 TEST_F(ValueFields, AScreenReaderIsToldTheValueAndTheRange)
 {
   StartWithFocus("CmdDec(4)");
