@@ -32,7 +32,7 @@ FRONT_END = {
     "FitToDesktop": ("Desktop.*:Behaviour.ACopy*:*Fit.*:*Frames.*", []),
     "FrmColumns": ("LibraryWindow.*", []),
     "FrmCompare": ("Compare*.*", ["reference"]),
-    "FrmGearing": ("GearingWindow.*", ["gearing"]),
+    "FrmGearing": ("GearingWindow.*:SideWindows.*", ["gearing"]),
     "FrmHelp": ("Help*.*", ["face/help.scn"]),
     "FrmInstallDelete": ("Mnemonics.*:Behaviour.*:Accessibility.*", ["lifecycle/delete-installation.scn"]),
     "FrmLibrary": ("LibraryWindow.*", ["library"]),

@@ -121,6 +121,25 @@ TEST_F(TextSize, ValuesOfAFrameKeepLettersOfOneSizeWhenSomeAreMarkedAndTheWindow
   EXPECT_NEAR(Drawn("Label1(42)"), Drawn("Label1(43)"), 0.1);
 }
 
+TEST_F(TextSize, TitlesOfFramesStayAboveWhatStandsInThem)
+{
+  StartAt(3);
+  int titles = 0;
+  for (const auto& frame : app::FormControlSettings()) {
+    if (frame.kind != app::ControlKind::kFrame || frame.caption.empty()) continue;
+    const auto* const window = Widget(frame);
+    if (!window->IsShownOnScreen()) continue;
+    ++titles;
+    const double letters = Drawn(testing::NameOf(frame).c_str());
+    for (const auto& design : app::FormControlSettings()) {
+      if (design.frame != frame.name || design.frame_index != frame.index) continue;
+      EXPECT_LE(letters, (Widget(design)->GetPosition() - window->GetPosition()).y)
+          << testing::NameOf(design);
+    }
+  }
+  EXPECT_GT(titles, 4);
+}
+
 TEST_F(TextSize, TheStatusLineFollowsWholly)
 {
   StartAt(1);
