@@ -14,6 +14,7 @@
 #include "platform_wx/WxText.h"
 #include "ui/Clipboard.h"
 #include "ui/ForText.h"
+#include "ui/MarkColour.h"
 
 namespace velquist::ui {
 namespace {
@@ -83,6 +84,7 @@ void FrmCompare::MakeTable(wxPanel* panel)
   table_ = new wxDataViewCtrl(panel, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                               wxDV_MULTIPLE | wxDV_ROW_LINES, wxDefaultValidator, "Comparison");
   table_->AssociateModel(lines_.get());
+  TellRowsApart(*table_);
   const auto add = [this](const char* title, unsigned column, int width, wxAlignment alignment) {
     auto* const made = table_->AppendTextColumn(title, column, wxDATAVIEW_CELL_INERT,
                                                 ForText(*this, width), alignment);

@@ -13,6 +13,7 @@
 #include "platform_wx/WxText.h"
 #include "ui/Clipboard.h"
 #include "ui/ForText.h"
+#include "ui/MarkColour.h"
 #include "ui/Widgets.h"
 
 namespace velquist::ui {
@@ -56,10 +57,10 @@ FrmGearing::FrmGearing(const Setting& setting)
       panel_(new wxPanel(this))
 {
   heading_ = new wxStaticText(panel_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                              wxST_ELLIPSIZE_END, "Heading");
+                              wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "Heading");
   MakeCharts(panel_);
   reading_ = new wxStaticText(panel_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                              wxST_ELLIPSIZE_END, "Reading");
+                              wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "Reading");
   reading_->SetLabelText("Point at a chart, or move a cursor in it with Left and Right.");
   MakeTable(panel_);
   remarks_ = new wxTextCtrl(panel_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
@@ -106,6 +107,7 @@ void FrmGearing::MakeTable(wxPanel* panel)
   table_ = new wxDataViewListCtrl(panel, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                   wxDV_SINGLE | wxDV_ROW_LINES);
   table_->SetName("Gears");
+  TellRowsApart(*table_);
   const auto headings = app::GearingHeadings(false);
   for (std::size_t column = 0; column < headings.size(); ++column)
     table_->AppendTextColumn(FromText(headings.at(column)), wxDATAVIEW_CELL_INERT,

@@ -10,6 +10,7 @@
 #include "platform_wx/Spoken.h"
 #include "platform_wx/WxText.h"
 #include "ui/ForText.h"
+#include "ui/MarkColour.h"
 
 namespace velquist::ui {
 namespace {
@@ -132,14 +133,17 @@ wxWindow* FrmLibrary::MakeTables(wxPanel* panel)
   table_ = new wxDataViewCtrl(panes_, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                               wxDV_SINGLE | wxDV_ROW_LINES, wxDefaultValidator, "Setups");
   table_->AssociateModel(lines_.get());
+  TellRowsApart(*table_);
   platform::SetSpoken(*table_, "Setups of all installations", kHint);
 
   auto* const lower = new wxPanel(panes_);
-  difference_count_ = new wxStaticText(lower, wxID_ANY, wxString(), wxDefaultPosition,
-                                       wxDefaultSize, wxST_ELLIPSIZE_END, "DifferenceCount");
+  difference_count_ =
+      new wxStaticText(lower, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                       wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "DifferenceCount");
   preview_ = new wxDataViewCtrl(lower, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                 wxDV_SINGLE | wxDV_ROW_LINES, wxDefaultValidator, "Differences");
   preview_->AssociateModel(differences_.get());
+  TellRowsApart(*preview_);
   const auto add = [this](const char* title, unsigned column, int width, wxAlignment alignment) {
     preview_
         ->AppendTextColumn(title, column, wxDATAVIEW_CELL_INERT, ForText(*this, width), alignment)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/MarkColour.h"
 
+#include <wx/dataview.h>
 #include <wx/settings.h>
 
 #include <algorithm>
@@ -39,6 +40,26 @@ wxColour MarkColour(const wxColour& background)
   const auto* const readable = std::ranges::find_if(
       colours, [&](const wxColour& colour) { return Contrast(colour, background) >= kReadable; });
   return readable == colours.end() ? *wxBLACK : *readable;
+}
+
+wxColour OtherRowColour(const wxColour& background)
+{
+  // The toolkit's own is half as bright as white text on black.
+  constexpr int kDarker = 97;  // percent
+  constexpr int kLighter = 115;
+  return background.ChangeLightness(background.GetLuminance() > 0.5 ? kDarker : kLighter);
+}
+
+void TellRowsApart(wxDataViewCtrl& table)
+{
+  const auto tell = [&table] {
+    table.SetAlternateRowColour(OtherRowColour(table.GetBackgroundColour()));
+  };
+  table.Bind(wxEVT_SYS_COLOUR_CHANGED, [tell](wxSysColourChangedEvent& event) {
+    event.Skip();
+    tell();
+  });
+  tell();
 }
 
 void SetMarked(wxWindow& window, bool marked)

@@ -97,6 +97,15 @@ TEST_F(LibraryWindow, PreviewsTheChosenSetupAndFollowsEdits)
   EXPECT_EQ(Differences().at(1), "Fuel level, ltrs");
 }
 
+TEST_F(LibraryWindow, WhatIsSaidOfThePreviewHasTheWholeRow)
+{
+  StartWithSetups();
+  Open();
+  Choose(0);
+  const auto& said = PartOf("DifferenceCount");
+  EXPECT_EQ(said.GetSize().x, said.GetParent()->GetClientSize().x);
+}
+
 TEST_F(LibraryWindow, SaysWhyASetupCannotBePreviewed)
 {
   StartWithSetups();

@@ -168,6 +168,17 @@ TEST(MarkColour, IsBlueWhereThatCanBeRead)
   EXPECT_EQ(ui::MarkColour(wxColour(96, 96, 96)), *wxWHITE);
 }
 
+TEST(OtherRowColour, IsAnotherThatTextOfTheTableCanBeReadOn)
+{
+  for (const wxColour& background :
+       {*wxBLACK, *wxWHITE, wxColour(45, 45, 45), wxColour(0, 0, 60)}) {
+    const wxColour other = ui::OtherRowColour(background);
+    const wxColour& text = background == *wxWHITE ? *wxBLACK : *wxWHITE;
+    EXPECT_GE(ui::Contrast(other, text), 7) << background.GetAsString();
+    EXPECT_GE(ui::Contrast(other, background), 1.05) << background.GetAsString();
+  }
+}
+
 TEST(Contrast, IsThatOfTheGuidelines)
 {
   EXPECT_DOUBLE_EQ(ui::Contrast(*wxBLACK, *wxWHITE), 21);
