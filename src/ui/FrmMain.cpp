@@ -56,7 +56,7 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
                return refused;
              }),
       differences_(window),
-      timer_(this)
+      timer_(*this)
 {
   SetIcons(platform::ProgramIcons());
   SetMenuBar(menus_.Bar());
@@ -152,7 +152,7 @@ void FrmMain::BindEvents()
     const wxBusyCursor busy;  // files are read and written; a box on the screen suspends it
     OnButton(event);
   });
-  Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTick(); });
+  Bind(platform::EVT_TICK, [this](wxCommandEvent&) { OnTick(); });
   Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
     event.Skip();
     if (!event.GetActive()) return;

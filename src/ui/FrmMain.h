@@ -3,13 +3,13 @@
 
 #include <wx/frame.h>
 #include <wx/panel.h>
-#include <wx/timer.h>
 
 #include <cstddef>
 #include <functional>
 #include <vector>
 
 #include "app/MainWindow.h"
+#include "platform_wx/TickTimer.h"
 #include "platform_wx/WxPictureLoader.h"
 #include "ui/ChartBox.h"
 #include "ui/DifferenceCount.h"
@@ -40,7 +40,7 @@ class FrmMain final : public wxFrame {
 
   bool Show(bool show = true) override;
   [[nodiscard]] const Menus& GetMenus() const { return menus_; }
-  [[nodiscard]] wxTimer& MarqueeTimer() { return timer_; }
+  [[nodiscard]] const platform::TickTimer& MarqueeTimer() const { return timer_; }
 
  private:
   void MakeWidgets(platform::WxPictureLoader& pictures);
@@ -90,7 +90,7 @@ class FrmMain final : public wxFrame {
   UnsavedMark* unsaved_ = nullptr;
   std::string status_;     ///< as last shown
   std::string save_path_;  ///< that the file label's tool tip tells
-  wxTimer timer_;
+  platform::TickTimer timer_;
   bool marquee_runs_ = false;
   wxSize laid_out_for_;    ///< client area that the places in the form are for
   bool handling_ = false;  ///< an event is under way, which may have a box on the screen

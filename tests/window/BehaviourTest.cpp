@@ -99,7 +99,7 @@ TEST_F(Behaviour, ARestingQuotationWakesTheProgramOnlyWhenItMoves)
   editor.Play("tick 0\n");
   Frame().RunMarquee();
   constexpr int kRest = 30000;  // milliseconds
-  EXPECT_GE(Frame().MarqueeTimer().GetInterval(), kRest);
+  EXPECT_GE(Frame().MarqueeTimer().Interval(), kRest);
 }
 
 TEST_F(Behaviour, TheMarqueeLooksUpNoColourEachTimeItIsPainted)

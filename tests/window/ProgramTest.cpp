@@ -22,6 +22,7 @@
 
 #include "NativeBox.h"
 #include "app/Flag.h"
+#include "platform_wx/TickTimer.h"
 #include "runner/SourceDirectory.h"
 #include "runner/World.h"
 #include "ui/FrmMain.h"
@@ -163,6 +164,8 @@ TEST_F(ProgramRuns, OnAfterExceptionsThatNoEventOfItsOwnCatches)
   std::string edited;
   std::string later;
   std::optional<wxTimer> timer;  // which the toolkit must be up for
+  std::optional<wxEvtHandler> owner;
+  std::optional<platform::TickTimer> ticks;
   Run({
       [&] {
         before = Rate();
@@ -183,6 +186,13 @@ TEST_F(ProgramRuns, OnAfterExceptionsThatNoEventOfItsOwnCatches)
       },
       [] { wxTheApp->CallAfter([] { throw std::runtime_error("what came later was wrong"); }); },
       [&] {
+        owner.emplace();
+        owner->Bind(platform::EVT_TICK,
+                    [](wxCommandEvent&) { throw std::runtime_error("the tick was wrong"); });
+        ticks.emplace(*owner);
+        ticks->StartOnce(1);
+      },
+      [&] {
         EXPECT_EQ(Rate(), edited);
         Step();
         later = Rate();
@@ -195,6 +205,7 @@ TEST_F(ProgramRuns, OnAfterExceptionsThatNoEventOfItsOwnCatches)
                        "This cannot be done: the mouse was wrong.",
                        "This cannot be done: something unexpected happened.",
                        "This cannot be done: what came later was wrong.",
+                       "This cannot be done: the tick was wrong.",
                        kQuit,
                    }));
 }

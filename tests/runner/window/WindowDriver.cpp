@@ -189,7 +189,7 @@ class WindowDriver final : public Driver {
   void Tick() override
   {
     if (!Running()) return;
-    wxTimerEvent event(frame_->MarqueeTimer());
+    wxCommandEvent event(platform::EVT_TICK);
     frame_->ProcessWindowEvent(event);
     LetWindowSystemWork();
   }
