@@ -3,6 +3,7 @@
 
 #include <wx/choice.h>
 #include <wx/colour.h>
+#include <wx/dc.h>
 #include <wx/font.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
@@ -16,8 +17,8 @@ namespace velquist::platform {
 /// each size of it, and not for one that it has.
 [[nodiscard]] wxString LetterFace(const wxString& face);
 
-/// A font to draw with, whose letters are `pixels` high: the size of its em, not of a line.
-[[nodiscard]] wxFont LetterFont(const wxString& face, double pixels);
+/// A font to draw with on `dc`, whose letters are `pixels` high: the size of its em, not of a line.
+[[nodiscard]] wxFont LetterFont(const wxDC& dc, const wxString& face, double pixels);
 
 /// The same as near as the letters of controls can be.
 [[nodiscard]] wxFont ControlFont(const wxString& face, int pixels);

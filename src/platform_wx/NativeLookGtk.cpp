@@ -210,7 +210,7 @@ wxString LetterFace(const wxString& face)
   return name;
 }
 
-wxFont LetterFont(const wxString& face, double pixels)
+wxFont LetterFont(const wxDC&, const wxString& face, double pixels)
 {
   // The toolkit's own sizes in pixels are those of a line.
   return wxFont(wxFontInfo(Points(pixels)).FaceName(face));

@@ -15,6 +15,23 @@ void AddStyle(const wxWindow& control, LONG_PTR style)
   ::SetWindowLongPtrW(window, GWL_STYLE, ::GetWindowLongPtrW(window, GWL_STYLE) | style);
 }
 
+class LabelledFrame final : public wxStaticBox {
+ public:
+  LabelledFrame(wxWindow* parent, wxWindowID id, const wxString& name)
+      : wxStaticBox(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), 0, name)
+  {
+  }
+
+  /// Where it paints over what stands in it: without a label, no more than its line, which the
+  /// system puts in the middle of one.
+  void GetBordersForSizer(int* top, int* other) const override
+  {
+    constexpr int kLine = 2;
+    wxStaticBox::GetBordersForSizer(top, other);
+    if (GetLabel().empty()) *top = GetCharHeight() / 2 + kLine;
+  }
+};
+
 }  // namespace
 
 wxString LetterFace(const wxString& face)
@@ -22,10 +39,10 @@ wxString LetterFace(const wxString& face)
   return face;
 }
 
-wxFont LetterFont(const wxString& face, double pixels)
+wxFont LetterFont(const wxDC& dc, const wxString& face, double pixels)
 {
   constexpr double kPointsPerInch = 72;
-  return wxFont(wxFontInfo(pixels * kPointsPerInch / wxGetDisplayPPI().y).FaceName(face));
+  return wxFont(wxFontInfo(pixels * kPointsPerInch / dc.GetPPI().y).FaceName(face));
 }
 
 wxFont ControlFont(const wxString& face, int pixels)
@@ -48,7 +65,11 @@ double TextScale(const wxWindow& window)
 
 void SetLetters(wxWindow& control, const wxFont& font)
 {
+  const wxRect place = control.GetRect();
   control.SetFont(font);
+  if (dynamic_cast<wxChoice*>(&control) == nullptr) return;
+  control.SetSize(place, wxSIZE_FORCE);  // it has taken its height from the letters
+  control.Refresh();
 }
 
 void SetOwnLetters(wxWindow& control, const wxFont& font, const wxColour& colour)
@@ -88,8 +109,7 @@ bool PaintsAtOnce()
 
 wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name)
 {
-  auto* const frame =
-      new wxStaticBox(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), 0, name);
+  auto* const frame = new LabelledFrame(parent, id, name);
   AddStyle(*frame, WS_CLIPSIBLINGS);  // it fills its inside without regard to what is above it
   return frame;
 }

@@ -153,7 +153,7 @@ void DrawTexts(wxDC& dc, const std::vector<Primitive>& drawn)
   for (const auto& text : drawn) {
     if (text.kind != Primitive::Kind::kText) continue;
     if (text.letter_height != letter_height)
-      dc.SetFont(platform::LetterFont(LetterFace(), text.letter_height));
+      dc.SetFont(platform::LetterFont(dc, LetterFace(), text.letter_height));
     letter_height = text.letter_height;
     dc.SetTextForeground(ToWx(text.colour));
     const wxString shown = platform::FromText(text.text);
@@ -251,7 +251,7 @@ void DrawReading(wxDC& dc, const wxString& text, wxPoint pointer, wxSize size)
   constexpr int kBeside = 12;  ///< from the pointer to the box
   static const wxColour kPaper(255, 255, 225);
   static const wxColour kFrame(118, 118, 118);
-  dc.SetFont(platform::LetterFont(LetterFace(), letters));
+  dc.SetFont(platform::LetterFont(dc, LetterFace(), letters));
   wxSize box = dc.GetMultiLineTextExtent(text);
   box.IncBy(2 * kPadding, 2 * kPadding - 4);
   const auto place = [](int at, int length, int room) {
