@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#ifndef _WIN32
 #include <glib.h>
+#endif
+
 #include <wx/app.h>
 #include <wx/frame.h>
 #include <wx/menu.h>
@@ -58,9 +61,11 @@ class Program final : public wxApp {
 /// The places are narrower than the theme would have some controls, which nobody is told here.
 inline void BeQuiet()
 {
+#ifndef _WIN32
   g_log_set_writer_func(
       [](GLogLevelFlags, const GLogField*, gsize, gpointer) { return G_LOG_WRITER_HANDLED; },
       nullptr, nullptr);
+#endif
 }
 
 template <class Make>
