@@ -14,7 +14,7 @@ namespace {
 
 using namespace velquist;
 
-constexpr float kFinalDrive = 3.6F;
+constexpr float kGearingFinalDrive = 3.6F;
 constexpr double kLimit = 50e-6;  ///< seconds
 
 /// Seconds that `work` takes at best, whatever else the machine does.
@@ -44,8 +44,8 @@ void GearingOfACar(benchmark::State& state, data::ModYear ModYearIndex, int engi
   const auto compute = [&] {
     data::ComputeEngineCurve(ModYearIndex, engine_slot, curve);
     const auto bands = charts::ComputeSpeedBands(curve, maximum_rpm, ModYearIndex, engine_slot,
-                                                 ratios, kFinalDrive, false);
-    benchmark::DoNotOptimize(charts::ComputeGearing(curve, bands, ratios, kFinalDrive));
+                                                 ratios, kGearingFinalDrive, false);
+    benchmark::DoNotOptimize(charts::ComputeGearing(curve, bands, ratios, kGearingFinalDrive));
   };
   for (auto _ : state) compute();
   if (AtBest(compute) > kLimit) state.SkipWithError("more than 50 microseconds");

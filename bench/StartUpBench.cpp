@@ -113,7 +113,7 @@ class Installed {
 };
 
 template <class Work>
-double Seconds(Work&& work)
+double SecondsOf(Work&& work)
 {
   const auto start = std::chrono::steady_clock::now();
   work();
@@ -127,7 +127,7 @@ double StartUp(const Installed& installed, std::size_t players)
   testing::Nothing nothing;
   app::MainWindow window({files, dialogs, nothing, nothing, nothing, nothing, nothing, nothing,
                           nothing, installed.Program()});
-  const double seconds = Seconds([&] { window.Form_Load({}); });
+  const double seconds = SecondsOf([&] { window.Form_Load({}); });
   if (window.Ended() || window.Form().Combo4.items.size() != players) std::abort();
   return seconds;
 }
@@ -136,7 +136,7 @@ double StartUp(const Installed& installed, std::size_t players)
 double PlainListing(const Installed& installed, const fs::path& player)
 {
   const auto folded = [](char c) { return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c; };
-  return Seconds([&] {
+  return SecondsOf([&] {
     for (const auto& directory : {installed.Players(), player / "Setups"}) {
       std::vector<std::string> names;
       for (const auto& entry : fs::directory_iterator(directory))

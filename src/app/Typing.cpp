@@ -20,10 +20,10 @@ namespace {
 
 std::string_view WithoutBlanks(std::string_view text)
 {
-  constexpr std::string_view kBlanks = " \t";
-  while (!text.empty() && kBlanks.find(text.front()) != std::string_view::npos)
+  constexpr std::string_view kTrimmed = " \t";
+  while (!text.empty() && kTrimmed.find(text.front()) != std::string_view::npos)
     text.remove_prefix(1);
-  while (!text.empty() && kBlanks.find(text.back()) != std::string_view::npos)
+  while (!text.empty() && kTrimmed.find(text.back()) != std::string_view::npos)
     text.remove_suffix(1);
   return text;
 }

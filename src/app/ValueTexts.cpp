@@ -41,7 +41,7 @@ std::string WithUnit(const MainWindow& window, int slot, const std::string& numb
 }
 
 /// As many decimals as tell it apart from its neighbours, in the units shown.
-std::string StepText(const MainWindow& window, int slot)
+std::string SizeOfStep(const MainWindow& window, int slot)
 {
   const auto& car = window.Car();
   const float raw = edit::StepOf(car.SetupData(), slot, car.Options());
@@ -126,7 +126,7 @@ std::string TipText(const MainWindow& window, int slot)
   if (effect.empty()) return effect;
   try {
     if (edit::ListOfSlot(slot)) return ListRangeText(car, slot) + ". " + effect;
-    const auto step = setup::IsGear(slot) ? std::string("one ratio") : StepText(window, slot);
+    const auto step = setup::IsGear(slot) ? std::string("one ratio") : SizeOfStep(window, slot);
     return RangeText(window, slot) + ", step " + step +
            std::string(AlongText(car.Options(), slot)) + ". " + effect;
   } catch (const BoundsError&) {

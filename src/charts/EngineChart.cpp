@@ -38,8 +38,6 @@ constexpr std::size_t kLegendKept = 3;
 constexpr double kLegendMargin = 4;  ///< at the sides of the picture, pixels
 constexpr double kLegendMiddle = 8;  ///< above its bottom
 
-constexpr int kRpmPerSample = 200;
-
 double CurveWidth(const PlotBox& box)
 {
   constexpr double kPart = 1.0 / 250;
@@ -54,7 +52,7 @@ const EngineAxes* AxesOf(data::ModYear ModYearIndex)
 
 std::size_t SampleCount(const EngineAxes& axes)
 {
-  return static_cast<std::size_t>(axes.rpm_maximum / kRpmPerSample + 1);
+  return static_cast<std::size_t>(axes.rpm_maximum / data::EngineCurve::kRpmStep + 1);
 }
 
 /// Draws the parts of a curve up to `top`, cut where the curve crosses it.
@@ -138,7 +136,8 @@ std::string ReadEngineChart(double width, double height, data::ModYear ModYearIn
   if (axes == nullptr || box.IsEmpty() || !box.Holds(x, y)) return {};
   const double rpm = (x - box.left) / box.Width() * axes->rpm_maximum;
   const auto sample =
-      std::min(static_cast<std::size_t>(std::lround(rpm / kRpmPerSample)), SampleCount(*axes) - 1);
+      std::min(static_cast<std::size_t>(std::lround(rpm / data::EngineCurve::kRpmStep)),
+               SampleCount(*axes) - 1);
   return SampleText(*axes, curve, sample, "\n");
 }
 
@@ -147,7 +146,7 @@ std::string TellEngineChart(data::ModYear ModYearIndex, const data::EngineCurve&
 {
   const auto* const axes = AxesOf(ModYearIndex);
   if (axes == nullptr) return {};
-  constexpr std::size_t kTold = 1000 / kRpmPerSample;
+  constexpr std::size_t kTold = 1000 / data::EngineCurve::kRpmStep;
   std::string text = "Max RPM " + WholeText(maximum_rpm) + ".";
   for (std::size_t sample = kTold; sample < SampleCount(*axes); sample += kTold)
     text.append(" ").append(SampleText(*axes, curve, sample, ", ")).append(".");

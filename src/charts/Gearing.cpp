@@ -8,7 +8,7 @@
 namespace velquist::charts {
 namespace {
 
-constexpr double kRpmPerSample = 200;
+constexpr double kRpmPerSample = data::EngineCurve::kRpmStep;
 constexpr double kTyreRadius = kTyreCircumference / (2 * std::numbers::pi) / 12;  ///< feet
 
 constexpr double kClearly = 1e-6;  ///< lb, more than what rounding can do to a thrust

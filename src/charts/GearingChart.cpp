@@ -25,7 +25,7 @@ constexpr Colour kReference{150, 150, 150};
 
 // Letter heights.
 constexpr double kTitleMiddle = 0.8;  ///< above the bottom
-constexpr double kLabelGap = 0.3;
+constexpr double kGapByLetters = 0.3;
 constexpr double kBandWidth = 0.4;
 constexpr double kTooth = 0.2;
 constexpr double kThrustStroke = 0.17;
@@ -184,7 +184,7 @@ void DrawMaximumSpeed(PictureSurface& surface, const PlotXy& plot, const Gearing
   surface.SetLetterHeight(letters);
   const auto text = "about " + WholeText(gearing.maximum_speed) + " " + SpeedUnit(gearing);
   const auto extent = surface.Extent(text);
-  const double gap = kLabelGap * letters;
+  const double gap = kGapByLetters * letters;
   const bool fits = x + gap + extent.width < box.right;
   surface.Text(fits ? x + gap : x - gap - extent.width, box.top + gap, text);
 }
@@ -215,7 +215,7 @@ void DrawBands(PictureSurface& surface, const PlotXy& plot, const Gearing& geari
 void DrawTeeth(PictureSurface& surface, const PlotXy& plot, const Gearing& gearing, double letters)
 {
   const double stroke = std::max(std::round(letters * kTooth), 2.0);
-  const double beside = kLabelGap * letters + stroke;
+  const double beside = kGapByLetters * letters + stroke;
   Labels labels(surface, plot.Box());
   double from = kIdleRpm;  // engine speed that a gear is entered with
   for (std::size_t at = 0; at < gearing.gears.size(); ++at) {
@@ -271,7 +271,7 @@ void DrawThrust(PictureSurface& surface, const GearingPicture& picture)
 
   surface.SetLetterHeight(letters);
   Labels labels(surface, box);
-  const double beside = kLabelGap * letters + stroke;
+  const double beside = kGapByLetters * letters + stroke;
   for (const auto& gear : gearing.gears) {
     if (!gear.speed) continue;
     const double rpm = gear.shift ? gear.shift->rpm : gearing.maximum_rpm;

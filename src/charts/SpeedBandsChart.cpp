@@ -22,13 +22,13 @@ SpeedAxis AxisFor(data::ModYear ModYearIndex, bool metric)
   return metric ? SpeedAxis{360, 9} : SpeedAxis{220, 11};
 }
 
-constexpr std::array<LegendEntry, 4> kLegend = {{
+constexpr std::array<LegendEntry, 4> kBandsLegend = {{
     {"Torque", Sample::kStroke, kBlue, 1.2, 0.55},
     {"Horsepower", Sample::kStroke, kGreen, 1.2, 0.55},
     {"Max RPM", Sample::kStroke, kRed, 0.6, 0.6},
     {"Max Speed", Sample::kStroke, kRed, 1.2, 0},
 }};
-constexpr std::size_t kLegendKept = 2;
+constexpr std::size_t kBandsLegendKept = 2;
 
 /// The plot box is a strip with the legend above one row a gear. Whole pixels.
 struct Rows {
@@ -94,7 +94,7 @@ void DrawStrip(platform::PictureSurface& surface, const PlotXy& plot, const Rows
   const double letters =
       std::max(std::min(rows.top - box.top - 2, 14.0), std::floor((rows.top - box.top) * 0.65));
   surface.Box(box.left + 1, box.top + 1, box.right - 1, rows.top - 1, kWhite, kWhite);
-  DrawLegend(surface, kLegend, kLegendKept,
+  DrawLegend(surface, kBandsLegend, kBandsLegendKept,
              {.left = box.left + kMargin,
               .right = std::min(plot.PixelX(bands.maximum_speed), box.right) - kMargin,
               .middle = middle,

@@ -10,8 +10,6 @@
 namespace velquist::data {
 namespace {
 
-constexpr int kRpmStep = 200;
-
 // Horsepower of a four-stroke engine is litres x rpm x psi / 13000 (12979 before rounding), and
 // horsepower is lb-ft x rpm / 5252.
 constexpr double kCubicInchesPerLitre = 61.023;
@@ -34,7 +32,7 @@ void ComputeFromPolynomial(const Engine& engine, EngineCurve& curve)
   const double litres = engine.displacement / kCubicInchesPerLitre;
 
   for (int i = 0; i < EngineCurve::kSamples; ++i) {
-    const double r = i * kRpmStep;
+    const double r = i * EngineCurve::kRpmStep;
     const double pressure = c3 * (r * r * r) + c2 * (r * r) + c1 * r + c0;
     const double power = litres * r * pressure / kPowerDivisor;
     const double torque = i > 0 ? power * kHorsepowerRpmPerPoundFoot / r : 0.0;
@@ -107,7 +105,7 @@ void ComputeFromPoints(const Engine& engine, Points points, EngineCurve& curve)
   Segment segment = SegmentFrom(points, k);
 
   for (int i = 0; i < EngineCurve::kSamples; ++i) {
-    const double r = i * kRpmStep;
+    const double r = i * EngineCurve::kRpmStep;
     const std::size_t previous = k;
     while (k < kLastSegment && r >= static_cast<double>(points[k + 1].rpm)) {
       ++k;

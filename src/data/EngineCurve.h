@@ -7,11 +7,12 @@
 
 namespace velquist::data {
 
-/// Power and torque of one engine as both charts draw them: a sample every 200 rpm from 0 to
-/// 14000, also beyond the engine's maximum rpm, where the figures mean little: a point-table
+/// Power and torque of one engine as both charts draw them: a sample every `kRpmStep` from 0
+/// to 14000, also beyond the engine's maximum rpm, where the figures mean little: a point-table
 /// engine's may fall below 0 and rise again.
 struct EngineCurve {
   static constexpr int kSamples = 71;
+  static constexpr int kRpmStep = 200;
 
   std::array<float, kSamples> rpm{};
   std::array<float, kSamples> power{};   ///< horsepower

@@ -14,7 +14,7 @@
 namespace velquist::edit {
 namespace {
 
-constexpr std::string_view kNone = "-";
+constexpr std::string_view kNoValue = "-";
 constexpr int kRatioDecimals = 3;
 
 bool IsGearRow(int slot)
@@ -156,7 +156,7 @@ std::optional<float> ValueFromReference(const Reference& reference, const CarSet
 
 std::string ReferenceText(const Reference& reference, const CarSetup& car, int slot, int units)
 {
-  if (!Has(reference, slot)) return std::string(kNone);
+  if (!Has(reference, slot)) return std::string(kNoValue);
   const float value = reference.values.at(static_cast<std::size_t>(slot));
   return IsGearRow(slot) ? GearText(*reference.gears, value) : Text(car, slot, value, units);
 }

@@ -56,7 +56,7 @@ std::string Element(std::string_view name, std::string_view text, std::string_vi
   return element + ">" + Escaped(text) + "</" + std::string(name) + ">";
 }
 
-std::string Line(std::string_view cell, const std::vector<std::string>& texts)
+std::string TableLine(std::string_view cell, const std::vector<std::string>& texts)
 {
   std::string line = "<tr>";
   for (const auto& text : texts) line += Element(cell, text);
@@ -95,23 +95,23 @@ std::string GearTable(const edit::CarSetup& car, const CarGearing& made)
   const std::string speed = made.gearing.metric ? "km/h" : "mph";
   std::string table =
       Element("h2", "Gears") + "\n<table>\n" +
-      Line("th", {"", "Teeth", "Ratio", "Overall",
-                  speed + " at " + std::to_string(made.gearing.maximum_rpm) + " rpm", "Step",
-                  "Shift at", "To"});
+      TableLine("th", {"", "Teeth", "Ratio", "Overall",
+                       speed + " at " + std::to_string(made.gearing.maximum_rpm) + " rpm", "Step",
+                       "Shift at", "To"});
   for (const auto& gear : made.gearing.gears) {
     const int row = edit::GearRowOf(car.SetupData(), setup::kFirstGear + gear.gear - 1);
     const auto step = Decimals(gear.step, 1);
-    table +=
-        Line("td", {std::to_string(gear.gear), car.Gears().DisplayText(row),
-                    edit::FormatNumber(gear.ratio, kRatioDecimals), edit::FormatRatio(gear.overall),
-                    Decimals(gear.speed, 1), step.empty() ? step : step + " %",
-                    gear.shift ? std::to_string(gear.shift->rpm) + " rpm" : "",
-                    gear.shift ? std::to_string(gear.shift->after) + " rpm" : ""});
+    table += TableLine(
+        "td", {std::to_string(gear.gear), car.Gears().DisplayText(row),
+               edit::FormatNumber(gear.ratio, kRatioDecimals), edit::FormatRatio(gear.overall),
+               Decimals(gear.speed, 1), step.empty() ? step : step + " %",
+               gear.shift ? std::to_string(gear.shift->rpm) + " rpm" : "",
+               gear.shift ? std::to_string(gear.shift->after) + " rpm" : ""});
   }
   const int final_drive = edit::GearRowOf(car.SetupData(), setup::kFinalDrive);
-  table += Line("td", {"Final drive", car.Gears().DisplayText(final_drive),
-                       edit::FormatNumber(car.Gears().Ratio(final_drive), kRatioDecimals), "", "",
-                       "", "", ""});
+  table += TableLine("td", {"Final drive", car.Gears().DisplayText(final_drive),
+                            edit::FormatNumber(car.Gears().Ratio(final_drive), kRatioDecimals), "",
+                            "", "", "", ""});
   return table + "</table>\n";
 }
 

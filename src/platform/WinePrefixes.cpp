@@ -37,9 +37,9 @@ constexpr std::array<Folder, 4> kInData = {{
     {"/Steam/steamapps/compatdata", "/pfx"},
 }};
 
-class Search {
+class PrefixSearch {
  public:
-  explicit Search(const FileSystem& files) : files_(files) {}
+  explicit PrefixSearch(const FileSystem& files) : files_(files) {}
 
   void Look(const std::string& directory, std::string_view inside = {})
   {
@@ -73,7 +73,7 @@ class Search {
 
 std::vector<WinePrefix> WinePrefixes(const Environment& environment, const FileSystem& files)
 {
-  Search search(files);
+  PrefixSearch search(files);
   if (const auto chosen = environment("WINEPREFIX"); chosen && !chosen->empty())
     search.Look(*chosen);
   const auto home = environment("HOME");

@@ -214,7 +214,7 @@ std::vector<Primitive> BeyondLimit(const charts::PictureRecorder& chart)
 {
   static constexpr platform::Colour kShade{236, 236, 236};
   static constexpr char kName[] = "Max RPM";
-  constexpr double kGap = 3;
+  constexpr double kBeside = 3;
   const auto limit = std::ranges::find_if(chart.Drawn(), [](const Primitive& line) {
     return line.kind == Primitive::Kind::kLine && line.style == platform::LineStyle::kDotted &&
            line.colour == charts::kRed && line.x1 == line.x2;
@@ -231,7 +231,7 @@ std::vector<Primitive> BeyondLimit(const charts::PictureRecorder& chart)
   if (!named && label != chart.Drawn().end()) {
     beyond.SetLetterHeight(label->letter_height);
     const auto extent = beyond.Extent(kName);
-    beyond.Text(limit->x1 - kGap - extent.width, plot.bottom - extent.height - 1, kName);
+    beyond.Text(limit->x1 - kBeside - extent.width, plot.bottom - extent.height - 1, kName);
   }
   return beyond.Drawn();
 }

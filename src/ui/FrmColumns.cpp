@@ -16,7 +16,6 @@ FrmColumns::FrmColumns(wxWindow* parent, const wxArrayString& names,
     : wxDialog(parent, wxID_ANY, "Columns", wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "FrmColumns")
 {
-  constexpr int kGap = 8;
   auto* const label = new wxStaticText(this, wxID_ANY, "&Values to show as columns:");
   list_ = new wxCheckListBox(this, wxID_ANY, wxDefaultPosition, ForText(*this, wxSize(320, 360)),
                              names, 0, wxDefaultValidator, "Values");

@@ -19,10 +19,9 @@
 namespace velquist::ui {
 namespace {
 
-constexpr int kClientWidth = 620;
-constexpr int kClientHeight = 520;
-constexpr int kLeastClientHeight = 260;
-constexpr int kGap = 8;
+constexpr int kCompareWidth = 620;
+constexpr int kCompareHeight = 520;
+constexpr int kLeastCompareHeight = 260;
 
 }  // namespace
 
@@ -46,8 +45,8 @@ FrmCompare::FrmCompare(const Setting& setting)
   panel->SetSizer(rows);
 
   // Room for the buttons and some rows; at first for many, as far as the main window allows.
-  const wxSize least(rows->GetMinSize().x, ForText(*this, kLeastClientHeight));
-  const wxSize usual = ForText(*this, wxSize(kClientWidth, kClientHeight));
+  const wxSize least(rows->GetMinSize().x, ForText(*this, kLeastCompareHeight));
+  const wxSize usual = ForText(*this, wxSize(kCompareWidth, kCompareHeight));
   const int height = std::clamp(GetParent()->GetSize().y * 3 / 5, least.y, usual.y);
   // The step buttons of the wheels stay in sight.
   TakeSize(wxSize(std::max(least.x, usual.x), height), least, Side::kRight);

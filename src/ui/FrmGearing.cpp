@@ -21,12 +21,10 @@ namespace {
 
 using platform::FromText;
 
-constexpr int kClientWidth = 900;
-constexpr int kClientHeight = 760;
-constexpr int kLeastClientWidth = 560;
-constexpr int kLeastClientHeight = 400;
-constexpr int kUsualPercent = 72;  ///< of the desktop
-constexpr int kGap = 8;
+constexpr int kGearingWidth = 900;
+constexpr int kGearingHeight = 760;
+constexpr int kLeastGearingWidth = 560;
+constexpr int kLeastGearingHeight = 400;
 
 constexpr int kUsualLetters = 15;
 constexpr int kLeastLetters = 11;
@@ -79,9 +77,9 @@ FrmGearing::FrmGearing(const Setting& setting)
   rows->Add(buttons, wxSizerFlags(wide).Border(wxALL, gap));
   panel_->SetSizer(rows);
 
-  const int height = std::max(ForText(*this, kClientHeight), OfDesktop(kUsualPercent).y);
-  TakeSize(wxSize(height * kClientWidth / kClientHeight, height),
-           ForText(*this, wxSize(kLeastClientWidth, kLeastClientHeight)));
+  const int height = std::max(ForText(*this, kGearingHeight), OfDesktop(kUsualPercent).y);
+  TakeSize(wxSize(height * kGearingWidth / kGearingHeight, height),
+           ForText(*this, wxSize(kLeastGearingWidth, kLeastGearingHeight)));
   BindEvents();
   ScaleLetters();
   table_->SetFocus();
@@ -172,7 +170,7 @@ void FrmGearing::ScaleLetters()
 {
   const wxSize client = panel_->GetClientSize();
   const int in_proportion =
-      std::min(client.y * kUsualLetters / kClientHeight, client.x * kUsualLetters / kClientWidth);
+      std::min(client.y * kUsualLetters / kGearingHeight, client.x * kUsualLetters / kGearingWidth);
   // Larger ones, which the system asks for, take some of the charts' room.
   const int larger =
       std::min(ForText(*this, std::min(in_proportion, kUsualLetters)), in_proportion * 4 / 3);

@@ -18,14 +18,14 @@ namespace velquist::ui {
 namespace {
 
 // Client area and text box as designed; a resize keeps the proportions.
-constexpr int kClientWidth = 820;
-constexpr int kClientHeight = 620;
-constexpr int kLeastClientWidth = 200;
-constexpr int kLeastClientHeight = 120;
+constexpr int kHelpWidth = 820;
+constexpr int kHelpHeight = 620;
+constexpr int kLeastHelpWidth = 200;
+constexpr int kLeastHelpHeight = 120;
 constexpr int kTextLeft = 10;
 constexpr int kTextTop = 10;
-constexpr int kTextWidth = kClientWidth - 2 * kTextLeft;
-constexpr int kTextHeight = kClientHeight - 2 * kTextTop;
+constexpr int kTextWidth = kHelpWidth - 2 * kTextLeft;
+constexpr int kTextHeight = kHelpHeight - 2 * kTextTop;
 
 int Scaled(int design, int now, int designed_whole)
 {
@@ -59,8 +59,8 @@ FrmHelp::FrmHelp(wxWindow* parent, std::string_view manual)
     event.Skip();
   });
   // Smaller than this the toolkit has no room for the scroll bar.
-  SetMinClientSize(FromDIP(wxSize(kLeastClientWidth, kLeastClientHeight)));
-  platform::SetFirstClientSize(*this, ForText(*this, wxSize(kClientWidth, kClientHeight)));
+  SetMinClientSize(FromDIP(wxSize(kLeastHelpWidth, kLeastHelpHeight)));
+  platform::SetFirstClientSize(*this, ForText(*this, wxSize(kHelpWidth, kHelpHeight)));
   FitToDesktop(*this);
   ShowSearchBar(false);
   if (parent != nullptr)
@@ -167,7 +167,7 @@ void FrmHelp::FindNext(bool forward)
 void FrmHelp::PlaceControls()
 {
   const wxSize client = panel_->GetClientSize();
-  const wxSize design = FromDIP(wxSize(kClientWidth, kClientHeight));
+  const wxSize design = FromDIP(wxSize(kHelpWidth, kHelpHeight));
   const wxPoint corner = FromDIP(wxPoint(kTextLeft, kTextTop));
   const wxSize extent = FromDIP(wxSize(kTextWidth, kTextHeight));
   wxRect text(Scaled(corner.x, client.x, design.x), Scaled(corner.y, client.y, design.y),

@@ -15,12 +15,10 @@
 namespace velquist::ui {
 namespace {
 
-constexpr int kClientWidth = 1180;
-constexpr int kClientHeight = 780;
-constexpr int kLeastClientWidth = 560;
-constexpr int kLeastClientHeight = 400;
-constexpr int kUsualPercent = 72;  ///< of the desktop
-constexpr int kGap = 8;
+constexpr int kLibraryWidth = 1180;
+constexpr int kLibraryHeight = 780;
+constexpr int kLeastLibraryWidth = 560;
+constexpr int kLeastLibraryHeight = 400;
 constexpr int kLeastPane = 80;
 constexpr double kShareOfTable = 0.62;
 
@@ -75,9 +73,9 @@ FrmLibrary::FrmLibrary(const Setting& setting)
     event.Skip();  // and all is placed anew
   });
 
-  wxSize client = ForText(*this, wxSize(kClientWidth, kClientHeight));
+  wxSize client = ForText(*this, wxSize(kLibraryWidth, kLibraryHeight));
   client.IncTo(OfDesktop(kUsualPercent));
-  TakeSize(client, ForText(*this, wxSize(kLeastClientWidth, kLeastClientHeight)));
+  TakeSize(client, ForText(*this, wxSize(kLeastLibraryWidth, kLeastLibraryHeight)));
   Layout();
   panel->Layout();
   panes_->SetSashPosition(static_cast<int>(panes_->GetSize().y * kShareOfTable));
@@ -128,7 +126,7 @@ wxWindow* FrmLibrary::MakeTables(wxPanel* panel)
 {
   // Large enough from the start for what stands in it.
   panes_ = new wxSplitterWindow(panel, wxID_ANY, wxDefaultPosition,
-                                FromDIP(wxSize(kLeastClientWidth, kLeastClientHeight)),
+                                FromDIP(wxSize(kLeastLibraryWidth, kLeastLibraryHeight)),
                                 wxSP_LIVE_UPDATE | wxSP_NOBORDER, "Panes");
   table_ = new wxDataViewCtrl(panes_, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                               wxDV_SINGLE | wxDV_ROW_LINES, wxDefaultValidator, "Setups");

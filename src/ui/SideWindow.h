@@ -10,6 +10,8 @@
 
 namespace velquist::ui {
 
+constexpr int kUsualPercent = 72;  ///< of the desktop, of a window for much
+
 /// A window beside the main one, which stays open while the user goes on there and shows after each
 /// event what has come of it. Escape closes it; the shortcuts of the main window's menus work in
 /// it.

@@ -13,9 +13,9 @@ namespace {
 using platform::Answer;
 using platform::Buttons;
 
-constexpr std::array<std::string_view, 4> kIcons = {"information", "exclamation", "question",
-                                                    "critical"};
-constexpr std::array<std::string_view, 3> kAnswers = {"ok", "yes", "no"};
+constexpr std::array<std::string_view, 4> kIconNames = {"information", "exclamation", "question",
+                                                        "critical"};
+constexpr std::array<std::string_view, 3> kAnswerNames = {"ok", "yes", "no"};
 constexpr std::array<std::string_view, 3> kButtons = {"OK", "Yes/No", "Yes/No"};
 constexpr std::array<std::string_view, 4> kModYears = {"1965", "1966", "1967", "1969"};
 
@@ -42,13 +42,13 @@ std::string FormName(app::ModYearForm form)
 
 std::string Message(std::string_view text, platform::Icon icon)
 {
-  return "message " + Quoted(text) + " " + Name(kIcons, icon);
+  return "message " + Quoted(text) + " " + Name(kIconNames, icon);
 }
 
 struct Describer {
   std::string operator()(const AnnouncedMessage& message) const
   {
-    return Message(message.text, message.icon) + " -> " + Name(kAnswers, message.answer);
+    return Message(message.text, message.icon) + " -> " + Name(kAnswerNames, message.answer);
   }
   std::string operator()(const AnnouncedOpen& open) const
   {

@@ -94,7 +94,7 @@ inline std::uint32_t ModeOf(const fs::path& path)
   return status.st_mode & 07777U;
 }
 
-class AtomicWrite : public testing::Test {
+class AtomicWrite : public ::testing::Test {
  protected:
   AtomicWrite() { WriteFile(target, "old bytes"); }
 

@@ -15,7 +15,7 @@ using namespace velquist::content::testing;
 using velquist::content::ContentError;
 
 /// A copy of the tables to make a mistake in.
-class BrokenTables : public testing::Test {
+class BrokenTables : public ::testing::Test {
  protected:
   BrokenTables()
   {

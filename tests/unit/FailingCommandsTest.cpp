@@ -114,12 +114,12 @@ click MnuOpen
   ScriptedEditor editor_;
 };
 
-constexpr std::string_view kOverwrite =
+constexpr std::string_view kOverwriteIt =
     "on message \"This file already exits.  Do you want to overwrite it?\" question -> yes\n";
 
 TEST_F(FailingCommand, SaveIsWholeOrNotAtAll)
 {
-  EachCallFails("MnuSave", std::string(kOverwrite), "mine.bb1",
+  EachCallFails("MnuSave", std::string(kOverwriteIt), "mine.bb1",
                 "The setup was not saved.\\n" + kDirectory + "/");
 }
 

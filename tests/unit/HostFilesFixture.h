@@ -37,7 +37,7 @@ inline std::string Expected(std::string_view path, std::errc reason)
   return std::string(path) + " | " + std::make_error_code(reason).message();
 }
 
-class HostFiles : public testing::Test {
+class HostFiles : public ::testing::Test {
  protected:
   HostFiles()
   {

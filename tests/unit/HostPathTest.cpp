@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 using namespace velquist::samples;
 using Names = std::vector<std::string>;
 
-class FilesByName : public testing::Test {
+class FilesByName : public ::testing::Test {
  protected:
   [[nodiscard]] std::string At(std::string_view path) const
   {

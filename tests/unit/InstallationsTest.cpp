@@ -59,7 +59,7 @@ TEST(SetupDirectory, IsMadeOfInstallationPlayerAndTrack)
 }
 
 /// An installation in a directory of its own.
-class InstallationLists : public testing::Test {
+class InstallationLists : public ::testing::Test {
  protected:
   InstallationLists()
   {

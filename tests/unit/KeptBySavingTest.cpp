@@ -32,7 +32,7 @@ namespace {
 namespace fs = std::filesystem;
 using namespace velquist::samples;
 
-class SavedFile : public testing::Test {
+class SavedFile : public ::testing::Test {
  protected:
   SavedFile() { WriteFile(target, "old bytes"); }
 

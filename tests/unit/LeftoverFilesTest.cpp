@@ -26,7 +26,7 @@ using namespace std::chrono_literals;
 
 constexpr unsigned long kGone = 99'999;
 
-class Leftovers : public testing::Test {
+class Leftovers : public ::testing::Test {
  protected:
   Leftovers()
   {

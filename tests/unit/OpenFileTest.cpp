@@ -20,7 +20,7 @@ using platform::Answer;
 using platform::Icon;
 
 constexpr std::string_view kSaveFirst = "Do you want to save the current settings first?";
-constexpr std::string_view kOverwrite = "This file already exits.  Do you want to overwrite it?";
+constexpr std::string_view kQuestion = "This file already exits.  Do you want to overwrite it?";
 constexpr std::string_view kMine = "/GPL/Players/Jim/Setups/monza/mine.lp1";
 
 class Dropped : public ::testing::Test {
@@ -62,7 +62,7 @@ TEST_F(Dropped, ASaveThatIsWantedFirstAndThenNotConfirmedKeepsTheEdits)
   Window().FileDropped(kMine);
   Edit();
   Announce(kSaveFirst, Answer::kYes);
-  Announce(kOverwrite, Answer::kNo);
+  Announce(kQuestion, Answer::kNo);
   DropOther();
   ExpectTheEditsStay("mine.lp1");
 }
@@ -83,7 +83,7 @@ TEST_F(Dropped, TakesThePlaceOfEditsThatAreSavedOrNotWanted)
   Window().FileDropped(kMine);
   Edit();
   Announce(kSaveFirst, Answer::kYes);
-  Announce(kOverwrite, Answer::kYes);
+  Announce(kQuestion, Answer::kYes);
   DropOther();
   EXPECT_EQ(Window().Form().Label4.text, "other.lp1");
   const float saved = edited_;

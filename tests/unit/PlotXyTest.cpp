@@ -20,7 +20,7 @@ using testing::Texts;
 constexpr Axis kTenths{0, 10, 5};
 constexpr Axis kHundreds{0, 100, 4};
 
-PictureRecorder Picture(double width = 250, double height = 140)
+PictureRecorder PlotPicture(double width = 250, double height = 140)
 {
   PictureRecorder picture;
   picture.Resize(width, height);
@@ -38,7 +38,7 @@ std::vector<double> GapsBefore(const PictureRecorder& picture, double left)
 
 TEST(PlotXy, PreparingClearsToWhiteAndDropsWhatWasDrawn)
 {
-  auto picture = Picture();
+  auto picture = PlotPicture();
   picture.Clear(kRed);
   picture.Text(0, 0, "old");
   const PlotXy plot(picture, kTenths, kHundreds);
@@ -48,7 +48,7 @@ TEST(PlotXy, PreparingClearsToWhiteAndDropsWhatWasDrawn)
 
 TEST(PlotXy, ThePlotBoxLeavesThePixelsOfTheMargins)
 {
-  auto picture = Picture(250, 140);
+  auto picture = PlotPicture(250, 140);
   const PlotXy plot(picture, kTenths, kHundreds);
   const auto boxes = Having(picture, Primitive::Kind::kBox);
   ASSERT_EQ(boxes.size(), 1U);
@@ -62,7 +62,7 @@ TEST(PlotXy, ThePlotBoxLeavesThePixelsOfTheMargins)
 
 TEST(PlotXy, EveryDivisionHasADottedLineInBothDirections)
 {
-  auto picture = Picture(250, 140);
+  auto picture = PlotPicture(250, 140);
   const PlotXy plot(picture, kTenths, kHundreds);
   std::vector<double> upright;
   std::vector<double> level;
@@ -85,7 +85,7 @@ TEST(PlotXy, EveryDivisionHasADottedLineInBothDirections)
 
 TEST(PlotXy, EveryDivisionHasItsValueUnderTheXAxisAndLeftOfTheYAxis)
 {
-  auto picture = Picture(250, 140);
+  auto picture = PlotPicture(250, 140);
   const PlotXy plot(picture, kTenths, kHundreds);
   EXPECT_EQ(Texts(picture), (std::vector<std::string>{"0", "2", "4", "6", "8", "10", "0", "25",
                                                       "50", "75", "100"}));
@@ -102,7 +102,7 @@ TEST(PlotXy, EveryDivisionHasItsValueUnderTheXAxisAndLeftOfTheYAxis)
 
 TEST(PlotXy, LabelsOfTheYAxisEndAtTheSameGapFromIt)
 {
-  auto picture = Picture();
+  auto picture = PlotPicture();
   const PlotXy plot(picture, kTenths, kHundreds);
   const auto gaps = GapsBefore(picture, plot.Box().left);
   ASSERT_EQ(gaps.size(), 5U);
@@ -112,7 +112,7 @@ TEST(PlotXy, LabelsOfTheYAxisEndAtTheSameGapFromIt)
 
 TEST(PlotXy, LabelsArePlainDigitsAndDecimalsHaveAPoint)
 {
-  auto picture = Picture(600, 300);
+  auto picture = PlotPicture(600, 300);
   const PlotXy plot(picture, {0, 1, 4}, {0, 12000, 6});
   const auto texts = Texts(picture);
   for (const char* label : {"0.25", "0.5", "0.75", "1", "2000", "10000", "12000"})
@@ -121,7 +121,7 @@ TEST(PlotXy, LabelsArePlainDigitsAndDecimalsHaveAPoint)
 
 TEST(PlotXy, AnAxisCanBeginAnywhere)
 {
-  auto picture = Picture(250, 140);
+  auto picture = PlotPicture(250, 140);
   const PlotXy plot(picture, {-10, 10, 2}, {100, 200, 1});
   EXPECT_EQ(Texts(picture), (std::vector<std::string>{"-10", "0", "10", "100", "200"}));
   EXPECT_EQ(plot.PixelX(-10), 30);
@@ -132,7 +132,7 @@ TEST(PlotXy, AnAxisCanBeginAnywhere)
 
 TEST(PlotXy, AnAxisWithoutDivisionsHasNoGridAndNoLabels)
 {
-  auto picture = Picture();
+  auto picture = PlotPicture();
   const PlotXy plot(picture, kTenths, {0, 1, 0});
   EXPECT_EQ(Texts(picture), (std::vector<std::string>{"0", "2", "4", "6", "8", "10"}));
   const auto grid = Lines(picture, kGridGrey, LineStyle::kDotted);
@@ -142,10 +142,10 @@ TEST(PlotXy, AnAxisWithoutDivisionsHasNoGridAndNoLabels)
 
 TEST(PlotXy, LettersShrinkBeforeLabelsTouch)
 {
-  auto large = Picture(600, 300);
+  auto large = PlotPicture(600, 300);
   const PlotXy roomy(large, kTenths, kHundreds);
   EXPECT_EQ(Having(large, Primitive::Kind::kText)[0].letter_height, kLargestLetters);
-  auto small = Picture(190, 300);
+  auto small = PlotPicture(190, 300);
   const PlotXy narrow(small, {0, 14000, 5}, kHundreds);
   EXPECT_LT(Having(small, Primitive::Kind::kText)[0].letter_height, kLargestLetters);
   EXPECT_EQ(testing::TextFaults(small), std::vector<std::string>());
@@ -154,7 +154,7 @@ TEST(PlotXy, LettersShrinkBeforeLabelsTouch)
 
 TEST(PlotXy, WithoutRoomForAllLabelsEverySecondIsWritten)
 {
-  auto picture = Picture(250, 100);  // 60 pixels for 12 labels
+  auto picture = PlotPicture(250, 100);  // 60 pixels for 12 labels
   const PlotXy plot(picture, kTenths, {0, 550, 11});
   EXPECT_EQ(testing::TextFaults(picture), std::vector<std::string>());
   auto texts = Texts(picture);
@@ -166,7 +166,7 @@ TEST(PlotXy, WithoutRoomForAllLabelsEverySecondIsWritten)
 TEST(PlotXy, APictureWithoutRoomForAPlotBoxStaysEmpty)
 {
   for (const auto& [width, height] : {std::pair{50.0, 140.0}, {250.0, 40.0}, {0.0, 0.0}}) {
-    auto picture = Picture(width, height);
+    auto picture = PlotPicture(width, height);
     const PlotXy plot(picture, kTenths, kHundreds);
     EXPECT_TRUE(picture.Drawn().empty()) << width;
     EXPECT_EQ(picture.Background(), kWhite);
@@ -249,7 +249,7 @@ TEST_F(Series, NoPointsDrawNothing)
 TEST(PlotXy, TheTitleIsInTheMiddleUnderTheLabelsAndShrinksToThePicture)
 {
   for (const double width : {600.0, 240.0}) {
-    auto picture = Picture(width, 264);
+    auto picture = PlotPicture(width, 264);
     PlotXy plot(picture, kTenths, kHundreds);
     plot.DrawTitle("90% Torque and Horsepower Bands Versus MPH");
     EXPECT_EQ(testing::TextFaults(picture), std::vector<std::string>());

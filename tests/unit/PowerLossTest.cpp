@@ -143,7 +143,7 @@ class Disk {
   std::vector<std::map<fs::path, std::size_t>> journal_;  ///< of the directory, oldest first
 };
 
-class PowerLoss : public testing::TestWithParam<bool> {
+class PowerLoss : public ::testing::TestWithParam<bool> {
  protected:
   PowerLoss() : target(folder / "a.lo1"), disk(target, "old bytes")
   {
@@ -168,7 +168,7 @@ class PowerLoss : public testing::TestWithParam<bool> {
   Disk disk;
 };
 
-INSTANTIATE_TEST_SUITE_P(WithAndWithoutFilesWithoutAName, PowerLoss, testing::Bool(),
+INSTANTIATE_TEST_SUITE_P(WithAndWithoutFilesWithoutAName, PowerLoss, ::testing::Bool(),
                          [](const auto& test) { return test.param ? "Nameless" : "Named"; });
 
 TEST_P(PowerLoss, LeavesTheOldFileOrTheNewOneAtEveryMomentOfASave)

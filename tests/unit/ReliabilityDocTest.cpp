@@ -15,7 +15,7 @@ namespace velquist {
 namespace {
 
 namespace fs = std::filesystem;
-const fs::path kProject = velquist::testing::SourceDirectory();
+const fs::path kSources = velquist::testing::SourceDirectory();
 
 /// "Suite.Test" of every unit test in the sources.
 std::set<std::string> UnitTests()
@@ -23,7 +23,7 @@ std::set<std::string> UnitTests()
   const std::regex test(R"(\nTEST(?:_F|_P)?\(\s*(\w+),\s*(\w+)\))");
   std::set<std::string> tests;
   for (const auto* folder : {"tests/unit", "tests/toolkit"})
-    for (const auto& entry : fs::directory_iterator(kProject / folder)) {
+    for (const auto& entry : fs::directory_iterator(kSources / folder)) {
       const auto text = samples::ContentOf(entry.path());
       for (std::sregex_iterator match(text.begin(), text.end(), test), end; match != end; ++match)
         tests.insert((*match)[1].str() + "." + (*match)[2].str());
@@ -36,7 +36,7 @@ TEST(ReliabilityDoc, NamesTestsThatExistForEveryPromise)
   const auto tests = UnitTests();
   ASSERT_GT(tests.size(), 500U);
   const std::regex quoted("`([^`]+)`");
-  std::istringstream page(samples::ContentOf(kProject / "docs" / "reliability.md"));
+  std::istringstream page(samples::ContentOf(kSources / "docs" / "reliability.md"));
   std::size_t promises = 0;
   for (std::string line; std::getline(page, line);) {
     if (!line.starts_with("| ") || line.starts_with("| promise") || line.starts_with("| ---"))
@@ -48,7 +48,7 @@ TEST(ReliabilityDoc, NamesTestsThatExistForEveryPromise)
       const auto name = (*match)[1].str();
       const bool is_there = name.find('/') == std::string::npos
                                 ? tests.contains(name)
-                                : fs::is_regular_file(kProject / name);
+                                : fs::is_regular_file(kSources / name);
       EXPECT_TRUE(is_there) << name;
       ++named;
     }

@@ -91,7 +91,7 @@ class WatchedCalls {
   }
 };
 
-class SaveSteps : public testing::TestWithParam<bool> {
+class SaveSteps : public ::testing::TestWithParam<bool> {
  protected:
   SaveSteps()
   {
@@ -126,7 +126,7 @@ class SaveSteps : public testing::TestWithParam<bool> {
   bool supported = true;
 };
 
-INSTANTIATE_TEST_SUITE_P(WithAndWithoutFilesWithoutAName, SaveSteps, testing::Bool(),
+INSTANTIATE_TEST_SUITE_P(WithAndWithoutFilesWithoutAName, SaveSteps, ::testing::Bool(),
                          [](const auto& test) { return test.param ? "Nameless" : "Named"; });
 
 TEST_P(SaveSteps, ComeInAnOrderThatNeverLeavesHalfAFile)

@@ -24,13 +24,13 @@ using velquist::testing::MemoryFiles;
 using Fields = std::array<std::string, 6>;
 using Values = std::array<float, 5>;
 
-constexpr std::string_view kPath = "C:\\Velquist\\67 Setup Data.ini";
+constexpr std::string_view kFile = "C:\\Velquist\\67 Setup Data.ini";
 
 /// The tables after reading a 1967 file of this text.
-SetupData Read(std::string_view text)
+SetupData ReadText(std::string_view text)
 {
   MemoryFiles files;
-  files.Put(kPath, text);
+  files.Put(kFile, text);
   SetupData data;
   EXPECT_TRUE(ReadSetupData(files, "C:\\Velquist", k1967, data));
   return data;
@@ -64,7 +64,7 @@ TEST(ReadSetupData, TakesTheFileOfTheModYearFromTheProgramDirectory)
 
 TEST(ReadSetupData, PutsMinimumMaximumStepAndFineStepIntoTheirColumns)
 {
-  const auto data = Read("tire,12,22,40,1,0.1\r\n");
+  const auto data = ReadText("tire,12,22,40,1,0.1\r\n");
   ASSERT_EQ(data.SetupDataText.size(), 1U);
   EXPECT_EQ(data.SetupDataText[0], (Fields{"tire", "12", "22", "40", "1", "0.1"}));
   EXPECT_EQ(data.SetupDataValues[0], (Values{0, 12, 40, 1, 0.1F}));
@@ -82,12 +82,12 @@ TEST(ReadSetupData, PutsMinimumMaximumStepAndFineStepIntoTheirColumns)
 
 TEST(ReadSetupData, RepeatsTheLastFieldOfALineWithTooFew)
 {
-  const auto four = Read("label,0,5,10");
+  const auto four = ReadText("label,0,5,10");
   EXPECT_EQ(four.SetupDataText[0], (Fields{"label", "0", "5", "10", "10", "10"}));
   EXPECT_EQ(four.SetupDataValues[0], (Values{0, 0, 10, 10, 10}));
-  const auto one = Read("7 of everything");
+  const auto one = ReadText("7 of everything");
   EXPECT_EQ(one.SetupDataValues[0], (Values{0, 7, 7, 7, 7}));
-  const auto none = Read("\r\nlabel,1,2,3,4,5");
+  const auto none = ReadText("\r\nlabel,1,2,3,4,5");
   EXPECT_EQ(none.SetupDataText[0], Fields());
   EXPECT_EQ(none.SetupDataValues[0], Values());
   EXPECT_EQ(none.Value(1, kFineStep), 5.0F);
@@ -95,20 +95,21 @@ TEST(ReadSetupData, RepeatsTheLastFieldOfALineWithTooFew)
 
 TEST(ReadSetupData, IgnoresFieldsBeyondTheSixth)
 {
-  EXPECT_EQ(Read("label,1,2,3,4,5,").SetupDataText[0], (Fields{"label", "1", "2", "3", "4", "5"}));
-  EXPECT_EQ(Read("label,1,2,3,4,5,6,7").SetupDataValues[0], (Values{0, 1, 3, 4, 5}));
+  EXPECT_EQ(ReadText("label,1,2,3,4,5,").SetupDataText[0],
+            (Fields{"label", "1", "2", "3", "4", "5"}));
+  EXPECT_EQ(ReadText("label,1,2,3,4,5,6,7").SetupDataValues[0], (Values{0, 1, 3, 4, 5}));
 }
 
 TEST(ReadSetupData, KeepsTextUntrimmedAndReadsItsLeadingNumber)
 {
-  const auto data = Read(" label , 1.5 psi,x, ,-.5in,abc\r\n");
+  const auto data = ReadText(" label , 1.5 psi,x, ,-.5in,abc\r\n");
   EXPECT_EQ(data.SetupDataText[0], (Fields{" label ", " 1.5 psi", "x", " ", "-.5in", "abc"}));
   EXPECT_EQ(data.SetupDataValues[0], (Values{0, 1.5F, 0, -0.5F, 0}));
 }
 
 TEST(ReadSetupData, RoundsEachNumberOnceToASingle)
 {
-  const auto data = Read("l,0.1,0,1e39,-1e39,1e-50\r\nl,16777217,0,3.4444444444,0,0");
+  const auto data = ReadText("l,0.1,0,1e39,-1e39,1e-50\r\nl,16777217,0,3.4444444444,0,0");
   EXPECT_EQ(data.Value(0, kMinimum), 0.1F);
   EXPECT_EQ(data.Value(0, kMaximum), std::numeric_limits<float>::infinity());
   EXPECT_EQ(data.Value(0, kStep), -std::numeric_limits<float>::infinity());
@@ -120,7 +121,7 @@ TEST(ReadSetupData, RoundsEachNumberOnceToASingle)
 TEST(ReadSetupData, TakesEveryKindOfLineEnd)
 {
   for (const auto* text : {"a,1\r\nb,2\r\n", "a,1\nb,2", "a,1\rb,2\r"}) {
-    const auto data = Read(text);
+    const auto data = ReadText(text);
     ASSERT_EQ(data.SetupDataText.size(), 2U) << text;
     EXPECT_EQ(data.Value(0, kFineStep), 1.0F);
     EXPECT_EQ(data.Value(1, kFineStep), 2.0F);
@@ -131,7 +132,7 @@ TEST(ReadSetupData, TakesEveryKindOfLineEnd)
 TEST(ReadSetupData, DoesNotFollowTheLocale)
 {
   const CommaLocale comma;
-  EXPECT_EQ(Read("l,1.5,2,3.25,4,5").Value(0, kMinimum), 1.5F);
+  EXPECT_EQ(ReadText("l,1.5,2,3.25,4,5").Value(0, kMinimum), 1.5F);
 }
 
 TEST(ReadSetupData, HasExactlyTheRowsOfTheFileAndClearsEveryCurrentValue)
@@ -142,7 +143,7 @@ TEST(ReadSetupData, HasExactlyTheRowsOfTheFileAndClearsEveryCurrentValue)
   for (const std::size_t lines : {60U, 53U, 3U, 1U, 0U, 53U}) {
     std::string text;
     for (std::size_t i = 0; i < lines; ++i) text += "l,1,2,3,4,5\r\n";
-    files.Put(kPath, text);
+    files.Put(kFile, text);
     ASSERT_TRUE(ReadSetupData(files, "C:\\Velquist", k1967, data));
     ASSERT_EQ(data.SetupDataText.size(), lines);
     ASSERT_EQ(data.SetupDataValues.size(), lines);
@@ -167,7 +168,7 @@ TEST(ReadSetupData, IsFalseAndChangesNothingWithoutAFile)
 TEST(ReadSetupData, KeepsTheTablesWhenTheFileCannotBeRead)
 {
   MemoryFiles files;
-  files.MakeUnreadable(kPath);
+  files.MakeUnreadable(kFile);
   SetupData data = SampleData();
   data.Current(3) = 5;
   EXPECT_TRUE(ReadSetupData(files, "C:\\Velquist", k1967, data));
@@ -182,15 +183,15 @@ TEST(ReadSetupData, ReadsAnyBytesWithoutFailing)
     std::string text;
     for (auto n = random() % 300; n > 0; --n)
       text += random() % 3 == 0 ? ",\r\n. 01e-"[random() % 9] : static_cast<char>(random() & 0xFFU);
-    const auto data = Read(text);
+    const auto data = ReadText(text);
     ASSERT_EQ(data.SetupDataText.size(), data.SetupDataValues.size());
   }
 }
 
 TEST(SetupData, ARowThatTheFileDidNotHaveThrows)
 {
-  SetupData data = Read("l,1,2,3,4,5\r\nl,1,2,3,4,5\r\n");
-  const SetupData empty = Read("");
+  SetupData data = ReadText("l,1,2,3,4,5\r\nl,1,2,3,4,5\r\n");
+  const SetupData empty = ReadText("");
   EXPECT_NO_THROW((void)data.Current(1));
   for (const std::size_t row : {2U, 53U, 1000U}) {
     EXPECT_THROW((void)data.Value(row, kMinimum), BoundsError);
@@ -203,7 +204,7 @@ TEST(SetupData, ARowThatTheFileDidNotHaveThrows)
 
 TEST(SetupData, WholeFieldsAreRoundedAndThrowBeyond16Bits)
 {
-  const auto data = Read("l, 74 rows,2.5,3.5,-32768,32767\r\nl,32768,-32769,1e9,x,\r\n");
+  const auto data = ReadText("l, 74 rows,2.5,3.5,-32768,32767\r\nl,32768,-32769,1e9,x,\r\n");
   EXPECT_EQ(data.Whole(0, kMinimumField), 74);
   EXPECT_EQ(data.Whole(0, kDefaultField), 2);
   EXPECT_EQ(data.Whole(0, kMaximumField), 4);

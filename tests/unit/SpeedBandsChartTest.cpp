@@ -20,8 +20,8 @@ using testing::Texts;
 
 using enum data::ModYear;
 
-constexpr double kWidth = 600;   // 550 pixels from axis to axis: 2.5 a mile per hour in 1967
-constexpr double kHeight = 264;  // 224
+constexpr double kBandsWidth = 600;   // 550 pixels from axis to axis: 2.5 a mile per hour in 1967
+constexpr double kBandsHeight = 264;  // 224
 
 /// Five gears; torque from 4000 to 8000 rpm, horsepower from 6000 to 9000, maximum 9500 rpm.
 SpeedBands Bands(bool metric = false)
@@ -39,7 +39,7 @@ SpeedBands Bands(bool metric = false)
 }
 
 PictureRecorder Drawn(const SpeedBands& bands, data::ModYear ModYearIndex = k1967,
-                      double width = kWidth, double height = kHeight)
+                      double width = kBandsWidth, double height = kBandsHeight)
 {
   PictureRecorder picture;
   picture.Resize(width, height);
@@ -60,7 +60,8 @@ const Primitive* Number(const PictureRecorder& picture, int gear)
 std::string Read(const SpeedBands& bands, int gear, double speed = 100)
 {
   const auto area = testing::Covered(*Number(Drawn(bands), gear));
-  return ReadSpeedBands(kWidth, kHeight, bands, 30 + 2.5 * speed, (area.top + area.bottom) / 2);
+  return ReadSpeedBands(kBandsWidth, kBandsHeight, bands, 30 + 2.5 * speed,
+                        (area.top + area.bottom) / 2);
 }
 
 TEST(SpeedBandsChart, TheTitleNamesTheUnit)
@@ -303,7 +304,7 @@ TEST(SpeedBandsChart, AllFiguresAreToldInOneLine)
 TEST(SpeedBandsChart, ReadingIsEmptyOutsideTheRows)
 {
   const auto read = [](double x, double y) {
-    return ReadSpeedBands(kWidth, kHeight, Bands(), x, y);
+    return ReadSpeedBands(kBandsWidth, kBandsHeight, Bands(), x, y);
   };
   for (const auto& [x, y] : {std::pair{29.0, 120.0}, {581.0, 120.0}, {100.0, 9.0}, {100.0, 235.0}})
     EXPECT_EQ(read(x, y), "") << x << ' ' << y;

@@ -18,7 +18,7 @@ namespace {
 
 using velquist::testing::MemoryFiles;
 
-constexpr std::string_view kProgram = "C:\\Velquist";
+constexpr std::string_view kDirectory = "C:\\Velquist";
 
 /// A car with the default setup of 1967 and shipped tables or, in their place, those of a test.
 class SteppingTo : public ::testing::Test {
@@ -33,11 +33,11 @@ class SteppingTo : public ::testing::Test {
   }
   static std::string InProgram(const std::string& name)
   {
-    return std::string(kProgram) + "\\" + name;
+    return std::string(kDirectory) + "\\" + name;
   }
   void Load()
   {
-    EXPECT_EQ(car_.ReadDataFiles(files_, kProgram), std::nullopt);
+    EXPECT_EQ(car_.ReadDataFiles(files_, kDirectory), std::nullopt);
     EXPECT_TRUE(car_.ReadFile(files_, InProgram("67 Velquist Default.vqset")));
     car_.LoadValues();
     car_.LoadLists();
@@ -49,7 +49,7 @@ class SteppingTo : public ::testing::Test {
     std::string lines;
     for (std::size_t row = 0; row < data::kSetupRows; ++row) lines += limits + "\r\n";
     files_.Put(InProgram("67 Setup Data.ini"), lines);
-    (void)car_.ReadDataFiles(files_, kProgram);
+    (void)car_.ReadDataFiles(files_, kDirectory);
     car_.StartEditing();
   }
   [[nodiscard]] float FineStep(int slot) const

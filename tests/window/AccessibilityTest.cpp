@@ -18,7 +18,7 @@ AtkObject* Spoken(const wxWindow& widget)
   return gtk_widget_get_accessible(widget.GetHandle());
 }
 
-std::string NameOf(AtkObject* spoken)
+std::string SpokenName(AtkObject* spoken)
 {
   const char* const name = atk_object_get_name(spoken);
   return name == nullptr ? "" : name;
@@ -33,7 +33,8 @@ std::vector<std::string> LabelsOf(AtkObject* spoken)
       atk_relation_set_get_relation_by_type(relations, ATK_RELATION_LABELLED_BY);
   if (labelled != nullptr) {
     const GPtrArray* const labels = atk_relation_get_target(labelled);
-    for (guint i = 0; i < labels->len; ++i) names.push_back(NameOf(ATK_OBJECT(labels->pdata[i])));
+    for (guint i = 0; i < labels->len; ++i)
+      names.push_back(SpokenName(ATK_OBJECT(labels->pdata[i])));
   }
   g_object_unref(relations);
   return names;
@@ -42,14 +43,14 @@ std::vector<std::string> LabelsOf(AtkObject* spoken)
 /// The name itself, or that of the label that the control belongs to.
 std::string NameOrLabel(AtkObject* spoken)
 {
-  auto name = NameOf(spoken);
+  auto name = SpokenName(spoken);
   if (!name.empty()) return name;
   AtkRelationSet* const relations = atk_object_ref_relation_set(spoken);
   AtkRelation* const labelled =
       atk_relation_set_get_relation_by_type(relations, ATK_RELATION_LABELLED_BY);
   if (labelled != nullptr) {
     GPtrArray* const labels = atk_relation_get_target(labelled);
-    if (labels->len > 0) name = NameOf(ATK_OBJECT(labels->pdata[0]));
+    if (labels->len > 0) name = SpokenName(ATK_OBJECT(labels->pdata[0]));
   }
   g_object_unref(relations);
   return name;
@@ -118,7 +119,7 @@ TEST_F(Accessibility, BoxesAndOptionsAreCalledAsTheyAreLabelled)
     if (design.kind != ControlKind::kCheck && design.kind != ControlKind::kOption) continue;
     std::string caption(design.caption);
     std::erase(caption, '&');
-    EXPECT_EQ(NameOf(Spoken(*Widget(design))), caption);
+    EXPECT_EQ(SpokenName(Spoken(*Widget(design))), caption);
     EXPECT_EQ(LabelsOf(Spoken(*Widget(design))), (std::vector<std::string>{})) << caption;
   }
 }
@@ -127,7 +128,7 @@ TEST_F(Accessibility, PicturesHaveNames)
 {
   Start();
   for (const char* const name : {"PictureChart", "PictureChart2", "GEMPic1"})
-    EXPECT_FALSE(NameOf(Spoken(*Widget(name))).empty()) << name;
+    EXPECT_FALSE(SpokenName(Spoken(*Widget(name))).empty()) << name;
 }
 
 TEST_F(Accessibility, TheRampAnglesTellTheLockingPercentBesideThem)
@@ -156,7 +157,7 @@ TEST_F(Accessibility, StepButtonsTellTheValueThatTheyHaveChanged)
   for (const char* const name : {"CmdInc(4)", "CmdDec(4)"}) {
     AtkObject* const spoken = Spoken(*Widget(name));
     EXPECT_EQ(description(name), "95 lbs/in, was 90, now 95 (+5)");
-    EXPECT_NE(NameOf(spoken).find("left front wheel rate"), std::string::npos);
+    EXPECT_NE(SpokenName(spoken).find("left front wheel rate"), std::string::npos);
   }
 }
 
