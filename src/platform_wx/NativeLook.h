@@ -45,9 +45,6 @@ void SetFirstClientSize(wxTopLevelWindow& window, wxSize size);
 /// True when nothing in `window` has the focus any more, since what had it was hidden.
 [[nodiscard]] bool HasLostFocus(const wxWindow& window);
 
-/// True when a wxClientDC paints what is on the screen, and not only a wxPaintDC.
-[[nodiscard]] bool PaintsAtOnce();
-
 /// A frame whose label names the frame alone and not the control behind it.
 [[nodiscard]] wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name);
 

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <gdk/gdkx.h>
 #include <gtk/gtk.h>
 
 #include <algorithm>
@@ -287,11 +286,6 @@ bool HasLostFocus(const wxWindow& window)
   // The toolkit does not hear of every way to a list.
   auto* const top = GTK_WINDOW(gtk_widget_get_toplevel(window.GetHandle()));
   return gtk_window_get_focus(top) == nullptr;
-}
-
-bool PaintsAtOnce()
-{
-  return GDK_IS_X11_DISPLAY(gdk_display_get_default());
 }
 
 wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name)

@@ -102,11 +102,6 @@ bool HasLostFocus(const wxWindow& window)
                                 (!focused->IsShownOnScreen() || !focused->AcceptsFocus()));
 }
 
-bool PaintsAtOnce()
-{
-  return true;
-}
-
 wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name)
 {
   auto* const frame = new LabelledFrame(parent, id, name);

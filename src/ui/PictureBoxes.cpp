@@ -93,12 +93,10 @@ void MarqueeBox::BringInLine()
   if (same && at == at_) return;
   const wxRect before = std::exchange(at_, at);
   const int moved = before.x - at.x;
-  if (same && moved > 0 && moved <= kMarqueeMargin && platform::PaintsAtOnce()) {
-    wxClientDC(this).DrawBitmap(Painted(), at.GetPosition());
+  if (same && moved > 0 && moved <= kMarqueeMargin && Painted().DrawAtOnce(*this, at.GetPosition()))
     return;
-  }
   if (!same) {
-    painted_ = wxBitmap();
+    painted_ = {};
     text_ = quotation_.text;
     platform::SetSpoken(*this, platform::FromText(text_), wxString());
   }
@@ -111,7 +109,7 @@ void MarqueeBox::OnPaint()
   wxPaintDC paint(this);
   if (text_.empty() || at_.IsEmpty()) return;
   if (painted_.IsOk())
-    paint.DrawBitmap(Painted(), at_.GetPosition());
+    Painted().Draw(paint, at_.GetPosition());
   else
     Paint(paint, at_.GetPosition());  // it may never run
 }
@@ -131,20 +129,23 @@ void MarqueeBox::OnColoursChanged()
   SetFont(around.font);
   SetForegroundColour(around.colFg);
   SetBackgroundColour(around.colBg);
-  painted_ = wxBitmap();
+  painted_ = {};
   Refresh();
 }
 
-const wxBitmap& MarqueeBox::Painted()
+const platform::KeptPicture& MarqueeBox::Painted()
 {
   const double scale = GetContentScaleFactor();
   if (painted_.IsOk() && painted_.GetScaleFactor() == scale) return painted_;
-  painted_.CreateScaled(at_.width + kMarqueeMargin, at_.height, wxBITMAP_SCREEN_DEPTH, scale);
-  wxMemoryDC memory(painted_);
-  memory.SetBackground(GetBackgroundColour());
-  memory.Clear();
-  Paint(memory, wxPoint());
-  return painted_;
+  wxBitmap picture;
+  picture.CreateScaled(at_.width + kMarqueeMargin, at_.height, wxBITMAP_SCREEN_DEPTH, scale);
+  {
+    wxMemoryDC memory(picture);
+    memory.SetBackground(GetBackgroundColour());
+    memory.Clear();
+    Paint(memory, wxPoint());
+  }
+  return painted_ = platform::KeptPicture(*this, picture);
 }
 
 }  // namespace velquist::ui

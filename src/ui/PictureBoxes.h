@@ -8,6 +8,7 @@
 #include <string>
 
 #include "app/MainForm.h"
+#include "platform_wx/KeptPicture.h"
 #include "platform_wx/WxPictureLoader.h"
 
 namespace velquist::ui {
@@ -52,12 +53,12 @@ class MarqueeBox final : public wxPanel {
   void OnPaint();
   void OnColoursChanged();
   void Paint(wxDC& dc, wxPoint at) const;
-  [[nodiscard]] const wxBitmap& Painted();
+  [[nodiscard]] const platform::KeptPicture& Painted();
 
   const app::Control& quotation_;
-  std::string text_;  ///< as last shown
-  wxRect at_;         ///< of the quotation in the box, as last shown
-  wxBitmap painted_;  ///< the quotation, once it has run
+  std::string text_;               ///< as last shown
+  wxRect at_;                      ///< of the quotation in the box, as last shown
+  platform::KeptPicture painted_;  ///< the quotation, once it has run
 };
 
 }  // namespace velquist::ui
