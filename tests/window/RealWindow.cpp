@@ -94,9 +94,8 @@ std::string NameOf(const app::ControlDesign& design)
 
 bool WaitUntil(const std::function<bool()>& done, int milliseconds)
 {
-  using Clock = std::chrono::steady_clock;
-  const auto end = Clock::now() + std::chrono::milliseconds(milliseconds);
-  while (!done() && Clock::now() < end) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+  while (!done() && std::chrono::steady_clock::now() < end) {
     runner::LetWindowSystemWork();
     std::this_thread::sleep_for(std::chrono::milliseconds(5));
   }
