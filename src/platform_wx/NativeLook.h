@@ -26,6 +26,10 @@ namespace velquist::platform {
 /// How many times as large as usual the system's text is on the screen of `window`; at least 1.
 [[nodiscard]] double TextScale(const wxWindow& window);
 
+/// What is made in `panel` from now on comes with letters of `font`, on systems where it would cost
+/// time to give it others than the usual ones afterwards.
+void ExpectLetters(wxWindow& panel, const wxFont& font);
+
 /// Gives `control` letters of `font`, as SetFont does, but controls whose letters are alike share
 /// them, so that many controls cost little.
 void SetLetters(wxWindow& control, const wxFont& font);

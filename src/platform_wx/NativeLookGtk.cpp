@@ -236,6 +236,11 @@ double TextScale(const wxWindow&)
   return std::max(Resolution() / kUsualResolution * std::max(points / kUsualPoints, 1.0), 1.0);
 }
 
+void ExpectLetters(wxWindow&, const wxFont&)
+{
+  // Letters are shared by style sheets.
+}
+
 void SetLetters(wxWindow& control, const wxFont& font)
 {
   if (g_object_get_data(G_OBJECT(control.GetHandle()), kOwnLetters) != nullptr) {

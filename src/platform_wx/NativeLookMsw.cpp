@@ -63,10 +63,15 @@ double TextScale(const wxWindow& window)
   return std::max(window.GetDPI().y / kUsualResolution * set, 1.0);
 }
 
+void ExpectLetters(wxWindow& panel, const wxFont& font)
+{
+  panel.SetFont(font);
+}
+
 void SetLetters(wxWindow& control, const wxFont& font)
 {
   const wxRect place = control.GetRect();
-  control.SetFont(font);
+  if (!control.SetFont(font)) return;
   if (dynamic_cast<wxChoice*>(&control) == nullptr) return;
   control.SetSize(place, wxSIZE_FORCE);  // it has taken its height from the letters
   control.Refresh();

@@ -91,7 +91,9 @@ void FrmMain::RunMarquee()
 void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
 {
   int id = kFirstId;
+  const wxFont usual = panel_->GetFont();
   for (const auto& design : app::FormControlSettings()) {
+    platform::ExpectLetters(*panel_, ControlFont(design.In(window_.Form()).font_size));
     if (wxWindow* const made = MakeWindow(design, id, pictures)) {
       keys_.Add(design, *made);
       field_.Add(design, *made);
@@ -101,6 +103,7 @@ void FrmMain::MakeWidgets(platform::WxPictureLoader& pictures)
     }
     ++id;
   }
+  platform::ExpectLetters(*panel_, usual);
   unsaved_ = new UnsavedMark(panel_);
   for (auto& widget : widgets_)
     if (widget.Design().kind == ControlKind::kFrame) platform::PutBehindSiblings(widget.Window());
@@ -121,7 +124,7 @@ wxWindow* FrmMain::MakeWindow(const app::ControlDesign& design, wxWindowID id,
   const wxString name = WindowName(design);
   switch (design.shape) {
     case Shape::kStepButton:
-      return new StepButton(panel_, id, LabelText(design.In(form)), name,
+      return new StepButton(panel_, id, LabelText(design.In(form)), PlaceOf(design.In(form)), name,
                             [this, slot = design.index] { return window_.Car().Value(slot); });
     case Shape::kChart:
       return charts_.emplace_back(new ChartBox(panel_, id, name, SourceOf(window_, design)));

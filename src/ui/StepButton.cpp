@@ -20,9 +20,10 @@ bool IsSpaceBar(const wxKeyEvent& event)
 
 }  // namespace
 
-StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& label, const wxString& name,
-                       Value value)
-    : wxButton(parent, id, label, wxDefaultPosition, wxSize(1, 1), 0, wxDefaultValidator, name),
+StepButton::StepButton(wxWindow* parent, wxWindowID id, const wxString& label, const wxRect& place,
+                       const wxString& name, Value value)
+    : wxButton(parent, id, label, place.GetPosition(), place.GetSize(), 0, wxDefaultValidator,
+               name),
       value_(std::move(value)),
       held_(this)
 {

@@ -17,8 +17,8 @@ class StepButton final : public wxButton {
   /// The current value itself, which moves in finer steps than its label may show.
   using Value = std::function<float()>;
 
-  StepButton(wxWindow* parent, wxWindowID id, const wxString& label, const wxString& name,
-             Value value);
+  StepButton(wxWindow* parent, wxWindowID id, const wxString& label, const wxRect& place,
+             const wxString& name, Value value);
 
   /// So many steps, or as many as move the value; all but the first are repeats, and the first one
   /// where `repeated` says so.

@@ -106,6 +106,12 @@ wxString LabelText(const app::Control& control)
   return wxControl::EscapeMnemonics(text);
 }
 
+wxRect PlaceOf(const app::Control& control)
+{
+  const auto& place = control.place;
+  return {place.left, place.top, place.width, place.height};
+}
+
 const wxString& LetterFace()
 {
   static const wxString kFace = platform::LetterFace("Arial");
@@ -123,6 +129,8 @@ ControlWidget::ControlWidget(const app::Control& control, wxWindow& window)
   last_.design = control.design;
   last_.shown = window.IsShown();
   if (window.GetLabel() == LabelText(control)) last_.text = control.text;
+  if (window.GetRect() == PlaceOf(control)) last_.place = control.place;
+  window.SetMinSize(wxSize(1, 1));  // the toolkit takes the first size for it
   // Each new kind of letters has the system look at all widgets that are there already.
   platform::SetLetters(window, ControlFont(control.font_size));
   last_.font_size = control.font_size;
@@ -273,23 +281,23 @@ void ControlWidget::ShowChecked()
 
 void ControlWidget::ShowPlace()
 {
-  const auto& place = control_->place;
-  window_->SetSize(place.left, place.top, place.width, place.height, wxSIZE_FORCE);
-  last_.place = place;
+  window_->SetSize(PlaceOf(*control_), wxSIZE_FORCE);
+  last_.place = control_->place;
 }
 
 wxWindow* MakeWidget(const app::Control& control, wxWindow* parent, wxWindowID id)
 {
   const auto& design = *control.design;
-  const wxPoint at = wxDefaultPosition;
-  const wxSize size(1, 1);
+  const wxRect place = PlaceOf(control);
+  const wxPoint at = place.GetPosition();
+  const wxSize size = place.GetSize();
   const wxString name = WindowName(design);
   switch (design.kind) {
     case ControlKind::kButton:
       return new wxButton(parent, id, LabelText(control), at, size, 0, wxDefaultValidator, name);
     case ControlKind::kList: {
       auto* const list =
-          new wxChoice(parent, id, at, size, 0, nullptr, 0, wxDefaultValidator, name);
+          new wxChoice(parent, id, at, wxSize(1, 1), 0, nullptr, 0, wxDefaultValidator, name);
       platform::SetUpChoice(
           *list, design.opens_first ? platform::ListKeys::kOpen : platform::ListKeys::kChoose);
       if (design.ellipsis) platform::CutItemsAtStart(*list);

@@ -73,7 +73,7 @@ class ControlWidget {
 
   const app::Control* control_;
   wxWindow* window_;
-  app::Control last_;         ///< as last shown; no items and no place at first
+  app::Control last_;         ///< as last shown; no items at first
   bool unmeasured_ = false;   ///< text, letters or width are others
   bool news_ = true;          ///< text, letters or place are others
   int letters_ = 0;           ///< height in pixels that the control's letters are shown with
@@ -87,8 +87,10 @@ class ControlWidget {
 /// The text with its mnemonic while it is the caption of the design.
 [[nodiscard]] wxString LabelText(const app::Control& control);
 
+[[nodiscard]] wxRect PlaceOf(const app::Control& control);
+
 /// Makes the widget that the control's kind says: a button, label, check box or option button with
-/// its text, or an empty list or frame.
+/// its text, or an empty list, at its place; or an empty frame.
 [[nodiscard]] wxWindow* MakeWidget(const app::Control& control, wxWindow* parent, wxWindowID id);
 
 /// What a screen reader and a tool tip say about the control.
