@@ -42,6 +42,11 @@ void SetOwnLetters(wxWindow& control, const wxFont& font, const wxColour& colour
 /// keep them larger.
 void AllowSmallControls(wxWindow& panel);
 
+/// Lets buttons in `window` change their look at once. Where a theme has one look pass into the
+/// other, the window is painted for a fifth of a second whenever a button is enabled, and presses
+/// wait.
+void ChangeButtonsAtOnce(wxTopLevelWindow& window);
+
 /// Gives `window`, which has not been shown yet, the size that it comes up with. It is painted once
 /// then, which it is not with SetClientSize on every system.
 void SetFirstClientSize(wxTopLevelWindow& window, wxSize size);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <mutex>
 #include <string>
 
 #include "platform_wx/NativeLook.h"
@@ -11,11 +12,12 @@
 namespace velquist::platform {
 namespace {
 
-constexpr char kStyleClass[] = "velquist-tight";
+constexpr char kTight[] = "velquist-tight";
+constexpr char kAtOnce[] = "velquist-at-once";
 
 // Sizes are those of the control's own font, so that they shrink with a small screen; but what
 // stands around a frame's label is not, since the label is placed before it knows of another font.
-constexpr char kTightStyle[] = R"css(
+constexpr char kStyle[] = R"css(
 .velquist-tight button, .velquist-tight combobox button, .velquist-tight button.combo {
   padding: 0 0.15em; min-width: 0; min-height: 0; margin: 0; border-radius: 3px;
 }
@@ -37,6 +39,7 @@ constexpr char kTightStyle[] = R"css(
 .velquist-tight frame > label { padding: 0 3px; }
 .velquist-tight entry { padding: 0 0.3em; min-width: 0; min-height: 0; }
 .velquist-tight label { padding: 0; min-width: 0; min-height: 0; }
+.velquist-at-once * { transition: none; }
 )css";
 
 constexpr double kUsualResolution = 96;  // also where the desktop sets none
@@ -69,13 +72,12 @@ void LoadStyle(const char* style, guint priority)
   g_object_unref(provider);
 }
 
-void LoadTightStyleOnce()
+/// Gives a window one of the classes of the style sheet.
+void AddClass(wxWindow& window, const char* name)
 {
-  static const bool kLoaded = [] {
-    LoadStyle(kTightStyle, GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
-    return true;
-  }();
-  (void)kLoaded;
+  static std::once_flag loaded;
+  std::call_once(loaded, LoadStyle, kStyle, GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+  gtk_style_context_add_class(gtk_widget_get_style_context(window.GetHandle()), name);
 }
 
 /// What the toolkit would put into a style sheet of a control's own, which has whole points.
@@ -271,8 +273,12 @@ void SetOwnLetters(wxWindow& control, const wxFont& font, const wxColour& colour
 
 void AllowSmallControls(wxWindow& panel)
 {
-  LoadTightStyleOnce();
-  gtk_style_context_add_class(gtk_widget_get_style_context(panel.GetHandle()), kStyleClass);
+  AddClass(panel, kTight);
+}
+
+void ChangeButtonsAtOnce(wxTopLevelWindow& window)
+{
+  AddClass(window, kAtOnce);
 }
 
 void SetFirstClientSize(wxTopLevelWindow& window, wxSize size)

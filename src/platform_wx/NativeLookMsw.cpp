@@ -95,6 +95,11 @@ void AllowSmallControls(wxWindow&)
   // Controls have any size here.
 }
 
+void ChangeButtonsAtOnce(wxTopLevelWindow&)
+{
+  // The system's buttons paint themselves beside what the program does.
+}
+
 void SetFirstClientSize(wxTopLevelWindow& window, wxSize size)
 {
   window.SetClientSize(size);

@@ -13,27 +13,51 @@ using app::ComparisonRow;
 
 bool ComparisonLines::Show(std::vector<ComparisonRow> rows)
 {
-  const bool same_slots =
-      std::ranges::equal(rows, rows_, {}, &ComparisonRow::slot, &ComparisonRow::slot);
+  const auto lines = LinesOf(rows);
+  const auto same = [](const Line& one, const Line& other) {
+    return one.group == other.group && one.slot == other.slot;
+  };
+  std::size_t first = 0;  // of those that go and of those that come in their place
+  auto gone = lines_.size();
+  auto come = lines.size();
+  for (; gone > 0 && come > 0 && same(lines_[first], lines[first]); --gone, --come) ++first;
+  while (gone > 0 && come > 0 && same(lines_[first + gone - 1], lines[first + come - 1])) {
+    --gone;
+    --come;
+  }
+  // One by one, so that the table stays at its place. What it is told of it may ask for at once.
+  const auto at = static_cast<std::ptrdiff_t>(first);
+  for (std::size_t i = 0; i < gone; ++i) {
+    lines_.erase(lines_.begin() + at);
+    RowDeleted(static_cast<unsigned>(first));
+  }
   const auto before = std::exchange(rows_, std::move(rows));
   all_differ_ = std::ranges::all_of(rows_, &ComparisonRow::differs);
-  if (same_slots) {
-    for (unsigned line = 0; line < lines_.size(); ++line) {
-      const int row = lines_[line].row;
-      if (row < 0) continue;
-      const auto at = static_cast<std::size_t>(row);
-      if (before[at] != rows_[at]) RowChanged(line);
-    }
-    return false;
+  std::vector<unsigned> changed;
+  for (std::size_t i = 0; i < lines_.size(); ++i) {
+    const auto line = i < first ? i : i + come;
+    const int old = std::exchange(lines_[i], lines[line]).row;
+    if (old >= 0 &&
+        before[static_cast<std::size_t>(old)] != rows_[static_cast<std::size_t>(lines[line].row)])
+      changed.push_back(static_cast<unsigned>(line));
   }
-  lines_.clear();
-  for (std::size_t row = 0; row < rows_.size(); ++row) {
-    if (row == 0 || rows_[row].group != rows_[row - 1].group)
-      lines_.push_back({rows_[row].group, -1});
-    lines_.push_back({rows_[row].group, static_cast<int>(row)});
+  for (std::size_t i = first; i < first + come; ++i) {
+    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(i), lines[i]);
+    RowInserted(static_cast<unsigned>(i));
   }
-  Reset(GetCount());
-  return true;
+  for (const auto line : changed) RowChanged(line);
+  return gone > 0 || come > 0;
+}
+
+std::vector<ComparisonLines::Line> ComparisonLines::LinesOf(const std::vector<ComparisonRow>& rows)
+{
+  std::vector<Line> lines;
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    const auto& group = rows[row].group;
+    if (row == 0 || group != rows[row - 1].group) lines.push_back({group, -1, -1});
+    lines.push_back({group, static_cast<int>(row), rows[row].slot});
+  }
+  return lines;
 }
 
 const ComparisonRow* ComparisonLines::RowOf(unsigned line) const

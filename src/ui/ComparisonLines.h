@@ -46,9 +46,11 @@ class ComparisonLines final : public wxDataViewVirtualListModel {
  private:
   struct Line {
     std::string_view group;
-    int row = -1;  ///< of `rows_`; -1 for the line that names the frame
+    int row = -1;   ///< of `rows_`; -1 for the line that names the frame
+    int slot = -1;  ///< of the row
   };
 
+  [[nodiscard]] static std::vector<Line> LinesOf(const std::vector<app::ComparisonRow>& rows);
   [[nodiscard]] const app::ComparisonRow* RowOf(unsigned line) const;
 
   std::vector<app::ComparisonRow> rows_;

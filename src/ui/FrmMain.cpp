@@ -61,6 +61,7 @@ FrmMain::FrmMain(app::MainWindow& window, const platform::Screen& screen,
   SetIcons(platform::ProgramIcons());
   SetMenuBar(menus_.Bar());
   platform::AllowSmallControls(*panel_);
+  platform::ChangeButtonsAtOnce(*this);
   MakeWidgets(pictures);
   MakeStatusLine();
 

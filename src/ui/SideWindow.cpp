@@ -45,6 +45,7 @@ SideWindow::SideWindow(const Setting& setting, app::SideWindowState app::MainFor
       state_(state)
 {
   SetIcons(platform::ProgramIcons());
+  platform::ChangeButtonsAtOnce(*this);
   SetAcceleratorTable(ShortcutsOf(*setting.parent->GetMenuBar()));
   Bind(wxEVT_MENU,
        [this](wxCommandEvent& event) { GetParent()->GetEventHandler()->ProcessEvent(event); });

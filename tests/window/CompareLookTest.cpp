@@ -33,6 +33,24 @@ TEST_F(CompareLook, TheCountTakesNoRoomOfTheControlsAndStandsInTheStatusLine)
   }
 }
 
+TEST_F(CompareLook, IsPaintedAFewTimesWhenItsButtonsComeIntoUse)
+{
+  Start();
+  Open();
+  LetTimePass(300);
+  int frames = 0;
+  GdkFrameClock* const clock = gtk_widget_get_frame_clock(Window()->GetHandle());
+  const auto handler = g_signal_connect(
+      clock, "after-paint",
+      G_CALLBACK(+[](GdkFrameClock*, gpointer count) { ++*static_cast<int*>(count); }), &frames);
+  editor.Play("click CmdInc(30)\n");
+  ASSERT_TRUE(Part("TakeAll").IsEnabled());
+  LetTimePass(300);
+  g_signal_handler_disconnect(clock, handler);
+  EXPECT_GT(frames, 0);
+  EXPECT_LE(frames, 4);  // and not for as long as a theme lets them fade
+}
+
 TEST_F(CompareLook, ComesUpWithAColumnForTheParameterForBothValuesAndForTheirDifference)
 {
   Start();

@@ -122,6 +122,27 @@ TEST_F(Compare, KeepsItsSelectionWhenRowsComeAndGo)
   EXPECT_EQ(Table().GetSelectedItemsCount(), 1);
 }
 
+TEST_F(Compare, StaysAtItsPlaceWhenRowsComeAndGo)
+{
+  Start();
+  Open();
+  for (int slot = 4; slot < 24; ++slot) editor.Play("click CmdInc(" + std::to_string(slot) + ")\n");
+  ASSERT_GT(Lines().GetCount(), 20U);
+  Window()->SetClientSize(Window()->GetMinClientSize());
+  const auto top = [this] { return Lines().GetRow(Table().GetTopItem()); };
+  ASSERT_TRUE(WaitUntil([&] {
+    Table().EnsureVisible(Lines().GetItem(Lines().GetCount() - 1));
+    return top() > 3;
+  }));
+  LetTimePass(100);
+  const auto before = top();
+  for (const auto* const step : {"click CmdInc(30)\n", "click MnuUndo\n"}) {
+    editor.Play(step);
+    LetTimePass(100);
+    EXPECT_NEAR(top(), before, 3) << step;  // two lines came above
+  }
+}
+
 TEST_F(Compare, CopiesTheRowsShownAsTextAndAsHtml)
 {
   Start();
