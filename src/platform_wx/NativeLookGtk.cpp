@@ -143,47 +143,31 @@ void GiveOwnLetters(wxWindow& control, const wxFont& font)
   if (!AreWholePointsUsual()) ShareLetters(control, font);
 }
 
-class LabelledFrame final : public wxStaticBox {
- public:
-  LabelledFrame(wxWindow* parent, wxWindowID id, const wxString& name)
-      : wxStaticBox(parent, id, wxString(), wxDefaultPosition, wxSize(1, 1), 0, name)
-  {
-    ShowLabel(wxString());
-    g_signal_connect_after(m_widget, "size-allocate", G_CALLBACK(PlaceLabel), nullptr);
-  }
+/// The text of a control that is little else.
+GtkLabel* TextOf(const wxWindow& control)
+{
+  GtkWidget* const widget = control.GetHandle();
+  if (GTK_IS_LABEL(widget)) return GTK_LABEL(widget);
+  GtkWidget* const inside = GTK_IS_BUTTON(widget) ? gtk_bin_get_child(GTK_BIN(widget)) : nullptr;
+  return GTK_IS_LABEL(inside) ? GTK_LABEL(inside) : nullptr;
+}
 
-  void SetLabel(const wxString& label) override
-  {
-    wxStaticBox::SetLabel(label);
-    ShowLabel(label);
+/// Beside the style sheets, which would have the system work out the control's look anew.
+void SetOff(GtkLabel* text, const wxFont& font, const wxColour& colour)
+{
+  PangoAttrList* const attributes = pango_attr_list_new();
+  pango_attr_list_insert(attributes,
+                         pango_attr_weight_new(static_cast<PangoWeight>(font.GetNumericWeight())));
+  if (colour.IsOk()) {
+    constexpr guint16 kOfEight = 0x101;  // a part of 8 bits as one of 16
+    const auto part = [](unsigned char value) { return static_cast<guint16>(value * kOfEight); };
+    pango_attr_list_insert(
+        attributes,
+        pango_attr_foreground_new(part(colour.Red()), part(colour.Green()), part(colour.Blue())));
   }
-
- protected:
-  /// The toolkit would give the label to the control behind.
-  bool GTKWidgetNeedsMnemonic() const override { return false; }
-
- private:
-  /// An empty one is nothing for a screen reader to come upon.
-  void ShowLabel(const wxString& label)
-  {
-    GtkWidget* const text = gtk_frame_get_label_widget(GTK_FRAME(m_widget));
-    if (text != nullptr) gtk_widget_set_visible(text, label.empty() ? FALSE : TRUE);
-  }
-
-  /// A little from the corner. A margin would do so, too, but the border leaves it out with the
-  /// label, and the corner with it.
-  static void PlaceLabel(GtkWidget* frame, GtkAllocation* place, gpointer)
-  {
-    GtkWidget* const text = gtk_frame_get_label_widget(GTK_FRAME(frame));
-    if (text == nullptr || !gtk_widget_get_visible(text)) return;
-    GtkRequisition size;
-    gtk_widget_get_preferred_size(text, nullptr, &size);
-    const int from_corner = std::max(6, size.height / 3);
-    const int beside = std::max(place->width - size.width, from_corner);
-    gtk_frame_set_label_align(GTK_FRAME(frame),
-                              static_cast<float>(from_corner) / static_cast<float>(beside), 0.5F);
-  }
-};
+  gtk_label_set_attributes(text, attributes);
+  pango_attr_list_unref(attributes);
+}
 
 double Points(double pixels)
 {
@@ -265,6 +249,12 @@ int TenthsOfMillimeter(const wxWindow&, int pixels)
 
 void SetOwnLetters(wxWindow& control, const wxFont& font, const wxColour& colour)
 {
+  if (GtkLabel* const text = TextOf(control)) {
+    SetOff(text, font, colour);
+    control.wxWindowBase::SetFont(font);
+    control.wxWindowBase::SetForegroundColour(colour);
+    return;
+  }
   // A class that a control loses has the system look at all that stand beside it.
   g_object_set_data(G_OBJECT(control.GetHandle()), kOwnLetters, &control);
   GiveOwnLetters(control, font);
@@ -297,11 +287,6 @@ bool HasLostFocus(const wxWindow& window)
   // The toolkit does not hear of every way to a list.
   auto* const top = GTK_WINDOW(gtk_widget_get_toplevel(window.GetHandle()));
   return gtk_window_get_focus(top) == nullptr;
-}
-
-wxStaticBox* MakeFrame(wxWindow* parent, wxWindowID id, const wxString& name)
-{
-  return new LabelledFrame(parent, id, name);
 }
 
 void AllowCutLabel(wxWindow& control)

@@ -53,11 +53,10 @@ void DifferenceCount::ShowColour()
 void DifferenceCount::BringInLine(int count, const std::string& reference_name)
 {
   if (count == count_ && reference_name == reference_name_) return;
-  const bool other_mark = (count > 0) != (count_ > 0);
   count_ = count;
-  if (other_mark) ShowColour();
   reference_name_ = reference_name;
   SetLabel(CountText(count));
+  ShowColour();  // of the new text
   const wxString tip = "Compare with " + platform::FromText(reference_name) + " (Ctrl+D)";
   SetToolTip(tip);
   platform::SetSpoken(*this, CountText(count), tip);

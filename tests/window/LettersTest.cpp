@@ -23,6 +23,13 @@ class Letters : public RealWindow {
     PangoFontDescription* font = nullptr;
     gtk_style_context_get(gtk_widget_get_style_context(widget), GTK_STATE_FLAG_NORMAL,
                           GTK_STYLE_PROPERTY_FONT, &font, nullptr);
+    PangoAttrList* const own =
+        GTK_IS_LABEL(widget) ? gtk_label_get_attributes(GTK_LABEL(widget)) : nullptr;
+    if (own != nullptr) {
+      PangoAttrIterator* const text = pango_attr_list_get_iterator(own);
+      pango_attr_iterator_get_font(text, font, nullptr, nullptr);
+      pango_attr_iterator_destroy(text);
+    }
     return font;
   }
 
