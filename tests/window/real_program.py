@@ -100,11 +100,6 @@ def middle_of(control):
     return [str(place.x + place.width // 2), str(place.y + place.height // 2)]
 
 
-def key(*keys):
-    subprocess.run(['xdotool', 'key', '--clearmodifiers', *keys], check=True)
-    time.sleep(0.2)
-
-
 class _ClientMessage(ctypes.Structure):
     _fields_ = [('type', ctypes.c_int), ('serial', ctypes.c_ulong), ('send_event', ctypes.c_int),
                 ('display', ctypes.c_void_p), ('window', ctypes.c_ulong),
