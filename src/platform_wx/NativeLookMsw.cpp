@@ -3,6 +3,8 @@
 #include <wx/msw/wrapwin.h>
 
 #include <algorithm>
+#include <map>
+#include <utility>
 
 #include "platform_wx/NativeLook.h"
 
@@ -47,7 +49,12 @@ wxFont LetterFont(const wxDC& dc, const wxString& face, double pixels)
 
 wxFont ControlFont(const wxString& face, int pixels)
 {
-  return wxFont(wxFontInfo(wxSize(0, pixels)).FaceName(face));
+  // A font that is another is compared with the one that a control has, and the system's display is
+  // asked for its resolution each time.
+  static std::map<std::pair<wxString, int>, wxFont> fonts;
+  const auto [found, first] = fonts.try_emplace({face, pixels});
+  if (first) found->second = wxFont(wxFontInfo(wxSize(0, pixels)).FaceName(face));
+  return found->second;
 }
 
 double TextScale(const wxWindow& window)
@@ -70,9 +77,12 @@ void ExpectLetters(wxWindow& panel, const wxFont& font)
 
 void SetLetters(wxWindow& control, const wxFont& font)
 {
+  if (dynamic_cast<wxChoice*>(&control) == nullptr) {
+    control.SetFont(font);
+    return;
+  }
   const wxRect place = control.GetRect();
   if (!control.SetFont(font)) return;
-  if (dynamic_cast<wxChoice*>(&control) == nullptr) return;
   control.SetSize(place, wxSIZE_FORCE);  // it has taken its height from the letters
   control.Refresh();
 }
@@ -164,7 +174,10 @@ void SetMnemonicTarget(wxStaticText&, wxWindow&)
 
 void SetItems(wxChoice& list, const wxArrayString& items)
 {
-  list.Set(items);
+  if (list.IsEmpty())
+    list.Append(items);  // nothing is to be cleared, for which it would be laid out once more
+  else
+    list.Set(items);
 }
 
 }  // namespace velquist::platform

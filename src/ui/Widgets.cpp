@@ -297,7 +297,7 @@ wxWindow* MakeWidget(const app::Control& control, wxWindow* parent, wxWindowID i
       return new wxButton(parent, id, LabelText(control), at, size, 0, wxDefaultValidator, name);
     case ControlKind::kList: {
       auto* const list =
-          new wxChoice(parent, id, at, wxSize(1, 1), 0, nullptr, 0, wxDefaultValidator, name);
+          new wxChoice(parent, id, at, size, 0, nullptr, 0, wxDefaultValidator, name);
       platform::SetUpChoice(
           *list, design.opens_first ? platform::ListKeys::kOpen : platform::ListKeys::kChoose);
       if (design.ellipsis) platform::CutItemsAtStart(*list);
