@@ -61,7 +61,8 @@ void SetFirstClientSize(wxTopLevelWindow& window, wxSize size);
 /// before it knows of smaller letters.
 void AllowCutLabel(wxWindow& control);
 
-/// Lets the pointer find the controls that stand in `frame`, its siblings.
+/// Lets the pointer find the controls that stand in `frame`, its siblings, and has them paint
+/// themselves there. Once all of them are made and before they are shown.
 void PutBehindSiblings(wxWindow& frame);
 
 /// Keeps all that stands beside `window` in its parent from painting over `place`, which is within

@@ -17,6 +17,16 @@ void AddStyle(const wxWindow& control, LONG_PTR style)
   ::SetWindowLongPtrW(window, GWL_STYLE, ::GetWindowLongPtrW(window, GWL_STYLE) | style);
 }
 
+/// Has `control` paint itself where a frame lies over it. Whether it did not before.
+bool PaintUnderFrames(const wxWindow& control)
+{
+  const HWND window = control.GetHWND();
+  const LONG_PTR style = ::GetWindowLongPtrW(window, GWL_STYLE);
+  if ((style & WS_CLIPSIBLINGS) == 0) return false;
+  ::SetWindowLongPtrW(window, GWL_STYLE, style & ~LONG_PTR{WS_CLIPSIBLINGS});
+  return true;
+}
+
 class LabelledFrame final : public wxStaticBox {
  public:
   LabelledFrame(wxWindow* parent, wxWindowID id, const wxString& name)
@@ -31,6 +41,31 @@ class LabelledFrame final : public wxStaticBox {
     constexpr int kLine = 2;
     wxStaticBox::GetBordersForSizer(top, other);
     if (GetLabel().empty()) *top = GetCharHeight() / 2 + kLine;
+  }
+
+ protected:
+  /// As the toolkit does, but without asking the system for each neighbour: all are the toolkit's
+  /// own, and none is a frame that lies in this one.
+  WXHRGN MSWGetRegionWithoutChildren() override
+  {
+    RECT own;
+    ::GetWindowRect(GetHWND(), &own);
+    HRGN const region = ::CreateRectRgn(own.left, own.top, own.right + 1, own.bottom + 1);
+    for (const wxWindow* const each : GetParent()->GetChildren()) {
+      if (dynamic_cast<const wxStaticBox*>(each) != nullptr) continue;
+      const HWND neighbour = each->GetHWND();
+      RECT place;
+      if (!::IsWindowVisible(neighbour) || !::GetWindowRect(neighbour, &place) ||
+          !::RectInRegion(region, &place))
+        continue;
+      if (PaintUnderFrames(*each))
+        ::SetWindowPos(neighbour, nullptr, 0, 0, 0, 0,
+                       SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_FRAMECHANGED);
+      HRGN const covered = ::CreateRectRgnIndirect(&place);
+      ::CombineRgn(region, region, covered, RGN_DIFF);
+      ::DeleteObject(covered);
+    }
+    return region;
   }
 };
 
@@ -134,9 +169,12 @@ void AllowCutLabel(wxWindow&)
   // Labels are always cut at the control's edge.
 }
 
-void PutBehindSiblings(wxWindow&)
+void PutBehindSiblings(wxWindow& frame)
 {
-  // What was made first is behind the others already.
+  // Before anything is shown, where it is no more than a mark: later each would be laid out anew.
+  for (const wxWindow* const each : frame.GetParent()->GetChildren())
+    if (each != &frame && dynamic_cast<const wxStaticBox*>(each) == nullptr)
+      PaintUnderFrames(*each);
 }
 
 void KeepSiblingsOff(const wxWindow& window, const wxRect& place)
