@@ -75,6 +75,17 @@ std::set<std::string> ChassisCodes()
   return codes;
 }
 
+/// An option that names a file or directory: an empty name, which scripts leave where a variable is
+/// unset, is not as good as none.
+CLI::Option* AddNameOption(CLI::App& app, const std::string& name, std::string& word,
+                           const std::string& does, const std::string& type)
+{
+  const auto refusal = [](const std::string& given) {
+    return given.empty() ? std::string("needs a name") : std::string();
+  };
+  return app.add_option(name, word, does)->type_name(type)->check(refusal);
+}
+
 void AddCommonOptions(CLI::App& app, Words& words)
 {
   app.set_help_flag("-h,--help", "Show this help and end");
@@ -88,8 +99,8 @@ void AddCommonOptions(CLI::App& app, Words& words)
       ->check(CLI::IsMember(std::set<int>{1, 2, 3}));
   app.add_option("--units", words.units, "Units of values and speeds")
       ->check(CLI::IsMember(std::set<std::string>{"english", "metric"}));
-  app.add_option("--program-directory", words.program_directory, "Where the data files lie")
-      ->type_name("DIR");
+  AddNameOption(app, "--program-directory", words.program_directory, "Where the data files lie",
+                "DIR");
 }
 
 void AddOwnOptions(CLI::App& app, Command command, Words& words)
@@ -100,11 +111,11 @@ void AddOwnOptions(CLI::App& app, Command command, Words& words)
       app.add_flag("--csv", words.csv, "Comma-separated values (RFC 4180)")->excludes("--json");
       break;
     case Command::kSheet:
-      app.add_option("--reference", words.reference, "Setup to tell the differences from")
-          ->type_name("FILE");
+      AddNameOption(app, "--reference", words.reference, "Setup to tell the differences from",
+                    "FILE");
       [[fallthrough]];
     case Command::kExport:
-      app.add_option("--to", words.to, "Directory to write into")->type_name("DIR");
+      AddNameOption(app, "--to", words.to, "Directory to write into", "DIR");
       force();
       break;
     case Command::kConvert: {
@@ -112,7 +123,7 @@ void AddOwnOptions(CLI::App& app, Command command, Words& words)
       layouts->add_flag("--short", words.to_short, "264 bytes");
       layouts->add_flag("--long", words.to_long, "272 bytes");
       layouts->require_option(1);
-      app.add_option("--to", words.to, "File to write")->type_name("FILE")->required();
+      AddNameOption(app, "--to", words.to, "File to write", "FILE")->required();
       force();
       break;
     }
