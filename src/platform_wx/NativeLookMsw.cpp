@@ -27,6 +27,11 @@ bool PaintUnderFrames(const wxWindow& control)
   return true;
 }
 
+bool IsFrame(const wxWindow& control)
+{
+  return dynamic_cast<const wxStaticBox*>(&control) != nullptr;
+}
+
 class LabelledFrame final : public wxStaticBox {
  public:
   LabelledFrame(wxWindow* parent, wxWindowID id, const wxString& name)
@@ -52,7 +57,7 @@ class LabelledFrame final : public wxStaticBox {
     ::GetWindowRect(GetHWND(), &own);
     HRGN const region = ::CreateRectRgn(own.left, own.top, own.right + 1, own.bottom + 1);
     for (const wxWindow* const each : GetParent()->GetChildren()) {
-      if (dynamic_cast<const wxStaticBox*>(each) != nullptr) continue;
+      if (IsFrame(*each)) continue;
       const HWND neighbour = each->GetHWND();
       RECT place;
       if (!::IsWindowVisible(neighbour) || !::GetWindowRect(neighbour, &place) ||
@@ -173,8 +178,7 @@ void PutBehindSiblings(wxWindow& frame)
 {
   // Before anything is shown, where it is no more than a mark: later each would be laid out anew.
   for (const wxWindow* const each : frame.GetParent()->GetChildren())
-    if (each != &frame && dynamic_cast<const wxStaticBox*>(each) == nullptr)
-      PaintUnderFrames(*each);
+    if (each != &frame && !IsFrame(*each)) PaintUnderFrames(*each);
 }
 
 void KeepSiblingsOff(const wxWindow& window, const wxRect& place)
