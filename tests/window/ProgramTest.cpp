@@ -44,13 +44,13 @@ class User final : public wxTimer {
 
   explicit User(std::vector<Action> actions) : actions_(std::move(actions))
   {
-    constexpr int kPause = 50;
-    Start(kPause);
+    constexpr int kMilliseconds = 50;
+    Start(kMilliseconds);
   }
   void Notify() override
   {
-    constexpr int kMostLooks = 600;
-    if (++looks_ == kMostLooks) {
+    constexpr int kMostTries = 600;
+    if (++looks_ == kMostTries) {
       ADD_FAILURE() << "the program does not end";
       std::exit(1);
     }
