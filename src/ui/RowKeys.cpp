@@ -99,7 +99,7 @@ void RowKeys::KeepFocus()
     return place.GetPosition() + place.GetSize() / 2;
   };
   // Behind all controls of its frame are the others.
-  const auto far = [&](const Stop& stop) {
+  const auto distance = [&](const Stop& stop) {
     const auto way = middle(*stop.window) - middle(*from->window);
     const bool same_frame = stop.design->frame == from->design->frame &&
                             stop.design->frame_index == from->design->frame_index;
@@ -107,7 +107,7 @@ void RowKeys::KeepFocus()
   };
   const Stop* nearest = nullptr;
   for (const Stop& stop : stops_)
-    if (CanBeReached(*stop.window) && (nearest == nullptr || far(stop) < far(*nearest)))
+    if (CanBeReached(*stop.window) && (nearest == nullptr || distance(stop) < distance(*nearest)))
       nearest = &stop;
   if (nearest != nullptr) nearest->window->SetFocus();
 }
@@ -157,8 +157,8 @@ bool RowKeys::GoToNext(const Stop& from, bool forward)
 {
   const auto count = stops_.size();
   const auto begin = static_cast<std::size_t>(&from - stops_.data());
-  for (std::size_t far = 1; far < count; ++far) {
-    const Stop& next = stops_[(forward ? begin + far : begin + count - far) % count];
+  for (std::size_t steps = 1; steps < count; ++steps) {
+    const Stop& next = stops_[(forward ? begin + steps : begin + count - steps) % count];
     if (!CanBeReached(*next.window) || (next.button != nullptr && next.row == from.row)) continue;
     if (next.button == nullptr && from.button == nullptr) return false;
     const auto first = std::ranges::find_if(stops_, [&](const Stop& stop) {
