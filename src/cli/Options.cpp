@@ -200,6 +200,19 @@ Options FromWords(Command command, Words words)
   return options;
 }
 
+/// The trouble with a call in which no command was found.
+std::string WithoutCommand(std::vector<std::string> left, const EndOfOptions& end)
+{
+  end.GiveBack(left);
+  if (!left.empty()) return left.front() + ": is no command";
+  std::string text = "A command is required: ";
+  for (const auto& design : kCommands) {
+    text += design.name;
+    text += &design == &kCommands.back() ? "" : &design == &kCommands.back() - 1 ? " or " : ", ";
+  }
+  return text;
+}
+
 }  // namespace
 
 std::optional<Answer> ReadOptions(const std::vector<std::string>& words, Options& options)
@@ -220,8 +233,8 @@ std::optional<Answer> ReadOptions(const std::vector<std::string>& words, Options
     if (std::ranges::find(words, design.name) == words.end()) continue;
     AddCommonOptions(*command, read);
     AddOwnOptions(*command, design.command, read);
-    auto* const paths = command->add_option("paths", read.paths, "")->required();
-    paths->option_text(std::string(design.paths) + (design.most == 0 ? "..." : ""));
+    auto* const paths = command->add_option(std::string(design.paths), read.paths, "")->required();
+    paths->option_text(design.most == 0 ? "..." : " ");
     paths->expected(design.fewest,
                     design.most == 0 ? CLI::detail::expected_max_vector_size : design.most);
     command->callback([&options, &read, &end, command = design.command] {
@@ -240,6 +253,9 @@ std::optional<Answer> ReadOptions(const std::vector<std::string>& words, Options
     std::ostringstream wrong;
     const bool is_help = app.exit(error, said, wrong) == 0;
     auto text = is_help ? said.str() : std::string(error.what());
+    const bool lacks_words =
+        error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError);
+    if (lacks_words && app.get_subcommands().empty()) text = WithoutCommand(app.remaining(), end);
     if (is_help && !text.ends_with('\n')) text += '\n';
     return Answer{std::move(text), is_help};
   }

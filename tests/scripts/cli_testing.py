@@ -16,7 +16,7 @@ PROGRAM = [str(Path(sys.argv[1]).resolve())]
 
 
 def run(*words, status=0, directory=None, data=DATA, **how):
-    command = PROGRAM + [str(words[0])] + (['--program-directory', str(data)] if data else [])
+    command = PROGRAM + [str(w) for w in words[:1]] + (['--program-directory', str(data)] if data else [])
     command += [os.fsencode(w) if isinstance(w, Path) else w for w in words[1:]]
     done = subprocess.run(command, capture_output=True, cwd=directory, timeout=120, check=False, **how)
     assert done.returncode == status, (
